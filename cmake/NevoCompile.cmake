@@ -1,0 +1,68 @@
+# Compiler settings that every target of the project shares, and the functions that make a folder a
+# target which sees only the include paths of what it may use.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+find_program(NEVO_CCACHE ccache)
+if(NEVO_CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER ${NEVO_CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${NEVO_CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor -Wshadow=local
+                    -ffunction-sections -fdata-sections -fstack-protector-strong)
+add_link_options(-Wl,--gc-sections -Wl,-z,relro,-z,now)
+add_compile_definitions(BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALL_NO_LIB)
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+endif()
+
+if(NEVO_SANITIZE)
+  add_compile_options(-fsanitize=${NEVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${NEVO_SANITIZE})
+endif()
+
+# nevo_library(NAME DIRS dir... [LINKS lib...] [PRIVATE_LINKS lib...])
+# A static library of all .cpp files that lie directly in the given folders, which are also its public
+# include path.
+function(nevo_library name)
+  cmake_parse_arguments(ARG "" "" "DIRS;LINKS;PRIVATE_LINKS" ${ARGN})
+  set(sources)
+  set(includes)
+  foreach(dir ${ARG_DIRS})
+    file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/*.cpp)
+    list(APPEND sources ${found})
+    list(APPEND includes ${CMAKE_CURRENT_SOURCE_DIR}/${dir})
+  endforeach()
+  if(sources)
+    add_library(${name} STATIC ${sources})
+    target_include_directories(${name} PUBLIC ${includes})
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${includes})
+    target_link_libraries(${name} INTERFACE ${ARG_LINKS})
+  endif()
+endfunction()
+
+# nevo_test(NAME DIR dir LINKS lib...)
+# One GoogleTest program of all .cpp files below DIR; each of its tests is a test of ctest.
+function(nevo_test name)
+  cmake_parse_arguments(ARG "" "DIR" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE NEVO_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                                             NEVO_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  gtest_discover_tests(${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()
