@@ -8,6 +8,7 @@
 #include <type_traits>
 #include <utility>
 
+#include <boost/bind.hpp>
 #include <boost/ref.hpp>
 #include <boost/visit_each.hpp>
 
@@ -251,7 +252,8 @@ public:
     auto *slot = new FunctorSlot<std::decay_t<const F &>, A...>(functor);
     connection result(slot);
     TrackVisitor visitor(*slot);
-    boost::visit_each(visitor, slot->functor(), 0);
+    using boost::visit_each; // bind objects bring their own
+    visit_each(visitor, slot->functor(), 0);
     push(slot, sender);
     return result;
   }
