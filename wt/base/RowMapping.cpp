@@ -58,6 +58,8 @@ void RowMapping::erase(int first, int last)
 
 void RowMapping::sourceInserted(int first, int count)
 {
+  if (count <= 0)
+    return;
   hints_.insert(hints_.begin() + std::min<std::ptrdiff_t>(first, static_cast<std::ptrdiff_t>(hints_.size())),
                 static_cast<std::size_t>(count), -1);
   for (int &row : rows_)
@@ -67,7 +69,10 @@ void RowMapping::sourceInserted(int first, int count)
 
 void RowMapping::sourceRemoved(int first, int count)
 {
-  hints_.erase(hints_.begin() + first, hints_.begin() + first + count);
+  const int known = static_cast<int>(hints_.size());
+  if (count <= 0 || first < 0 || first >= known)
+    return;
+  hints_.erase(hints_.begin() + first, hints_.begin() + std::min(first + count, known));
   for (int &row : rows_)
     if (row >= first)
       row -= count;
