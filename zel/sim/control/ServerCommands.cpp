@@ -103,7 +103,7 @@ Outcome set(World &world, const Words &words)
   return {};
 }
 
-Outcome list(World &world, const Words &words)
+Outcome listRecords(World &world, const Words &words)
 {
   if (!findResource(words[0]))
     return {true, "unknown resource \"" + words[0] + "\""};
@@ -159,7 +159,7 @@ void addServerCommands(Commands &commands, Faults &faults)
                "show a record or one parameter (index 0: the only record)", 2, 3, get);
   commands.add("set", "RESOURCE INDEX PARAMETER VALUE", "write a parameter, read-only ones as well", 4, 4,
                set);
-  commands.add("list", "RESOURCE", "show the indexes of a resource's records", 1, 1, list);
+  commands.add("list", "RESOURCE", "show the indexes of a resource's records", 1, 1, listRecords);
   commands.add("describe", "", "show all resources with types, limits and defaults", 0, 0,
                [](World &, const Words &) {
                  return Outcome{false, describeCatalogue()};
