@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <string>
 
-namespace zelsim {
+namespace zelsim
+{
 
 // The kinds of alert, in the order of the table of kinds.
 enum class AlertKind {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "IconFiles.h"
+#include "data/IconFiles.h"
 
 #include <array>
 #include <cstdint>
@@ -10,9 +10,11 @@
 #include <system_error>
 #include <zlib.h>
 
-namespace zelsim {
+namespace zelsim
+{
 
-namespace {
+namespace
+{
 
 constexpr int side = 24;
 
@@ -23,15 +25,15 @@ struct Rgb {
 const char *const brands[] = {"unknown", "halden", "greyfen"};
 
 const Rgb tints[][4] = {
-  {{46, 94, 140}, {90, 110, 60}, {140, 84, 40}, {96, 72, 128}},
-  {{20, 104, 112}, {52, 96, 150}, {124, 96, 30}, {128, 60, 84}},
-  {{84, 92, 104}, {60, 108, 92}, {132, 80, 64}, {72, 84, 132}},
+    {{46, 94, 140}, {90, 110, 60}, {140, 84, 40}, {96, 72, 128}},
+    {{20, 104, 112}, {52, 96, 150}, {124, 96, 30}, {128, 60, 84}},
+    {{84, 92, 104}, {60, 108, 92}, {132, 80, 64}, {72, 84, 132}},
 };
 
 // Pictograms, eight rows of eight pixels: tower, rack, laptop, screen, camera, disk, globe, console.
 const std::uint64_t pictures[] = {
-  0x7e42427e5a42427eULL, 0xff81ff81ff81ffffULL, 0x007e42427e00ff7eULL, 0xff818181ff18187eULL,
-  0x3cff8199a599ff00ULL, 0x3c42819981c3bd7eULL, 0x3c5a99ffff995a3cULL, 0x00ffd5abffbdff00ULL,
+    0x7e42427e5a42427eULL, 0xff81ff81ff81ffffULL, 0x007e42427e00ff7eULL, 0xff818181ff18187eULL,
+    0x3cff8199a599ff00ULL, 0x3c42819981c3bd7eULL, 0x3c5a99ffff995a3cULL, 0x00ffd5abffbdff00ULL,
 };
 
 const std::uint16_t digits[] = {075557, 026227, 071747, 071717, 055711,
@@ -77,7 +79,7 @@ void putChunk(std::string &out, const char *type, const std::string &data)
   putNumber(out, static_cast<std::uint32_t>(data.size()));
   out += body;
   putNumber(out, static_cast<std::uint32_t>(
-                   crc32(0, reinterpret_cast<const Bytef *>(body.data()), static_cast<uInt>(body.size()))));
+                     crc32(0, reinterpret_cast<const Bytef *>(body.data()), static_cast<uInt>(body.size()))));
 }
 
 std::string deflated(const std::string &raw)

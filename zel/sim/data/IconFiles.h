@@ -4,7 +4,8 @@
 
 #include <string>
 
-namespace zelsim {
+namespace zelsim
+{
 
 // Icons 1 to 16 are the standard ones; from this number on they may be replaced by the user.
 constexpr unsigned firstCustomIcon = 17;

@@ -1,22 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include "MonitorBlock.h"
+#include "data/MonitorBlock.h"
 
-#include "VideoTimings.h"
+#include "data/VideoTimings.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 
-namespace zelsim {
+namespace zelsim
+{
 
-namespace {
+namespace
+{
 
 const MonitorModel models[] = {
-  {"CRV", 0x2410, "CRV 24W", true, 0, 52, 32},   {"NLM", 0x1a27, "NLM Pano 27", true, 1, 60, 34},
-  {"OPX", 0x0519, "OPX 519S", true, 4, 38, 30},  {"VNT", 0x2005, "VNT Desk 20", true, 3, 43, 27},
-  {"OPX", 0x0321, "OPX Wall 21", false, 2, 43, 33}, {"VNT", 0x1501, "VNT Rack 15", false, 6, 30, 23},
-  {"NLM", 0x0116, "NLM Cart 16", true, 5, 34, 19},
+    {"CRV", 0x2410, "CRV 24W", true, 0, 52, 32},      {"NLM", 0x1a27, "NLM Pano 27", true, 1, 60, 34},
+    {"OPX", 0x0519, "OPX 519S", true, 4, 38, 30},     {"VNT", 0x2005, "VNT Desk 20", true, 3, 43, 27},
+    {"OPX", 0x0321, "OPX Wall 21", false, 2, 43, 33}, {"VNT", 0x1501, "VNT Rack 15", false, 6, 30, 23},
+    {"NLM", 0x0116, "NLM Cart 16", true, 5, 34, 19},
 };
 
 constexpr std::size_t halfBlock = 128;
@@ -66,7 +68,8 @@ void putText(unsigned char *out, unsigned char tag, const char *text)
 
 void putRangeLimits(unsigned char *out)
 {
-  const unsigned char limits[] = {0, 0, 0, 0xfd, 0, 50, 76, 30, 83, 17, 0, '\n', ' ', ' ', ' ', ' ', ' ', ' '};
+  const unsigned char limits[] = {0,  0, 0,    0xfd, 0,   50,  76,  30,  83,
+                                  17, 0, '\n', ' ',  ' ', ' ', ' ', ' ', ' '};
   std::copy(std::begin(limits), std::end(limits), out);
 }
 

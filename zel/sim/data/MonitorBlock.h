@@ -7,18 +7,19 @@
 #include <cstdint>
 #include <string>
 
-namespace zelsim {
+namespace zelsim
+{
 
 constexpr std::size_t monitorBlockSize = 256;
 using MonitorBlock = std::array<unsigned char, monitorBlockSize>;
 
 // What distinguishes one simulated monitor from another.
 struct MonitorModel {
-  const char *maker;   // three capital letters
-  unsigned product;    // 16 bits
-  const char *name;    // at most 13 characters
+  const char *maker; // three capital letters
+  unsigned product;  // 16 bits
+  const char *name;  // at most 13 characters
   bool digital;
-  unsigned timing;     // row of videoTimings()
+  unsigned timing; // row of videoTimings()
   unsigned widthCm, heightCm;
 };
 

@@ -4,7 +4,8 @@
 
 #include <cstddef>
 
-namespace zelsim {
+namespace zelsim
+{
 
 // One video mode as a monitor describes it. Widths in pixels, heights in lines, the clock in kHz.
 struct VideoTiming {

@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "SealedBox.h"
+#include "rules/SealedBox.h"
 
 #include <array>
-#include <cstring>
 #include <memory>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <openssl/rand.h>
 
-namespace zelsim {
+namespace zelsim
+{
 
-namespace {
+namespace
+{
 
 const std::string mark = "CZE1";
 constexpr int saltSize = 16, nonceSize = 12, tagSize = 16, keySize = 32;
-constexpr int archiveRounds = 120000;
-// Logins of a simulated switch are many and its passwords are no secrets worth more than this.
-constexpr int loginRounds = 1000;
+constexpr int keyRounds = 120000;
 
 using Bytes = const unsigned char *;
 using Context = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
@@ -32,30 +31,10 @@ unsigned char *roomOf(std::string &text)
   return reinterpret_cast<unsigned char *>(text.data());
 }
 
-bool keyOf(const std::string &password, Bytes salt, int rounds, Key &key)
+bool keyOf(const std::string &password, Bytes salt, Key &key)
 {
-  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, saltSize, rounds,
+  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, saltSize, keyRounds,
                            EVP_sha256(), keySize, key.data()) == 1;
-}
-
-std::string hexOf(Bytes bytes, std::size_t count)
-{
-  static const char digits[] = "0123456789abcdef";
-  std::string text;
-  for (std::size_t i = 0; i < count; ++i) {
-    text += digits[bytes[i] >> 4];
-    text += digits[bytes[i] & 15];
-  }
-  return text;
-}
-
-std::string digestWith(const std::string &password, const std::string &saltHex)
-{
-  // The salt's text serves as salt: 16 of its characters are what the key function takes.
-  Key key;
-  if (saltHex.size() < saltSize || !keyOf(password, bytesOf(saltHex), loginRounds, key))
-    return {};
-  return saltHex + "$" + hexOf(key.data(), key.size());
 }
 
 } // namespace
@@ -64,19 +43,20 @@ std::string sealBox(const std::string &plain, const std::string &password)
 {
   std::string head(saltSize + nonceSize, '\0');
   Key key;
-  if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 ||
-      !keyOf(password, bytesOf(head), archiveRounds, key))
+  if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 || !keyOf(password, bytesOf(head), key))
     return {};
   const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
   std::string sealed(plain.size(), '\0');
   std::string tag(tagSize, '\0');
   int length = 0, rest = 0;
   const bool good =
-    context && EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(head, saltSize)) &&
-    EVP_EncryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
-    EVP_EncryptUpdate(context.get(), roomOf(sealed), &length, bytesOf(plain), static_cast<int>(plain.size())) &&
-    EVP_EncryptFinal_ex(context.get(), roomOf(tag), &rest) &&
-    EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, roomOf(tag));
+      context &&
+      EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(head, saltSize)) &&
+      EVP_EncryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+      EVP_EncryptUpdate(context.get(), roomOf(sealed), &length, bytesOf(plain),
+                        static_cast<int>(plain.size())) &&
+      EVP_EncryptFinal_ex(context.get(), roomOf(tag), &rest) &&
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, roomOf(tag));
   OPENSSL_cleanse(key.data(), key.size());
   return good ? mark + head + tag + sealed : std::string();
 }
@@ -90,7 +70,7 @@ bool openBox(const std::string &box, const std::string &password, std::string &p
 {
   const std::size_t headSize = mark.size() + saltSize + nonceSize + tagSize;
   Key key;
-  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, mark.size()), archiveRounds, key))
+  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, mark.size()), key))
     return false;
   const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
   std::string tag = box.substr(headSize - tagSize, tagSize);
@@ -98,32 +78,18 @@ bool openBox(const std::string &box, const std::string &password, std::string &p
   int length = 0, rest = 0;
   unsigned char end[tagSize];
   const bool good =
-    context &&
-    EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(box, mark.size() + saltSize)) &&
-    EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
-    EVP_DecryptUpdate(context.get(), roomOf(opened), &length, bytesOf(box, headSize),
-                      static_cast<int>(opened.size())) &&
-    EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, tagSize, roomOf(tag)) &&
-    EVP_DecryptFinal_ex(context.get(), end, &rest) > 0;
+      context &&
+      EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(),
+                         bytesOf(box, mark.size() + saltSize)) &&
+      EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+      EVP_DecryptUpdate(context.get(), roomOf(opened), &length, bytesOf(box, headSize),
+                        static_cast<int>(opened.size())) &&
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, tagSize, roomOf(tag)) &&
+      EVP_DecryptFinal_ex(context.get(), end, &rest) > 0;
   OPENSSL_cleanse(key.data(), key.size());
   if (good)
     plain = std::move(opened);
   return good;
-}
-
-std::string passwordDigest(const std::string &password)
-{
-  unsigned char salt[saltSize / 2];
-  if (RAND_bytes(salt, sizeof salt) != 1)
-    return {};
-  return digestWith(password, hexOf(salt, sizeof salt));
-}
-
-bool passwordMatches(const std::string &password, const std::string &digest)
-{
-  const std::string again = digestWith(password, digest.substr(0, saltSize));
-  return !again.empty() && again.size() == digest.size() &&
-         CRYPTO_memcmp(again.data(), digest.data(), again.size()) == 0;
 }
 
 } // namespace zelsim

@@ -4,7 +4,8 @@
 
 #include <string>
 
-namespace zelsim {
+namespace zelsim
+{
 
 // Encrypts bytes under a password with an authenticated cipher. The result begins with a mark, the salt,
 // the nonce and the tag. Empty on failure of the system's random source.
@@ -15,12 +16,6 @@ bool isSealedBox(const std::string &bytes);
 
 // Decrypts what sealBox made. False, with 'plain' untouched, if the password is wrong or a byte changed.
 bool openBox(const std::string &box, const std::string &password, std::string &plain);
-
-// A stored form of a password, with a salt of its own, that does not give the password away.
-std::string passwordDigest(const std::string &password);
-
-// True if the stored form was made of this password. Takes the same time for all passwords.
-bool passwordMatches(const std::string &password, const std::string &digest);
 
 } // namespace zelsim
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "SettingsArchive.h"
+#include "rules/SettingsArchive.h"
 
-#include "SealedBox.h"
+#include "rules/SealedBox.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,9 +9,11 @@
 #include <cstring>
 #include <zlib.h>
 
-namespace zelsim {
+namespace zelsim
+{
 
-namespace {
+namespace
+{
 
 constexpr std::size_t tarBlock = 512;
 constexpr std::size_t unpackLimit = 64u << 20;
@@ -28,7 +30,10 @@ std::string tarOf(const std::string &text)
   std::snprintf(header + 136, 12, "%011o", 0u);
   std::memset(header + 148, ' ', 8);
   header[156] = '0';
-  std::memcpy(header + 257, "ustar\0" "00", 8);
+  std::memcpy(header + 257,
+              "ustar\0"
+              "00",
+              8);
   unsigned sum = 0;
   for (const char c : header)
     sum += static_cast<unsigned char>(c);

@@ -4,7 +4,8 @@
 
 #include <string>
 
-namespace zelsim {
+namespace zelsim
+{
 
 // What became of an archive that was opened.
 enum class ArchiveResult { Good, BadFormat, BadPassword };
