@@ -141,16 +141,4 @@ MonitorBlock monitorBlock(const MonitorModel &model, std::uint32_t serial)
   return block;
 }
 
-std::string hexText(const MonitorBlock &block)
-{
-  static const char digits[] = "0123456789abcdef";
-  std::string text;
-  text.reserve(2 * block.size());
-  for (const unsigned char byte : block) {
-    text += digits[byte >> 4];
-    text += digits[byte & 15];
-  }
-  return text;
-}
-
 } // namespace zelsim

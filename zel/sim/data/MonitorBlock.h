@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
 namespace zelsim
 {
@@ -29,9 +28,6 @@ const MonitorModel *monitorModels(std::size_t &count);
 // The EDID data of one piece of a model: a base block with right checksum and, for digital monitors, an
 // extension block with its own; otherwise the second half is zero.
 MonitorBlock monitorBlock(const MonitorModel &model, std::uint32_t serial);
-
-// The same as text with two lower-case hexadecimal digits for a byte.
-std::string hexText(const MonitorBlock &block);
 
 } // namespace zelsim
 

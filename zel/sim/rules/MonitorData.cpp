@@ -9,7 +9,7 @@ namespace zelsim
 namespace
 {
 
-std::string base64Of(const MonitorBlock &block)
+std::string encoded(const MonitorBlock &block)
 {
   return base64Of(block.data(), block.size());
 }
@@ -30,7 +30,7 @@ unsigned addMonitor(World &world, const std::string &name, const std::string &de
   const unsigned index = world.store.create("edid");
   world.store.setText("edid", index, "name", name);
   world.store.setText("edid", index, "description", description);
-  world.store.setText("edid", index, "data", base64Of(block));
+  world.store.setText("edid", index, "data", encoded(block));
   world.store.setText("edid", index, "isProtected", isProtected ? "is_true" : "is_false");
   return index;
 }
@@ -41,10 +41,10 @@ std::string monitorDataOf(const World &world, const Device &device)
   const MonitorModel *models = monitorModels(count);
   if (device.isTransmitter()) {
     const std::string pushed = deviceText(world, device, "edidData");
-    return pushed.empty() ? base64Of(monitorBlock(models[1], 1)) : pushed;
+    return pushed.empty() ? encoded(monitorBlock(models[1], 1)) : pushed;
   }
   const auto monitor = static_cast<unsigned>(world.store.number("rx", device.index, "monitor"));
-  return monitor ? base64Of(monitorBlock(models[(monitor - 1) % count], 0x20000 + device.index))
+  return monitor ? encoded(monitorBlock(models[(monitor - 1) % count], 0x20000 + device.index))
                  : std::string();
 }
 
