@@ -53,10 +53,10 @@ void setIdentity(World &world, const Device &device, unsigned family, const char
   addCompanions(world, device);
 }
 
-void makeSwitch(World &world, const Plan &plan)
+void makeSwitch(World &world, const Plan &plan, unsigned index)
 {
   Store &store = world.store;
-  const unsigned index = store.create("swx");
+  store.create("swx", index);
   const Device device = {&switches, index};
   setIdentity(world, device, families[2], "CS-2400", switchName(index));
   store.setNumber("swx", index, "portCount", plan.ports);
@@ -80,9 +80,9 @@ void attach(World &world, const Device &device, const Plan &plan)
                         device.isReceiver() ? place : perSwitch + place);
 }
 
-void makeReceiver(World &world, const Plan &plan)
+void makeReceiver(World &world, const Plan &plan, unsigned index)
 {
-  const unsigned index = world.store.create("rx");
+  world.store.create("rx", index);
   const bool first = index % 5 == 0;
   setIdentity(world, {&receivers, index}, families[0], first ? "CR-110" : "CR-216", receiverName(index));
   if (first)
@@ -91,9 +91,9 @@ void makeReceiver(World &world, const Plan &plan)
   attach(world, {&receivers, index}, plan);
 }
 
-void makeTransmitter(World &world, const Plan &plan)
+void makeTransmitter(World &world, const Plan &plan, unsigned index)
 {
-  const unsigned index = world.store.create("tx");
+  world.store.create("tx", index);
   const bool analog = index % 6 == 0;
   setIdentity(world, {&transmitters, index}, families[1], analog ? "CT-105A" : "CT-210D",
               transmitterName(index));
@@ -202,11 +202,11 @@ void makeAccounts(World &world, bool onlyFirst)
 void makeFleet(World &world)
 {
   const Plan plan = planOf(world.settings);
-  for (unsigned i = 0; i < plan.switchCount; ++i)
-    makeSwitch(world, plan);
-  for (unsigned i = 0; i < plan.devices; ++i) {
-    makeReceiver(world, plan);
-    makeTransmitter(world, plan);
+  for (unsigned index = 1; index <= plan.switchCount; ++index)
+    makeSwitch(world, plan, index);
+  for (unsigned index = 1; index <= plan.devices; ++index) {
+    makeReceiver(world, plan, index);
+    makeTransmitter(world, plan, index);
   }
   if (!world.settings.fleet)
     furnishLab(world);
