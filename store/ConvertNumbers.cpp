@@ -43,7 +43,9 @@ void Convert_dateTimeStampToString(long seconds, char *buffer, int size)
     return;
   const time_t time = seconds;
   struct tm local = {};
-  localtime_r(&time, &local);
+  constexpr time_t kEpoch = 0;
+  if (!localtime_r(&time, &local)) // the year does not fit
+    localtime_r(&kEpoch, &local);
   const int month = local.tm_mon > 11 ? 1 : local.tm_mon;
   std::snprintf(buffer, static_cast<std::size_t>(size), "%ld-%d-%d %02d:%02d:%02d", local.tm_year + 1900L,
                 month + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);

@@ -2,6 +2,14 @@
 #include "Db.h"
 #include "DbExchange.h"
 
+namespace
+{
+
+constexpr char kCannotWriteInteger[] = "Cannot write integer value to database.";
+constexpr char kCannotWriteString[] = "Cannot write string value to database.";
+
+} // namespace
+
 unsigned int Db::writeUInt32(const char *resource, unsigned int index, const char *parameter,
                              unsigned int value, Errors &errors)
 {
@@ -15,8 +23,7 @@ unsigned int Db::writeUInt32(const char *resource, unsigned int index, const cha
     ZelReqUtil_setIntegerParam(request.get(), "index", index);
   ZelReqUtil_setIntegerParam(request.get(), parameter, value);
   ZelResponse response;
-  return DbExchange_send("writeUInt32", client, request, "Cannot write integer value to database.", response,
-                         errors);
+  return DbExchange_send("writeUInt32", client, request, kCannotWriteInteger, response, errors);
 }
 
 unsigned int Db::writeString(const char *resource, unsigned int index, const char *parameter,
@@ -30,10 +37,11 @@ unsigned int Db::writeString(const char *resource, unsigned int index, const cha
     return DbExchange_noRequest("writeString");
   if (index != 0)
     ZelReqUtil_setIntegerParam(request.get(), "index", index);
-  ZelReqUtil_setStringParam(request.get(), parameter, value);
+  // A text that is not UTF-8 can't be carried; without it the request would succeed and change nothing.
+  if (ZelReqUtil_setStringParam(request.get(), parameter, value))
+    return DbExchange_noRequest("writeString", kCannotWriteString);
   ZelResponse response;
-  return DbExchange_send("writeString", client, request, "Cannot write string value to database.", response,
-                         errors);
+  return DbExchange_send("writeString", client, request, kCannotWriteString, response, errors);
 }
 
 unsigned int Db::writeString(const char *resource, unsigned int index, const char *parameter,

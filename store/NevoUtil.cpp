@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NevoUtil.h"
 
+#include <Wt/WString>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
@@ -73,6 +74,12 @@ int NevoUtil_validate24x24PngFile(const char *path)
   if (std::fread(start, 1, sizeof start, file.get()) != sizeof start)
     return 1;
   return std::memcmp(start, k24x24PngStart, sizeof start) == 0 ? 0 : 1;
+}
+
+void NevoUtil_concatErrMsgs(Wt::WString &text, const std::vector<std::string> &errors)
+{
+  for (const std::string &message : errors)
+    text += Wt::WString::fromUTF8(" " + message);
 }
 
 std::string NevoUtil_secsToFormattedTimeString(unsigned int seconds)

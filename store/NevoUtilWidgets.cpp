@@ -23,12 +23,6 @@ boost::any sourceData(const Wt::WModelIndex &index, Wt::WStandardItemModel *mode
 
 } // namespace
 
-void NevoUtil_concatErrMsgs(Wt::WString &text, const std::vector<std::string> &errors)
-{
-  for (const std::string &message : errors)
-    text += Wt::WString::fromUTF8(" " + message);
-}
-
 void NevoUtil_indicateChange(Wt::WMenuItem *menuItem, bool changed)
 {
   std::string label = menuItem->text().toUTF8();
