@@ -126,9 +126,10 @@ typedef enum {
   InfoMgr_InfoID_User = 6,
   InfoMgr_InfoID_Rx = 7,
   InfoMgr_InfoID_Tx = 8,
-  InfoMgr_InfoID_UserTarget = 10,  // the targets that users may reach
-  InfoMgr_InfoID_UserSession = 13, // logins at receivers
-  InfoMgr_InfoID_Connection = 17   // KVM sessions
+  InfoMgr_InfoID_UserTarget = 10,   // the targets that users may reach
+  InfoMgr_InfoID_UserSession = 13,  // logins at receivers
+  InfoMgr_InfoID_AdminSession = 14, // logins at this interface
+  InfoMgr_InfoID_Connection = 17    // KVM sessions
 } InfoMgr_InfoID;
 
 #endif

@@ -169,6 +169,12 @@ const Parameter *findMember(const Parameter &parameter, std::string_view member)
 // Whether `words` of a Word row hold `word`.
 bool hasWord(const char *words, std::string_view word);
 
+// The default of a parameter as compact JSON; objects are made of their members' defaults.
+std::string defaultJson(const Parameter &parameter);
+
+// Whether a nested parameter has secret members, at any depth.
+bool hasSecrets(const Parameter &parameter);
+
 // The whole catalogue as text, for `zelsim --describe`.
 std::string describeCatalogue();
 

@@ -32,11 +32,15 @@ class Journal;
 class Store
 {
 public:
-  // Reads what the journal holds. `journal` may be null: nothing is durable then.
+  // `journal` may be null: nothing is durable then. load() comes next, before anything else.
   explicit Store(std::unique_ptr<Journal> journal);
   ~Store();
   Store(const Store &) = delete;
   Store &operator=(const Store &) = delete;
+
+  // Reads what the journal holds and makes the records that are always there. False and `problem` when
+  // the database can't be read.
+  bool load(std::string &problem);
 
   // True if the database held nothing when it was opened: a fleet is to be made.
   bool wasEmpty() const { return wasEmpty_; }
@@ -92,7 +96,10 @@ public:
   const Records &records(const Resource &resource) const;
   // Grows at every change of the resource, and is never the same for other data during a run.
   std::uint64_t revision(const Resource &resource) const;
+  // The present value, which may be the default; null if there is no such record.
   const Value *value(const Resource &resource, unsigned index, int position) const;
+  // The value of a record of records().
+  const Value &value(const Resource &resource, const Record &record, int position) const;
   void set(const Resource &resource, unsigned index, int position, Value value);
 
 private:
@@ -114,11 +121,15 @@ private:
   const Value *find(std::string_view resource, unsigned index, std::string_view parameter,
                     const Parameter **row) const;
   void assign(std::string_view resource, unsigned index, std::string_view parameter, Value value);
-  void count(const Resource &resource);
-  void load();
+  void changed(const Resource &resource, const Parameter *parameter);
+  bool loadRecord(std::string_view resource, unsigned index, std::string_view body);
+  void makeStandingRecords();
+  void take(const Undo &undo);
+  std::string bodyOf(const Resource &resource, const Record &record) const;
 
   std::unique_ptr<Journal> journal_;
-  std::vector<Table> tables_;
+  std::vector<Table> tables_;                // by position in the catalogue
+  std::vector<std::vector<Value>> defaults_; // by position in the catalogue, then of the parameter
   std::vector<Undo> undo_;
   std::vector<unsigned> touched_; // change counters that have moved since the last commit
   bool wasEmpty_ = true;

@@ -58,6 +58,8 @@ private:
   Milliseconds origin_;        // simulated time at started_, jumps included
   Milliseconds standing_ = -1; // the time that stands while an action of the past runs, or -1
   Id lastId_ = 0;
+  Id runningId_ = 0;
+  Id cancelled_ = 0; // the running action, if it cancelled itself
   std::multimap<Milliseconds, Entry> entries_;
 };
 
