@@ -124,9 +124,17 @@ unsigned int Security_logoutUserByUserIndex(unsigned int userIndex, std::vector<
     return DbExchange_noRequest(kFunction);
   ZelReqUtil_setSelect(request.get(), "index");
   ZelReqUtil_setSelect(request.get(), "userIndex");
-  ZelResponse response;
-  if (DbExchange_send(kFunction, client, request, nullptr, response, errors))
+  const ZelResponse response(ZelClient_getResponse(client, request.get()));
+  if (!response)
     return 1;
+  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
+    // The store calls it an error that nobody at all is logged in. Here it means that nothing is to do.
+    std::vector<std::string> reasons;
+    Db_db.interpZelErrors(errorsObject, reasons, true);
+    Db_db.logZelErrors(reasons);
+    errors.insert(errors.end(), reasons.begin(), reasons.end());
+    return reasons.empty() ? 0 : 1;
+  }
   const int rows = ZelRspUtil_numEntries(response.get());
   for (int i = 0; i < rows; ++i) {
     const auto row = static_cast<unsigned int>(i);

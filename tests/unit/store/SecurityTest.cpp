@@ -171,3 +171,22 @@ TEST_F(Security, stopsAtTheFirstReceiverThatFailsToLogAUserOut)
   EXPECT_EQ(store.requests("DELETE").size(), 1U);
   EXPECT_THAT(errors, ElementsAre(shown("Rx not online") + "."));
 }
+
+TEST_F(Security, hasNothingToDoWhereNobodyIsLoggedInAtAnyReceiver)
+{
+  LogCapture log;
+  EXPECT_EQ(Security_logoutUserByUserIndex(3, errors), 0U);
+  EXPECT_THAT(errors, IsEmpty());
+  EXPECT_EQ(log.text(), "");
+}
+
+TEST_F(Security, failsToLogAUserOutWhereTheLoginsCannotBeRead)
+{
+  LogCapture log;
+  store.fail("GET", "userSession", R"([{"errno": 1105}])");
+  EXPECT_EQ(Security_logoutUserByUserIndex(3, errors), 1U);
+  EXPECT_THAT(errors, ElementsAre(shown("User does not have the required authorization") + "."));
+  EXPECT_EQ(log.text(), "1 logZelErrors: " + errors[0] + "\n");
+  store.hangUp("GET", "userSession");
+  EXPECT_EQ(Security_logoutUserByUserIndex(3, errors), 1U);
+}
