@@ -251,6 +251,9 @@ constexpr Parameter resetRow =
 constexpr Parameter returnsAtRow = integer("returnsAt", 0, anyNumber)
                                        .with(kReadOnly | kUncounted)
                                        .that("when the device takes its next step of a reset; 0 is no reset");
+constexpr Parameter pendingResetRow = word("pendingReset", resetWords, "none")
+                                        .with(kReadOnly | kUncounted)
+                                        .that("what the reset under way restores when it ends");
 constexpr Parameter attachedSwxRow = integer("attachedSwx", 0, anyNumber).with(kReadOnly);
 constexpr Parameter attachedPortRow = integer("attachedPort", 0, 65535).with(kReadOnly);
 constexpr Parameter monitorRow = integer("monitor", 0, anyNumber)
@@ -275,6 +278,7 @@ constexpr Parameter rxRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
+  pendingResetRow,
     attachedSwxRow,
     attachedPortRow,
     monitorRow,
@@ -318,6 +322,7 @@ constexpr Parameter txRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
+  pendingResetRow,
     attachedSwxRow,
     attachedPortRow,
     enableDisable("audioControl", "enabled"),
@@ -352,6 +357,7 @@ constexpr Parameter swxRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
+  pendingResetRow,
     integer("portCount", 0, 65535).with(kReadOnly),
     integer("currentSysTime", 0, anyNumber).with(kComputed | kReadOnly).that("seconds since 1970"),
     object("network", networkRows).byDefault(networkStandard),
