@@ -216,8 +216,7 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
     return;
   if (!gap && Engine::ItemStyle::placed(place.alignment)) {
     Engine::ItemStyle::clear(*element);
-    Dom::Element &cell = elements().get(document, place.item->widget() ? place.item.get() : &place.item,
-                                        Engine::LayoutElements::Cell);
+    Dom::Element &cell = elements().get(document, place.item.get(), Engine::LayoutElements::Place);
     cell.set("class", "Wt-cell");
     Engine::ItemStyle::place(cell, place.alignment);
     cell.setChildren({element});

@@ -8,6 +8,7 @@
 #include "layout/LayoutElements.h"
 #include "session/WidgetAccess.h"
 
+#include <algorithm>
 #include <string>
 
 namespace Wt {
@@ -18,8 +19,8 @@ WLayout::WLayout() : elements_(new Engine::LayoutElements()) {}
 
 WLayout::~WLayout()
 {
-  if (container_ && !parentLayout_ && container_->layout() == this)
-    container_->forgetLayout();
+  if (container_ && container_->layout_ == this)
+    container_->layout_ = nullptr;
 }
 
 void WLayout::addWidget(WWidget *widget)
@@ -150,7 +151,7 @@ Dom::Element *WLayout::itemElement(WLayoutItem *item, Dom::Document &document)
 {
   if (WWidget *widget = item->widget())
     return Engine::WidgetAccess::render(widget, document);
-  Dom::Element &box = elements_->get(document, item, Engine::LayoutElements::Cell);
+  Dom::Element &box = elements_->get(document, item, Engine::LayoutElements::Box);
   if (WLayout *nested = item->layout())
     nested->renderInto(box);
   return &box;

@@ -46,7 +46,7 @@ class Page;
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
-class WWebWidget : public WWidget, private Dom::Owner
+class WWebWidget : public WWidget, protected Dom::Owner
 {
 public:
   explicit WWebWidget(WContainerWidget *parent = nullptr);

@@ -22,7 +22,7 @@ Dom::Element &LayoutElements::get(Dom::Document &document, const void *item, Rol
 
 void LayoutElements::forget(const void *item)
 {
-  for (const Role role : {Cell, Handle, Gap}) {
+  for (const Role role : {Box, Place, Handle, Gap}) {
     const auto found = elements_.find(Key{item, role});
     if (found != elements_.end())
       found->second->document().destroy(found->second);

@@ -19,10 +19,15 @@ namespace Engine {
 
 /// The elements that a layout has on the page beside those of its widgets: cells, nested boxes, gaps and handles.
 /// Each belongs to an item and has a role; it is made when first asked for.
-class LayoutElements : private Dom::Owner
+class LayoutElements final : private Dom::Owner
 {
 public:
-  enum Role { Cell, Handle, Gap };
+  enum Role {
+    Box,   ///< a nested layout's element
+    Place, ///< around an item that is placed in its cell
+    Handle,
+    Gap
+  };
 
   ~LayoutElements();
 
