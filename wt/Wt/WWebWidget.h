@@ -169,6 +169,7 @@ private:
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
   void domValue(Dom::Element &at, const std::string &value) final;
+  WWebWidget *ownerWidget() noexcept final { return this; }
 
   Rare &rare();
   Box &box();
