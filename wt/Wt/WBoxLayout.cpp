@@ -81,11 +81,6 @@ void WBoxLayout::clear()
   }
 }
 
-void WBoxLayout::dropItems()
-{
-  places_.clear();
-}
-
 void WBoxLayout::setDirection(Direction direction)
 {
   direction_ = direction;
@@ -189,9 +184,8 @@ bool WBoxLayout::isResizable(int index) const
   return places_[index].resizable;
 }
 
-void WBoxLayout::renderInto(Dom::Element &e)
+void WBoxLayout::renderItems(Dom::Element &e)
 {
-  e.set("*display", "flex");
   e.setIf(direction_ != LeftToRight, "*flex-direction", directionNames[direction_]);
   e.setIf(spacing_ > 0, "*gap", std::to_string(spacing_) + "px");
   const bool anyStretch =

@@ -50,7 +50,8 @@ public:
   bool isResizable(int index) const;
 
 protected:
-  void renderInto(Dom::Element &e) override;
+  const char *displayStyle() const override { return "flex"; }
+  void renderItems(Dom::Element &e) override;
 
 private:
   struct Place;
@@ -62,7 +63,6 @@ private:
   void renderPlace(const Place &place, bool anyStretch, Dom::Document &document,
                    std::vector<Dom::Element *> &children);
   void renderHandle(const Place &place, Dom::Document &document, std::vector<Dom::Element *> &children);
-  void dropItems() override;
 
   std::vector<Place> places_;
   Direction direction_;

@@ -98,11 +98,6 @@ void WGridLayout::clear()
   columns_.clear();
 }
 
-void WGridLayout::dropItems()
-{
-  places_.clear();
-}
-
 void WGridLayout::addWidget(WWidget *widget, int row, int column, WFlags<AlignmentFlag> alignment)
 {
   addItem(new WWidgetItem(widget), row, column, 1, 1, alignment);
@@ -201,9 +196,8 @@ std::string WGridLayout::tracksText(const std::vector<Track> &tracks, bool rows)
   return text;
 }
 
-void WGridLayout::renderInto(Dom::Element &e)
+void WGridLayout::renderItems(Dom::Element &e)
 {
-  e.set("*display", "grid");
   e.set("*grid-template-rows", tracksText(rows_, true));
   e.set("*grid-template-columns", tracksText(columns_, false));
   e.set("*gap", std::to_string(verticalSpacing_) + "px " + std::to_string(horizontalSpacing_) + "px");

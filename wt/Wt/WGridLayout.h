@@ -52,7 +52,8 @@ public:
   bool columnIsResizable(int column) const;
 
 protected:
-  void renderInto(Dom::Element &e) override;
+  const char *displayStyle() const override { return "grid"; }
+  void renderItems(Dom::Element &e) override;
 
 private:
   struct Place;
@@ -67,7 +68,6 @@ private:
   void renderPlace(const Place &place, Dom::Document &document, std::vector<Dom::Element *> &children);
   void renderHandles(const std::vector<Track> &tracks, bool rows, Dom::Document &document,
                      std::vector<Dom::Element *> &children);
-  void dropItems() override;
 
   std::vector<Place> places_;
   std::vector<Track> rows_;

@@ -19,8 +19,8 @@ WLayout::WLayout() : elements_(new Engine::LayoutElements()) {}
 
 WLayout::~WLayout()
 {
-  if (container_ && container_->layout_ == this)
-    container_->layout_ = nullptr;
+  if (container_ && container_->layout() == this)
+    container_->layoutGone();
 }
 
 void WLayout::addWidget(WWidget *widget)
@@ -137,14 +137,14 @@ void WLayout::repaint()
     Engine::WidgetAccess::repaint(container_);
 }
 
-void WLayout::renderContainer(Dom::Element &e)
+void WLayout::renderInto(Dom::Element &e)
 {
   std::string padding;
   for (const int side : {1, 2, 3, 0}) // top, right, bottom, left
     padding += (padding.empty() ? "" : " ") + std::to_string(margins_[side]) + "px";
   const bool none = !margins_[0] && !margins_[1] && !margins_[2] && !margins_[3];
   e.setIf(!none, "*padding", padding);
-  renderInto(e);
+  renderItems(e);
 }
 
 Dom::Element *WLayout::itemElement(WLayoutItem *item, Dom::Document &document)
@@ -152,8 +152,10 @@ Dom::Element *WLayout::itemElement(WLayoutItem *item, Dom::Document &document)
   if (WWidget *widget = item->widget())
     return Engine::WidgetAccess::render(widget, document);
   Dom::Element &box = elements_->get(document, item, Engine::LayoutElements::Box);
-  if (WLayout *nested = item->layout())
-    nested->renderInto(box);
+  if (WLayout *nested = item->layout()) {
+    box.set("*display", nested->displayStyle());
+    nested->renderItems(box);
+  }
   return &box;
 }
 

@@ -74,8 +74,10 @@ protected:
   /// Something that shows has changed.
   void repaint();
 
-  /// Sets the layout's own settings on the managed element and puts its items in place there.
-  virtual void renderInto(Dom::Element &e) = 0;
+  /// The managed element's *display, a literal.
+  virtual const char *displayStyle() const = 0;
+  /// Sets the layout's own settings on the managed element, but *display, and puts its items in place there.
+  virtual void renderItems(Dom::Element &e) = 0;
 
   /// The element of an item's widget or layout; null for a hidden widget that was never shown.
   Dom::Element *itemElement(WLayoutItem *item, Dom::Document &document);
@@ -86,14 +88,16 @@ protected:
 private:
   friend class WContainerWidget;
 
+  // For the container
+
+  /// This has become the layout of `container`, whose children its widgets become.
   void setContainer(WContainerWidget *container);
-  void adopt(WLayoutItem *item);
   /// A widget has left the container: its item goes with it.
   void widgetGone(WWidget *widget);
-  /// For the container: renders the layout with its margins.
-  void renderContainer(Dom::Element &e);
-  /// Deletes the items, not the widgets, which the container deletes itself.
-  virtual void dropItems() = 0;
+  /// Fills the container's element, with the margins.
+  void renderInto(Dom::Element &e);
+
+  void adopt(WLayoutItem *item);
 
   std::unique_ptr<Engine::LayoutElements> elements_;
   WContainerWidget *container_ = nullptr;
