@@ -26,19 +26,12 @@ const char failureMessage[] = "{\"quit\":{\"text\":\"An internal error has ended
 
 thread_local Session *currentSession = nullptr;
 
-__attribute__((noinline)) Session *exchangeCurrent(Session *session)
-{
-  Session *former = currentSession;
-  currentSession = session;
-  return former;
-}
-
 /// Makes a session the thread's current one for a while.
 class CurrentScope
 {
 public:
-  explicit CurrentScope(Session *session) : former_(exchangeCurrent(session)) {}
-  ~CurrentScope() { exchangeCurrent(former_); }
+  explicit CurrentScope(Session *session) : former_(Session::makeCurrent(session)) {}
+  ~CurrentScope() { Session::makeCurrent(former_); }
   CurrentScope(const CurrentScope &) = delete;
   CurrentScope &operator=(const CurrentScope &) = delete;
 
@@ -103,6 +96,13 @@ Session::~Session() = default;
 __attribute__((noinline)) Session *Session::current() noexcept
 {
   return currentSession;
+}
+
+__attribute__((noinline)) Session *Session::makeCurrent(Session *session) noexcept
+{
+  Session *former = currentSession;
+  currentSession = session;
+  return former;
 }
 
 // --- The queue -------------------------------------------------------------------------------------------------
@@ -686,6 +686,8 @@ void Session::flush()
 {
   if (!channel_.connected() || !application_)
     return;
+  if (!themeSent_)
+    sendTheme();
   page_.render();
   if (redirecting_ && !quitting_) {
     std::string url;
@@ -696,6 +698,24 @@ void Session::flush()
   channel_.send(page_.takeUpdate(channel_.nextUpdate()));
   if (channel_.unacknowledgedBytes() > config_.maxUnacknowledgedBytes)
     violation("it acknowledges nothing");
+}
+
+void Session::sendTheme()
+{
+  themeSent_ = true;
+  const std::string theme = application_.load()->cssTheme();
+  if (!theme.empty())
+    page_.addStyleSheet("resources/themes/" + theme + "/wt.css");
+}
+
+void Session::push()
+{
+  {
+    const std::lock_guard<std::mutex> held(mutex_);
+    if (holder_ != Holder::Lock || holderThread_ != std::this_thread::get_id())
+      return;
+  }
+  flush();
 }
 
 void Session::endIfQuitting()
@@ -753,12 +773,12 @@ void Session::enterTest()
   const std::lock_guard<std::mutex> held(mutex_);
   holder_ = Holder::Worker;
   holderThread_ = std::this_thread::get_id();
-  exchangeCurrent(this);
+  makeCurrent(this);
 }
 
 void Session::leaveTest()
 {
-  exchangeCurrent(nullptr);
+  makeCurrent(nullptr);
   timers_.clear();
   const std::lock_guard<std::mutex> held(mutex_);
   killed_ = dead_ = true;

@@ -56,6 +56,8 @@ public:
 
   /// The session that this thread works for, or null. Not inlined: the thread may change between two calls.
   static Session *current() noexcept;
+  /// Makes a session this thread's current one, and tells the former one.
+  static Session *makeCurrent(Session *session) noexcept;
 
   const std::string &publicId() const { return origin_.publicId; }
   const std::string &token() const { return origin_.token; }
@@ -98,8 +100,8 @@ public:
   void processEvents();
   /// Delivers the current event: what WApplication::notify does at last.
   void deliver(const WEvent &event);
-  /// Sends what has changed.
-  void flush();
+  /// Sends what has changed, unless that will happen anyway at the end of the event that is being handled.
+  void push();
 
   TimerSet &timers() { return timers_; }
 
@@ -169,6 +171,8 @@ private:
   void dispatchEvent(const ClientMessage::Event &event);
   void applyValues(const ClientMessage &message);
   void dispatchDom(const ClientMessage::Event &event);
+  void flush();
+  void sendTheme();
   void endIfQuitting();
   const Resource *resource(const std::string &id, const std::string &rand) const;
 
@@ -207,6 +211,7 @@ private:
   bool redirecting_ = false;
   bool quitting_ = false;
   bool initialized_ = false;
+  bool themeSent_ = false;
 };
 
 } // namespace Engine
