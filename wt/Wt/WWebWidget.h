@@ -46,7 +46,7 @@ class Page;
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
-class WWebWidget : public WWidget, private Dom::Owner
+class WWebWidget : public WWidget, protected Dom::Owner
 {
 public:
   explicit WWebWidget(WContainerWidget *parent = nullptr);
@@ -169,6 +169,7 @@ private:
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
   void domValue(Dom::Element &at, const std::string &value) final;
+  WWebWidget *ownerWidget() noexcept final { return this; }
 
   Rare &rare();
   Box &box();
