@@ -2,38 +2,17 @@
 #ifndef WT_DOM_ELEMENT_H_
 #define WT_DOM_ELEMENT_H_
 
+#include "dom/Owner.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Wt {
-
-namespace Engine {
-struct RawEvent;
-}
-
 namespace Dom {
 
 class Document;
-class Element;
-
-/// What an element stands for: it hears what the browser reports of the element.
-class Owner
-{
-public:
-  /// The browser reports an event on `at`, which the owner listens to.
-  virtual void domEvent(Element &at, const Engine::RawEvent &event) = 0;
-
-  /// The browser reports what the form element `at` now holds. The element already knows it.
-  virtual void domValue(Element &at, const std::string &value) = 0;
-
-  /// `gone` is being destroyed; the owner must forget it.
-  virtual void domGone(Element &gone) noexcept = 0;
-
-protected:
-  ~Owner() = default;
-};
 
 /**
  * The server's mirror of one element of the page: always what the browser was told, or is about to be.
