@@ -22,6 +22,7 @@ class WContainerWidget;
 
 namespace Engine {
 class Session;
+struct WidgetAccess;
 }
 
 typedef boost::function<WApplication *(const WEnvironment &)> ApplicationCreator;

@@ -12,6 +12,7 @@ struct RawEvent;
 
 namespace Dom {
 
+class Document;
 class Element;
 
 /// What an element stands for: it hears what the browser reports of the element.
