@@ -8,7 +8,7 @@ namespace Wt {
 namespace {
 
 /// What ".checked" of the browser's input is called in each state.
-const char *const BrowserStates[] = {"false", "partial", "true"};
+const char *const BrowserStates[] = {"0", "-", "1"};
 const char *const ValueTexts[] = {"no", "maybe", "yes"};
 
 } // namespace
@@ -107,12 +107,6 @@ void WAbstractToggleButton::renderInput(Dom::Element &input)
   input.set("type", inputType());
   if (state_ != Unchecked || input.get(".checked"))
     showValue(input, ".checked", BrowserStates[state_]);
-}
-
-const char *WAbstractToggleButton::listenerFlags(const char *eventName) const
-{
-  // A click on a label comes a second time, as one on its input; only that one counts.
-  return text_.empty() ? WFormWidget::listenerFlags(eventName) : "i";
 }
 
 void WAbstractToggleButton::formValue(Dom::Element &at, const std::string &value)

@@ -47,7 +47,6 @@ protected:
   virtual void renderInput(Dom::Element &input);
   Dom::Element *fieldElement() const override { return inputElement(); }
   Dom::Element *focusElement() const override { return inputElement(); }
-  const char *listenerFlags(const char *eventName) const override;
   void formValue(Dom::Element &at, const std::string &value) override;
   void domGone(Dom::Element &gone) noexcept override;
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <functional>
 
 namespace Wt {
 
@@ -298,8 +299,8 @@ void WComboBox::renderContents(Dom::Element &e)
   e.setChildren(options);
   // A browser chooses the first option by itself, and its choice stays with the place in the list: options come
   // and go at the end.
-  if ((currentIndex_ != 0 && wanted != 0) || e.get(".selectedIndex"))
-    showValue(e, ".selectedIndex", std::to_string(currentIndex_));
+  if ((currentIndex_ != 0 && wanted != 0) || e.get(".value"))
+    showValue(e, ".value", std::to_string(currentIndex_));
 }
 
 void WComboBox::formValue(Dom::Element &at, const std::string &value)
@@ -311,7 +312,7 @@ void WComboBox::formValue(Dom::Element &at, const std::string &value)
       (index == -1 && !noSelectionEnabled_))
     return;
   currentIndex_ = index;
-  acceptValue(at, ".selectedIndex", value);
+  acceptValue(at, ".value", value);
 }
 
 void WComboBox::domGone(Dom::Element &gone) noexcept

@@ -98,10 +98,11 @@ WContainerWidget *makePart(const char *styleClass, WContainerWidget *parent)
 
 } // namespace
 
+/// Its sign is the style sheet's.
 class WDialog::CloseIcon : public WText
 {
 public:
-  explicit CloseIcon(WContainerWidget *parent) : WText(WString::fromUTF8("\u00d7"), PlainText, parent)
+  explicit CloseIcon(WContainerWidget *parent) : WText(parent)
   {
     addStyleClass("closeicon");
     setAttributeValue("aria-label", "Close");

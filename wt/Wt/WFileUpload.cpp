@@ -13,6 +13,7 @@
 
 #include <charconv>
 #include <cstdio>
+#include <functional>
 #include <mutex>
 
 namespace Wt {
@@ -288,7 +289,7 @@ void WFileUpload::renderContents(Dom::Element &e)
     if (Dom::Element *bar = elementOf(progressBar_, e.document()))
       parts.push_back(bar);
   e.setChildren(parts);
-  if (beginWanted_) {
+  if (beginWanted_ && e.attached()) {
     beginWanted_ = false;
     begin();
   }

@@ -109,6 +109,7 @@ void WLineEdit::formValue(Dom::Element &at, const std::string &value)
 {
   content_ = WString::fromUTF8(value);
   acceptValue(at, ".value", value);
+  revalidate();
 }
 
 } // namespace Wt

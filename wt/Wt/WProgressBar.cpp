@@ -7,7 +7,7 @@
 #include <cctype>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
+#include <functional>
 
 namespace Wt {
 

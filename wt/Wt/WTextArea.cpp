@@ -105,6 +105,7 @@ void WTextArea::formValue(Dom::Element &at, const std::string &value)
   text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
   content_ = WString::fromUTF8(text);
   acceptValue(at, ".value", text);
+  revalidate();
 }
 
 } // namespace Wt

@@ -4,10 +4,23 @@
 #include <Wt/WResource>
 
 #include <cctype>
+#include <functional>
 #include <utility>
 
 namespace Wt {
 namespace Engine {
+
+namespace {
+
+bool isInlineImage(const std::string &url)
+{
+  for (const char *type : {"png;", "gif;", "jpeg;", "webp;"})
+    if (url.rfind(std::string("data:image/") + type, 0) == 0)
+      return true;
+  return false;
+}
+
+} // namespace
 
 bool isHarmlessUrl(const std::string &url, bool imageSource)
 {
@@ -18,7 +31,8 @@ bool isHarmlessUrl(const std::string &url, bool imageSource)
     if (u <= ' ')
       continue;
     if (c == ':')
-      return scheme != "javascript" && scheme != "vbscript" && (imageSource || scheme != "data");
+      return scheme != "javascript" && scheme != "vbscript" &&
+             (scheme != "data" || (imageSource && isInlineImage(url)));
     if (c == '/' || c == '?' || c == '#')
       return true;
     scheme += static_cast<char>(std::tolower(u));
