@@ -504,7 +504,7 @@ formSheet.replaceSync(`@layer wt{
 .titlebar h4{margin:0}
 .movable>.titlebar{cursor:move}
 .closeicon{float:right;cursor:pointer}
-.closeicon::before{content:"\00d7"}
+.closeicon::before{content:"×"}
 input.Wt-invalid,textarea.Wt-invalid,select.Wt-invalid{outline:2px solid #b00020}
 .Wt-progressbar[hidden]{display:none}
 }`);
