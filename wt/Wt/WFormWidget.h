@@ -51,10 +51,13 @@ public:
 
 protected:
   void render(Dom::Element &e) override;
+  void finishRender(Dom::Element &e) override;
   void addOwnClasses(std::string &classes) const override;
+  const WString *toolTipOverride() const override;
   void propagateSetEnabled(bool enabled) override;
-  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go; by default the
-  /// widget's element.
+  void domValue(Dom::Element &at, const std::string &value) override;
+  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go, at the end of the
+  /// rendering; by default the widget's element.
   virtual Dom::Element *fieldElement() const { return element_; }
 
   /// Sets what the browser's field holds. `key` is ".value", ".checked" or the like.
@@ -70,10 +73,14 @@ private:
   struct Rare;
 
   Rare &formRare();
+  WValidator::Result judge();
+  void validatorChanged();
+  void validatorGone();
   std::string validatorConfiguration() const;
 
   std::unique_ptr<Rare> formRare_;
   bool readOnly_ = false;
+  bool unjudged_ = false; ///< has a validator that was not asked yet
 };
 
 } // namespace Wt

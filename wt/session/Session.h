@@ -64,6 +64,9 @@ public:
   const std::string &deploymentPath() const { return origin_.entryPoint.path; }
   const SessionConfig &config() const { return config_; }
 
+  /// Answers a request that no resource takes.
+  static void refuse(const std::vector<SpooledFile> &files, ResourceResponse &response);
+
   // From any thread
 
   /// The page said hello on this connection.
@@ -127,7 +130,7 @@ private:
     std::string text;
     std::shared_ptr<Transport> transport;
     std::function<void()> call;
-    std::shared_ptr<Request> request;
+    std::shared_ptr<ResourceRequest> request;
     ClientMessage hello;
   };
   struct Resource {
@@ -135,7 +138,7 @@ private:
     std::string rand;
   };
   struct Environment;
-  struct Request; ///< one for a resource, until it is answered
+  struct ResourceRequest; ///< until it is answered
   enum class Holder { Nobody, Worker, Lock };
 
   // The queue
