@@ -7,16 +7,21 @@ namespace Wt {
 class WLayout;
 class WWidget;
 
-/// What a layout holds: a widget or another layout.
+/// One place of a layout: holds a widget or a layout of its own.
 class WLayoutItem
 {
 public:
+  WLayoutItem() = default;
+  WLayoutItem(const WLayoutItem &) = delete;
+  WLayoutItem &operator=(const WLayoutItem &) = delete;
   virtual ~WLayoutItem();
 
-  /// Null for a layout.
-  virtual WWidget *widget() { return nullptr; }
-  /// Null for a widget.
-  virtual WLayout *layout() { return nullptr; }
+  /// The item of the widget in this item or below it, or null.
+  virtual WLayoutItem *findWidgetItem(WWidget *widget) = 0;
+  /// The item's layout, or null if it holds a widget.
+  virtual WLayout *layout() = 0;
+  /// The item's widget, or null if it holds a layout.
+  virtual WWidget *widget() = 0;
 };
 
 } // namespace Wt

@@ -46,7 +46,7 @@ class Page;
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
-class WWebWidget : public WWidget, private Dom::Owner
+class WWebWidget : public WWidget, protected Dom::Owner
 {
 public:
   explicit WWebWidget(WContainerWidget *parent = nullptr);
@@ -174,6 +174,7 @@ private:
   struct Rare;
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
+  WWebWidget *ownerWidget() noexcept final { return this; }
 
   Rare &rare();
   Box &box();

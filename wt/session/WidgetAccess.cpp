@@ -33,7 +33,7 @@ WWebWidget *WidgetAccess::webWidget(const WWidget *widget)
 
 WWebWidget *WidgetAccess::ownerOf(const Dom::Element *element)
 {
-  return element->owner() ? static_cast<WWebWidget *>(element->owner()) : nullptr;
+  return element->owner() ? element->owner()->ownerWidget() : nullptr;
 }
 
 void WidgetAccess::layoutSizeChanged(WWidget *widget, int width, int height)
