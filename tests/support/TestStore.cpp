@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "TestStore.h"
+
+#include "control/Channel.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace
+{
+
+constexpr int kStartTimeoutMs = 60 * 1000;
+
+[[noreturn]] void giveUp(const char *why)
+{
+  std::fprintf(stderr, "TestStore: %s\n", why);
+  std::abort();
+}
+
+std::string makeDirectory()
+{
+  const char *base = std::getenv("TMPDIR");
+  std::string name = std::string(base && *base ? base : "/tmp") + "/nevo-store-XXXXXX";
+  if (!::mkdtemp(&name[0]))
+    giveUp("cannot make a directory");
+  return name;
+}
+
+// Reads from `fd` until the store says that it is ready.
+bool waitUntilReady(int fd)
+{
+  std::string said;
+  char bytes[64];
+  for (;;) {
+    pollfd waiting{fd, POLLIN, 0};
+    int ready = ::poll(&waiting, 1, kStartTimeoutMs);
+    if (ready < 0 && errno == EINTR)
+      continue;
+    ssize_t got = ready > 0 ? ::read(fd, bytes, sizeof bytes) : 0;
+    if (got <= 0)
+      return false;
+    said.append(bytes, static_cast<std::size_t>(got));
+    if (said.find("ready\n") != std::string::npos)
+      return true;
+  }
+}
+
+} // namespace
+
+TestStore::TestStore() : TestStore(Options{}) {}
+
+TestStore::TestStore(Options options) : options_(std::move(options)), directory_(makeDirectory())
+{
+  if (const char *before = std::getenv("NEVO_STORE_SOCKET"))
+    socketBefore_ = before;
+  std::filesystem::create_directory(settingsDirectory());
+  std::filesystem::create_directory(iconDirectory());
+  start();
+}
+
+TestStore::~TestStore()
+{
+  kill();
+  if (socketBefore_.empty())
+    ::unsetenv("NEVO_STORE_SOCKET");
+  else
+    ::setenv("NEVO_STORE_SOCKET", socketBefore_.c_str(), 1);
+  std::error_code ignored;
+  std::filesystem::remove_all(directory_, ignored);
+}
+
+void TestStore::start()
+{
+  std::vector<std::string> words = {NEVO_ZELSIM,
+                                    "--socket",
+                                    socket(),
+                                    "--database",
+                                    database(),
+                                    "--settings",
+                                    settingsDirectory(),
+                                    "--icons",
+                                    iconDirectory(),
+                                    "--fleet",
+                                    std::to_string(options_.fleet),
+                                    "--seed",
+                                    std::to_string(options_.seed),
+                                    "--liveliness",
+                                    std::to_string(options_.liveliness),
+                                    "--password-rounds",
+                                    "1000"};
+  words.insert(words.end(), options_.more.begin(), options_.more.end());
+  std::vector<char *> arguments;
+  for (std::string &word : words)
+    arguments.push_back(&word[0]);
+  arguments.push_back(nullptr);
+
+  int said[2];
+  if (::pipe2(said, O_CLOEXEC) != 0)
+    giveUp("cannot make a pipe");
+  pid_ = ::fork();
+  if (pid_ < 0)
+    giveUp("cannot fork");
+  if (pid_ == 0) {
+    // Whatever becomes of the test program, no store stays behind.
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::dup2(said[1], STDOUT_FILENO);
+    ::execv(arguments[0], arguments.data());
+    ::_exit(127);
+  }
+  ::close(said[1]);
+  bool ready = waitUntilReady(said[0]);
+  ::close(said[0]);
+  if (!ready)
+    giveUp("the store does not start");
+  ::setenv("NEVO_STORE_SOCKET", socket().c_str(), 1);
+}
+
+TestStore::Outcome TestStore::control(const std::vector<std::string> &words) const
+{
+  zelsim::Outcome outcome;
+  if (!zelsim::sendCommand(socket() + ".control", words, outcome))
+    return {true, "no store answers"};
+  return {outcome.failed, outcome.text};
+}
+
+std::string TestStore::get(const std::string &resource, unsigned index, const std::string &parameter) const
+{
+  Outcome outcome = control({"get", resource, std::to_string(index), parameter});
+  if (!outcome.text.empty() && outcome.text.back() == '\n')
+    outcome.text.pop_back();
+  return outcome.text;
+}
+
+bool TestStore::set(const std::string &resource, unsigned index, const std::string &parameter,
+                    const std::string &value) const
+{
+  return !control({"set", resource, std::to_string(index), parameter, value}).failed;
+}
+
+void TestStore::kill()
+{
+  if (pid_ > 0)
+    ::kill(pid_, SIGKILL);
+  wait();
+}
+
+int TestStore::wait()
+{
+  int status = 0;
+  pid_t ended = pid_ > 0 ? ::waitpid(pid_, &status, 0) : -1;
+  pid_ = -1;
+  return ended > 0 && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void TestStore::restart()
+{
+  kill();
+  start();
+}

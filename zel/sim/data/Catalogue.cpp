@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "data/Catalogue.h"
+
+#include "data/JsonText.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace zelsim
+{
+
+namespace
+{
+
+void describeParameter(std::string &out, const Parameter &row, int indent);
+
+void describeMembers(std::string &out, const Parameter *rows, std::size_t count, int indent)
+{
+  for (std::size_t i = 0; i < count; ++i)
+    describeParameter(out, rows[i], indent);
+}
+
+std::string limitsOf(const Parameter &row)
+{
+  std::string range = std::to_string(row.min) + " to " + std::to_string(row.max);
+  switch (row.type) {
+  case Type::Text:
+    return "text, " + range + " characters";
+  case Type::Integer:
+    return "integer, " + range;
+  case Type::Boolean:
+    return "boolean";
+  case Type::Word:
+    return std::string("word: ") + row.words;
+  case Type::Object:
+    return "object";
+  case Type::List:
+    return "list, at most " + std::to_string(row.max) + " entries";
+  case Type::Binary:
+    return "binary, " + range + " bytes";
+  }
+  return {};
+}
+
+struct FlagName {
+  Flag flag;
+  const char *name;
+};
+
+constexpr FlagName flagNames[] = {{kReadOnly, "read only"},
+                                  {kUnique, "unique"},
+                                  {kSecret, "write only, kept as a hash"},
+                                  {kVolatile, "not kept over a restart"},
+                                  {kRequired, "required by CREATE"},
+                                  {kLookup, "finds the record"},
+                                  {kCommand, "command"},
+                                  {kComputed, "computed"},
+                                  {kAlways, "in every answer"},
+                                  {kUncounted, "moves no change counter"},
+                                  {kFixed, "set by CREATE only"}};
+
+void describeParameter(std::string &out, const Parameter &row, int indent)
+{
+  out.append(static_cast<std::size_t>(indent), ' ');
+  out += row.name;
+  out += ": " + limitsOf(row);
+  bool nested = row.type == Type::Object || row.type == Type::List;
+  if (!nested && *row.standard)
+    out += std::string("; default ") + row.standard;
+  for (const FlagName &known : flagNames)
+    if (row.is(known.flag))
+      out += std::string("; ") + known.name;
+  if (*row.about)
+    out += std::string(" - ") + row.about;
+  out += '\n';
+  describeMembers(out, row.members, row.memberCount, indent + 2);
+}
+
+std::string methodsOf(const Resource &resource)
+{
+  std::string out;
+  const std::pair<MethodBit, const char *> names[] = {
+      {kGet, "GET"}, {kSet, "SET"}, {kCreate, "CREATE"}, {kDelete, "DELETE"}};
+  for (const auto &[bit, name] : names)
+    if (resource.methods & bit)
+      out += (out.empty() ? "" : " ") + std::string(name);
+  return out;
+}
+
+// Positions of a resource's parameters by name, built once.
+using Positions = std::unordered_map<std::string_view, int>;
+
+const std::unordered_map<const Resource *, Positions> &positions()
+{
+  static const auto all = [] {
+    std::unordered_map<const Resource *, Positions> built;
+    for (std::size_t i = 0; i < catalogueSize; ++i)
+      for (std::size_t k = 0; k < catalogue[i].parameterCount; ++k)
+        built[&catalogue[i]].emplace(catalogue[i].parameters[k].name, static_cast<int>(k));
+    return built;
+  }();
+  return all;
+}
+
+} // namespace
+
+int Resource::position(std::string_view parameter) const
+{
+  auto resource = positions().find(this);
+  if (resource == positions().end())
+    return -1;
+  auto found = resource->second.find(parameter);
+  return found == resource->second.end() ? -1 : found->second;
+}
+
+const Resource *findResource(std::string_view name)
+{
+  static const auto byName = [] {
+    std::unordered_map<std::string_view, const Resource *> built;
+    for (std::size_t i = 0; i < catalogueSize; ++i)
+      built.emplace(catalogue[i].name, &catalogue[i]);
+    return built;
+  }();
+  auto found = byName.find(name);
+  return found == byName.end() ? nullptr : found->second;
+}
+
+const Parameter *findMember(const Parameter &parameter, std::string_view member)
+{
+  for (std::size_t i = 0; i < parameter.memberCount; ++i)
+    if (member == parameter.members[i].name)
+      return &parameter.members[i];
+  return nullptr;
+}
+
+bool hasWord(const char *words, std::string_view word)
+{
+  std::string_view rest = words;
+  while (!rest.empty()) {
+    std::string_view next = rest.substr(0, rest.find(' '));
+    if (next == word)
+      return true;
+    rest.remove_prefix(std::min(rest.size(), next.size() + 1));
+  }
+  return false;
+}
+
+std::string defaultJson(const Parameter &parameter)
+{
+  std::string out;
+  switch (parameter.type) {
+  case Type::Integer:
+  case Type::Boolean:
+  case Type::List:
+    return parameter.standard;
+  case Type::Text:
+  case Type::Word:
+  case Type::Binary:
+    appendJsonText(out, parameter.standard);
+    return out;
+  case Type::Object:
+    break;
+  }
+  if (std::string_view(parameter.standard) != "{}")
+    return parameter.standard;
+  out = "{";
+  for (std::size_t i = 0; i < parameter.memberCount; ++i) {
+    const Parameter &member = parameter.members[i];
+    if (member.is(kSecret) || member.is(kCommand))
+      continue;
+    appendJsonName(out, member.name);
+    out += defaultJson(member);
+  }
+  return out + '}';
+}
+
+bool hasSecrets(const Parameter &parameter)
+{
+  for (std::size_t i = 0; i < parameter.memberCount; ++i)
+    if (parameter.members[i].is(kSecret) || hasSecrets(parameter.members[i]))
+      return true;
+  return false;
+}
+
+std::string describeCatalogue()
+{
+  std::string out;
+  for (std::size_t i = 0; i < catalogueSize; ++i) {
+    const Resource &resource = catalogue[i];
+    out += std::string(resource.name) + " (" + methodsOf(resource) + "; ";
+    out += resource.single ? "one record)" : "at most " + std::to_string(resource.capacity) + " records)";
+    if (*resource.about)
+      out += std::string(" - ") + resource.about;
+    out += '\n';
+    describeMembers(out, resource.parameters, resource.parameterCount, 2);
+    out += '\n';
+  }
+  return out;
+}
+
+} // namespace zelsim

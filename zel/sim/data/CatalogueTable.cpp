@@ -1,0 +1,602 @@
+// SPDX-License-Identifier: MIT
+#include "data/Catalogue.h"
+
+#include <iterator>
+
+namespace zelsim
+{
+
+namespace
+{
+
+// Word lists that several parameters share, in the order of their numbers.
+constexpr char accessModes[] = "share_mode private_mode share_or_private_mode";
+constexpr char connectionModes[] = "share_mode private_mode";
+constexpr char usbModes[] = "disabled keyboard_mouse_only all_except_mass_storage all_devices";
+constexpr char trafficPriorities[] = "usb_priority video_priority";
+constexpr char deviceStates[] = "offline configuring ready reset_pending in_recovery";
+constexpr char deviceUsages[] = "usable not_usable_swx_capacity not_usable_swx_maintenance";
+constexpr char switchStates[] =
+    "offline dc_connected conflict_is_master conflict_other_master isc_failure ready resetting";
+constexpr char upgradeStates[] = "idle upgrading failed failed_file_get failed_file_content failed_dev_type "
+                                 "failed_file_push failed_flash complete";
+constexpr char resetWords[] = "none cold_reboot factory_default factory_default_partial";
+constexpr char polarities[] = "negative_polarity positive_polarity";
+constexpr char hotKeys[] = "print_screen control_control control_control_left control_control_right alt_alt "
+                           "alt_alt_left alt_alt_right shift_shift shift_shift_left shift_shift_right "
+                           "scroll_lock_scroll_lock custom none";
+constexpr char functionKeys[] = "none f1 f2 f3 f4 f5 f6 f7 f8 f9 f10 f11 f12";
+constexpr char osdActions[] =
+    "none connect_last_target connect_previous_target connect_next_target connect_to_target_x "
+    "logout_and_disconnect enumerate_keyboard enumerate_mouse enumerate_keyboard_and_mouse "
+    "enumerate_all_usb_devices";
+constexpr char ntpStates[] =
+    "unknown inactive bad_configuration pending network_unreachable server_unresponsive success";
+constexpr char portStates[] =
+    "no_device idle in_use upgrading loopback_detected self_detected invalid_device "
+    "device_error device_not_added";
+constexpr char managedSettings[] = "non_managed enrolling managed verified unenrolling";
+constexpr char designations[] = "none primary auxiliary";
+constexpr char severities[] = "info warning error";
+
+constexpr std::int64_t anyNumber = 0xffffffff;
+constexpr std::int64_t eidLength = 13;
+
+constexpr Parameter eid(const char *name)
+{
+  return text(name, 0, eidLength);
+}
+
+// Nested objects ------------------------------------------------------------------------------------------
+
+constexpr Parameter customKeyRows[] = {
+    binary("sequence", 2, 2).byDefault("AAA=").that("two key codes"),
+    integer("length", 0, 2).that("how many of them count"),
+};
+constexpr char customKeysStandard[] = R"({"sequence":"AAA=","length":0})";
+
+constexpr Parameter timingRows[] = {
+    integer("horizontalResolution", 0, 65535),
+    integer("verticalResolution", 0, 65535),
+    integer("pixelClockFrequency", 0, anyNumber).that("kHz"),
+    word("horizontalSyncPolarity", polarities, "negative_polarity"),
+    integer("horizontalFrontPorch", 0, 65535),
+    integer("horizontalSyncWidth", 0, 65535),
+    integer("horizontalBackPorch", 0, 65535),
+    word("verticalSyncPolarity", polarities, "negative_polarity"),
+    integer("verticalFrontPorch", 0, 65535),
+    integer("verticalSyncWidth", 0, 65535),
+    integer("verticalBackPorch", 0, 65535),
+};
+
+constexpr Parameter ipV4Rows[] = {
+    word("ipv4ConfMethod", "dhcp dhcp_plus_zeroconf zeroconf static", "dhcp"),
+    text("ipAddress", 0, 57),
+    text("subnetMask", 0, 57),
+    text("gatewayAddress", 0, 57),
+    text("ipv4PrimaryDnsServer", 0, 57).with(kReadOnly),
+    text("ipv4SecondaryDnsServer", 0, 57).with(kReadOnly),
+};
+constexpr Parameter ipV6Rows[] = {
+    word("ipv6ConfMethod", "stateless_only dhcp dhcp_info_only static", "stateless_only"),
+    text("ipAddress", 0, 57),
+    integer("prefixLength", 1, 128).byDefault("64"),
+    text("gatewayAddress", 0, 57),
+    text("ipv6PrimaryDnsServer", 0, 57).with(kReadOnly),
+    text("ipv6SecondaryDnsServer", 0, 57).with(kReadOnly),
+};
+constexpr Parameter networkRows[] = {object("ipv4", ipV4Rows), object("ipv6", ipV6Rows)};
+constexpr char networkStandard[] =
+    R"({"ipv4":{"ipv4ConfMethod":"dhcp","ipAddress":"","subnetMask":"","gatewayAddress":"",)"
+    R"("ipv4PrimaryDnsServer":"","ipv4SecondaryDnsServer":""},)"
+    R"("ipv6":{"ipv6ConfMethod":"stateless_only","ipAddress":"","prefixLength":64,"gatewayAddress":"",)"
+    R"("ipv6PrimaryDnsServer":"","ipv6SecondaryDnsServer":""}})";
+
+constexpr Parameter rapRows[] = {
+    enableDisable("telnetAccess", "disabled"),
+    integer("telnetPort", 1024, 65535).byDefault("2323"),
+    enableDisable("sshAccess", "disabled"),
+    integer("sshPort", 1024, 65535).byDefault("2222"),
+    text("sshPassword", 0, 64).with(kSecret),
+    integer("sessionInactivityTimeout", 0, 1440).byDefault("10").that("minutes, 0 is never"),
+};
+constexpr char rapStandard[] = R"({"telnetAccess":"disabled","telnetPort":2323,"sshAccess":"disabled",)"
+                               R"("sshPort":2222,"sessionInactivityTimeout":10})";
+
+constexpr Parameter levelRows[] = {
+    enableDisable("error", "enabled"),
+    enableDisable("warning", "enabled"),
+    enableDisable("info", "enabled"),
+};
+
+constexpr Parameter targetRows[] = {integer("txIndex", 1, anyNumber)};
+
+constexpr Parameter osdHotKeyRows[] = {
+    word("hotKey", hotKeys, "print_screen"),
+    object("customKeys", customKeyRows).byDefault(customKeysStandard),
+};
+constexpr Parameter shortCutRows[] = {
+    word("functionKey", functionKeys, "none"),
+    word("action", osdActions, "none"),
+    eid("txEID"),
+};
+constexpr Parameter keySettingRows[] = {
+    object("osdHotKey", osdHotKeyRows),
+    list("osdShortCuts", 12, shortCutRows),
+};
+constexpr char keySettingsStandard[] =
+    R"({"osdHotKey":{"hotKey":"print_screen","customKeys":{"sequence":"AAA=","length":0}},"osdShortCuts":[]})";
+
+constexpr Parameter portRows[] = {
+    integer("portIndex", 1, 65535),
+    integer("remotePort", 0, 65535),
+    word("deviceType", "none rx tx swx", "none"),
+    eid("eid"),
+    word("portState", portStates, "no_device"),
+};
+
+// Settings of the system
+// -------------------------------------------------------------------------------------
+
+constexpr Parameter systemGlobalsRows[] = {
+    text("auxiliaryManagerIpAddress", 0, 57),
+    integer("backlightFlashDuration", 1, 86400).byDefault("60").that("seconds"),
+    word("cascadeController", "this peer", "this").with(kReadOnly).that("which switch of a pair has control"),
+    word("commStatusRestClientAuxiliary", "down up", "down").with(kReadOnly),
+    word("commStatusRestClientPrimary", "down up", "down").with(kReadOnly),
+    word("commStatusRestServerAuxiliary", "down up", "down").with(kReadOnly),
+    word("commStatusRestServerPrimary", "down up", "down").with(kReadOnly),
+    word("currentManager", designations, "none").with(kReadOnly),
+    object("customKeys", customKeyRows).byDefault(customKeysStandard),
+    object("eventLogControl", levelRows).with(kCommand).that("another way to set the resource of that name"),
+    enableDisable("fullNevoWhenManaged", "disabled"),
+    word("managedSetting", managedSettings, "non_managed"),
+    integer("managerApiPort", 0, 65535).byDefault("8443"),
+    text("managerIpAddress", 0, 57),
+    eid("masterSwitchEid"),
+    enableDisable("nevoBannerEnable", "disabled"),
+    text("nevoBannerText", 0, 1024),
+    text("nevoCustomHelpLink", 0, 1024),
+    integer("nevoInactivityTimeout", 0, 1440).byDefault("10").that("minutes, 0 is never"),
+    eid("peerControllerSwitchEid").with(kReadOnly),
+    word("preferredManager", designations, "none").with(kReadOnly),
+    object("rapParameters", rapRows).byDefault(rapStandard),
+    enableDisable("resetAfterUpgrade", "enabled"),
+    enableDisable("rxOsdBannerEnable", "disabled"),
+    text("rxOsdBannerText", 0, 450),
+    word("rxOsdHotKey", hotKeys, "print_screen"),
+    integer("switchApiPort", 0, 65535).byDefault("8444"),
+    text("syslogDest", 0, 57),
+    text("pendingSettings", 0, 16 << 20)
+        .with(kReadOnly | kSecret | kUncounted)
+        .that("loaded settings that the next reboot installs"),
+};
+
+constexpr Parameter cfgDefaultsRows[] = {
+    integer("rxDefaultOsdInactivityTimeout", 0, 1440).byDefault("5").that("minutes, 0 is never"),
+    integer("rxDefaultSessionInactivityTimeout", 0, 1440).that("minutes, 0 is never"),
+    word("txDefaultTrafficPriority", trafficPriorities, "usb_priority"),
+    word("txDefaultUsbMode", usbModes, "all_devices"),
+};
+
+constexpr Parameter alertLogControlRows[] = {
+    enableDisable("enableAlertSwitchPortsSelfConnected", "enabled"),
+    enableDisable("enableAlertLoopbackDetectedOnSwitchPort", "enabled"),
+    enableDisable("enableAlertMoreThanOneMasterSwitch", "enabled"),
+    enableDisable("enableAlertSlaveConnectedToTwoMasterSwitches", "enabled"),
+    enableDisable("enableAlertConnectedSlaveSwitchHasOtherMaster", "enabled"),
+    enableDisable("enableAlertFirmwareUpdateFailed", "enabled"),
+    enableDisable("enableAlertFirmwareUpdateSucceeded", "enabled"),
+    enableDisable("enableAlertPrivateKvmSessionEstablished", "enabled"),
+    enableDisable("enableAlertSharedKvmSessionEstablished", "enabled"),
+    enableDisable("enableAlertKvmSessionDisconnected", "enabled"),
+    enableDisable("enableAlertKvmSessionDisconnectedLinkDown", "enabled"),
+    enableDisable("enableAlertKvmSessionConnectionFailure", "enabled"),
+    enableDisable("enableAlertUserLogin", "enabled"),
+    enableDisable("enableAlertFailedUserLogin", "enabled"),
+    enableDisable("enableAlertUserAutoLogin", "enabled"),
+    enableDisable("enableAlertUserLogout", "enabled"),
+    enableDisable("enableAlertSetupPortAdminLogin", "enabled"),
+    enableDisable("enableAlertSetupPortFailedAdminLogin", "enabled"),
+    enableDisable("enableAlertSetupPortAdminLogout", "enabled"),
+    enableDisable("enableAlertNevoAdminLogin", "enabled"),
+    enableDisable("enableAlertNevoFailedAdminLogin", "enabled"),
+    enableDisable("enableAlertNevoAdminLogout", "enabled"),
+    enableDisable("enableAlertRapAdminLogin", "enabled"),
+    enableDisable("enableAlertRapFailedAdminLogin", "enabled"),
+    enableDisable("enableAlertRapAdminLogout", "enabled"),
+    enableDisable("enableAlertFanFault", "enabled"),
+    enableDisable("enableAlertFanFaultCleared", "enabled"),
+    enableDisable("enableAlertVoltageFault", "enabled"),
+    enableDisable("enableAlertVoltageFaultCleared", "enabled"),
+    enableDisable("enableAlertPowerSupplyFault", "enabled"),
+    enableDisable("enableAlertPowerSupplyFaultCleared", "enabled"),
+    enableDisable("enableAlertTemperatureFault", "enabled"),
+    enableDisable("enableAlertTemperatureFaultCleared", "enabled"),
+    enableDisable("enableAlertSwitchExceedsUnmanagedCapacity", "enabled"),
+    enableDisable("enableAlertReceiverInExceededCapacitySwitch", "enabled"),
+    enableDisable("enableAlertTransmitterInExceededCapacitySwitch", "enabled"),
+    enableDisable("enableAlertDeviceReportedInvalidParameter", "enabled"),
+    enableDisable("enableAlertSwitchDetectedInvalidParameter", "enabled"),
+    enableDisable("enableAlertSwitchFirmwareVersionDifference", "enabled"),
+    enableDisable("enableAlertSwitchWatchdogReset", "enabled"),
+    enableDisable("enableAlertDeviceReportedError", "enabled"),
+    enableDisable("enableAlertDeviceReportedInfo", "enabled"),
+};
+
+constexpr Parameter changeStatusRows[] = {
+    integer("lastChange", 1, anyNumber).byDefault("1").with(kReadOnly),
+};
+
+// Devices
+// ----------------------------------------------------------------------------------------------------
+
+// What receivers, transmitters and switches have in common, row by row.
+constexpr Parameter eidRow = eid("eid").with(kReadOnly | kUnique | kLookup);
+constexpr Parameter nameRow = text("name", 0, 40);
+constexpr Parameter locationRow = text("location", 0, 64);
+constexpr Parameter descriptionRow = text("description", 0, 64);
+constexpr Parameter notesRow = text("notes", 0, 64);
+constexpr Parameter serialNumberRow = text("serialNumber", 0, 32).with(kReadOnly);
+constexpr Parameter partNumberRow = text("partNumber", 0, 32).with(kReadOnly);
+constexpr Parameter firmwareVersionRow = text("firmwareVersion", 0, 32).with(kReadOnly);
+constexpr Parameter nextFirmwareRow =
+    text("nextFirmware", 0, 32).with(kReadOnly).that("runs after the next reboot; empty if no other");
+constexpr Parameter upgradeStatusRow = word("upgradeStatus", upgradeStates, "idle").with(kReadOnly);
+constexpr Parameter upgradePercentRow = integer("upgradePercent", 0, 100).with(kReadOnly);
+constexpr Parameter upgradeIndexRow =
+    integer("upgradeIndex", 0, anyNumber).that("writing an \"upgrade\" record's index starts an update");
+constexpr Parameter resetRow =
+    word("reset", resetWords, "none").with(kCommand).that("a word other than none resets the device");
+constexpr Parameter returnsAtRow = integer("returnsAt", 0, anyNumber)
+                                       .with(kReadOnly | kUncounted)
+                                       .that("when the device takes its next step of a reset; 0 is no reset");
+constexpr Parameter pendingResetRow = word("pendingReset", resetWords, "none")
+                                        .with(kReadOnly | kUncounted)
+                                        .that("what the reset under way restores when it ends");
+constexpr Parameter attachedSwxRow = integer("attachedSwx", 0, anyNumber).with(kReadOnly);
+constexpr Parameter attachedPortRow = integer("attachedPort", 0, 65535).with(kReadOnly);
+constexpr Parameter monitorRow = integer("monitor", 0, anyNumber)
+                                     .with(kReadOnly | kUncounted)
+                                     .that("which of the simulated monitors is attached; 0 is none");
+
+constexpr Parameter rxRows[] = {
+    eidRow,
+    nameRow,
+    word("detailedDeviceType", "rx_dvi_i rx_dvi_i_16", "rx_dvi_i_16").with(kReadOnly),
+    word("status", deviceStates, "offline").with(kReadOnly),
+    word("usage", deviceUsages, "usable").with(kReadOnly),
+    locationRow,
+    descriptionRow,
+    notesRow,
+    serialNumberRow,
+    partNumberRow,
+    firmwareVersionRow,
+    nextFirmwareRow,
+    upgradeStatusRow,
+    upgradePercentRow,
+    upgradeIndexRow,
+    resetRow,
+    returnsAtRow,
+  pendingResetRow,
+    attachedSwxRow,
+    attachedPortRow,
+    monitorRow,
+    enableDisable("audioControl", "enabled"),
+    enableDisable("autoConnectControl", "disabled"),
+    word("autoConnectMode", connectionModes, "share_mode"),
+    eid("autoConnectTxEid"),
+    enableDisable("autoEnumerateKeyboard", "enabled"),
+    enableDisable("autoEnumerateMouse", "enabled"),
+    enableDisable("autoLoginControl", "disabled"),
+    integer("autoLoginUserIndex", 0, anyNumber),
+    text("keyboardLayout", 0, 32).byDefault("en").with(kReadOnly),
+    enableDisable("lcdBacklightControl", "enabled"),
+    enableDisable("microphoneControl", "disabled"),
+    word("modeAllowed", accessModes, "share_or_private_mode"),
+    integer("sessionInactivityTimeout", 0, 1440).that("minutes, 0 is never"),
+    integer("sharingInactivityTimeout", 0, 25).byDefault("2").that("seconds"),
+    word("usbLogLevel", "none info debug", "none"),
+    word("usbMode", usbModes, "all_devices"),
+    enableDisable("videoScaling", "enabled"),
+    object("inputVideoTiming", timingRows).with(kComputed | kReadOnly),
+    object("outputVideoTiming", timingRows).with(kComputed | kReadOnly),
+    object("monPrefVideoTiming", timingRows).with(kComputed | kReadOnly),
+};
+
+constexpr Parameter txRows[] = {
+    eidRow,
+    nameRow,
+    word("detailedDeviceType", "tx_dvi_d tx_vga", "tx_dvi_d").with(kReadOnly),
+    word("status", deviceStates, "offline").with(kReadOnly),
+    word("usage", deviceUsages, "usable").with(kReadOnly),
+    locationRow,
+    descriptionRow,
+    notesRow,
+    serialNumberRow,
+    partNumberRow,
+    firmwareVersionRow,
+    nextFirmwareRow,
+    upgradeStatusRow,
+    upgradePercentRow,
+    upgradeIndexRow,
+    resetRow,
+    returnsAtRow,
+  pendingResetRow,
+    attachedSwxRow,
+    attachedPortRow,
+    enableDisable("audioControl", "enabled"),
+    binary("edidData", 0, 256).with(kReadOnly | kUncounted).that("pushed monitor data; empty is built in"),
+    integer("iconIndex", 0, 99).byDefault("1"),
+    enableDisable("lcdBacklightControl", "enabled"),
+    enableDisable("microphoneControl", "disabled"),
+    word("modeAllowed", accessModes, "share_or_private_mode"),
+    word("trafficSetting", trafficPriorities, "usb_priority"),
+    word("usbMode", usbModes, "all_devices"),
+    enableDisable("wakeOnLan", "disabled"),
+    text("wakeOnLanMacAddress", 0, 23),
+};
+
+constexpr Parameter swxRows[] = {
+    eidRow,
+    nameRow,
+    word("detailedDeviceType", "swx", "swx").with(kReadOnly),
+    word("status", switchStates, "offline").with(kReadOnly),
+    word("usage", "usable exceeds_unmanaged_capacity maintenance", "usable").with(kReadOnly),
+    word("mode", "master slave", "slave"),
+    word("cascadeRole", "not_present controller slave backup", "slave").with(kReadOnly),
+    locationRow,
+    descriptionRow,
+    notesRow,
+    serialNumberRow,
+    partNumberRow,
+    firmwareVersionRow,
+    nextFirmwareRow,
+    upgradeStatusRow,
+    upgradePercentRow,
+    upgradeIndexRow,
+    resetRow,
+    returnsAtRow,
+  pendingResetRow,
+    integer("portCount", 0, 65535).with(kReadOnly),
+    integer("currentSysTime", 0, anyNumber).with(kComputed | kReadOnly).that("seconds since 1970"),
+    object("network", networkRows).byDefault(networkStandard),
+    enableDisable("ntpEnable", "disabled"),
+    word("ntpStatus", ntpStates, "inactive").with(kReadOnly),
+    text("primaryNtpIpAddress", 0, 255),
+    text("secondaryNtpIpAddress", 0, 255),
+};
+
+// A flash duration of 1 stops flashing.
+constexpr Parameter flashRow =
+    integer("lcdBacklightFlashDuration", 0, 86400).with(kCommand).that("seconds; 0 and 1 stop it");
+constexpr Parameter flashingUntilRow =
+    integer("flashingUntil", 0, anyNumber).with(kReadOnly | kVolatile).that("0: the display doesn't flash");
+
+constexpr Parameter deviceControlRows[] = {eidRow, flashRow, flashingUntilRow};
+
+constexpr Parameter swxControlRows[] = {
+    eidRow,
+    flashRow,
+    flashingUntilRow,
+    word("cascadeRoleAction", "promote_peer unlink_peer force_role_switch link_peer", "unlink_peer")
+        .with(kCommand),
+    word("settingsAction", "zip unzip", "zip").with(kCommand),
+    text("settingsFilename", 0, 4096).with(kCommand),
+    text("settingsPassword", 0, 50).with(kCommand),
+};
+
+constexpr Parameter counter(const char *name, std::int64_t highest)
+{
+  return integer(name, 0, highest).with(kComputed | kReadOnly);
+}
+
+constexpr Parameter rxUsbDiagRows[] = {
+    counter("scpBulkHeldCount", 255),
+    counter("scpConnectActive", 255),
+    counter("scpConnectReq", 255),
+    counter("scpCtlHeldCount", 255),
+    counter("scpDisconnectStatus", 255),
+    counter("scpError", 255),
+    counter("scpExtensionActive", 255),
+    counter("scpFlags", anyNumber),
+    counter("scpMemResetReq", 255),
+    counter("scpOsdActive", 255),
+    counter("scpPerDropCount", anyNumber),
+    counter("scpPerHeldCount", 255),
+    counter("scpPSHeldCount", 255),
+    counter("scpRetryHeldCount", 255),
+    counter("scpUCount", 65535),
+    counter("srpFlags", 255),
+    counter("srpStatus", 255),
+    counter("srpVersion", 65535),
+};
+
+constexpr Parameter txUsbDiagRows[] = {
+    counter("hcpCount", 255),     counter("hcpEState", 255),       counter("hcpFlags", 255),
+    counter("hcpGFlags", 255),    counter("hcpHid", 255),          counter("hcpHub1", 255),
+    counter("hcpHub2", 255),      counter("hcpLastDevEndPt", 255), counter("hcpLastDevNum", 255),
+    counter("hcpStatus", 255),    counter("hcpTFlags", 255),       counter("hcpTxState", 255),
+    counter("hcpVersion", 65535), counter("hrpStatus", 255),       counter("hrpVersion", 65535),
+    counter("hspStatus", 255),    counter("hspVersion", 65535),
+};
+
+constexpr Parameter portStatusRows[] = {
+    integer("swxIndex", 1, anyNumber).with(kReadOnly | kAlways),
+    list("ports", 65535, portRows).with(kReadOnly | kVolatile),
+};
+
+// Sessions and users
+// -----------------------------------------------------------------------------------------
+
+constexpr Parameter connectionRows[] = {
+    integer("rxIndex", 1, anyNumber).with(kRequired | kFixed),
+    integer("txIndex", 1, anyNumber).with(kRequired | kFixed),
+    word("mode", connectionModes, "share_mode").with(kFixed),
+    eid("rxEid").with(kReadOnly),
+    eid("txEid").with(kReadOnly),
+    integer("sessionStartTime", 0, anyNumber).with(kReadOnly),
+};
+
+constexpr Parameter userSessionRows[] = {
+    integer("userIndex", 1, anyNumber).with(kRequired | kFixed),
+    integer("rxIndex", 1, anyNumber).with(kRequired | kFixed),
+    integer("sessionStartTime", 0, anyNumber).with(kReadOnly),
+};
+
+constexpr Parameter adminSessionRows[] = {
+    text("username", 0, 64).with(kFixed),
+    text("password", 0, 64).with(kCommand),
+    word("sessionType", "nevo rap setup_port", "nevo").with(kFixed),
+    text("ipAddress", 0, 64).with(kFixed),
+    integer("userIndex", 0, anyNumber).with(kReadOnly),
+    integer("sessionStartTime", 0, anyNumber).with(kReadOnly),
+};
+
+constexpr Parameter userRows[] = {
+    text("name", 0, 20).with(kUnique | kLookup | kRequired),
+    text("mgrName", 0, 64).with(kReadOnly).that("set for a user that an external manager owns"),
+    text("fullName", 0, 40),
+    text("password", 0, 20).with(kSecret),
+    word("passwordIsInitialized", "is_false is_true", "is_false"),
+    word("role", "user admin", "user"),
+    enableDisable("accountEnable", "enabled"),
+    enableDisable("allowBlankPassword", "disabled"),
+    enableDisable("allowPasswordChange", "disabled"),
+    enableDisable("allTargetAccess", "disabled"),
+    word("modeAllowed", accessModes, "share_or_private_mode"),
+    word("usbMode", usbModes, "all_devices"),
+    integer("osdInactivityTimeout", 0, 1440).byDefault("5").that("minutes, 0 is never"),
+    object("keySettings", keySettingRows).byDefault(keySettingsStandard),
+    list("favorite", 32, targetRows),
+    enableDisable("enableClearEventHistoryWarning", "enabled"),
+    enableDisable("enableDeleteMonitorWarning", "enabled"),
+    enableDisable("enableDeleteUserWarning", "enabled"),
+    enableDisable("enableDisconnectSessionWarning", "enabled"),
+    enableDisable("enableLogoutUnsavedChangesWarning", "enabled"),
+    enableDisable("enableLogoutUserWarning", "enabled"),
+    enableDisable("enableRemoveDevicesWarning", "enabled"),
+    enableDisable("enableRemoveOfflineDevicesWarning", "enabled"),
+    enableDisable("enableResetDevicesWarning", "enabled"),
+    enableDisable("enableRestoreFactoryDefaultsWarning", "enabled"),
+};
+
+constexpr Parameter userTargetListRows[] = {list("target", 5000, targetRows)};
+
+// Monitors, alerts, firmware
+// -----------------------------------------------------------------------------------
+
+constexpr Parameter edidRows[] = {
+    text("name", 0, 40).with(kUnique | kLookup),
+    text("description", 0, 64),
+    binary("data", 256, 256).with(kReadOnly),
+    word("isProtected", "is_false is_true", "is_false").with(kReadOnly),
+};
+
+constexpr Parameter edidControlRows[] = {
+    word("edidAction", "push pull", "pull").with(kCommand), text("edidName", 0, 40).with(kCommand),
+    text("edidDescription", 0, 128).with(kCommand),         integer("edidIndex", 1, anyNumber).with(kCommand),
+    integer("rxIndex", 1, anyNumber).with(kCommand),        integer("txIndex", 1, anyNumber).with(kCommand),
+};
+
+constexpr Parameter alertRows[] = {
+    integer("instanceId", 1, anyNumber).with(kReadOnly | kAlways),
+    integer("date", 0, anyNumber).with(kReadOnly).that("seconds since 1970"),
+    word("severity", severities, "info").with(kReadOnly),
+    eid("originatorEid").with(kReadOnly),
+    text("alertMsg", 0, 1024).with(kReadOnly),
+};
+
+constexpr Parameter alertsControlRows[] = {
+    word("alertsAction", "clear_history ack_all ack_specific", "ack_all").with(kCommand),
+    integer("alertInstanceId", 1, anyNumber).with(kCommand),
+    integer("lastInstanceId", 0, anyNumber).with(kReadOnly),
+};
+
+constexpr Parameter upgradeRows[] = {
+    word("protocol", "ftp http https tftp file", "ftp"),
+    text("location", 0, 255),
+    text("filename", 1, 1024).with(kRequired),
+    text("username", 0, 64),
+    text("password", 0, 64),
+    word("deviceType", "none rx tx swx", "none").with(kReadOnly),
+    text("version", 0, 32).with(kReadOnly),
+};
+
+// Resources
+// --------------------------------------------------------------------------------------------------
+
+constexpr unsigned capacityOfDevices = 5000;
+constexpr unsigned capacityOfSwitches = 50;
+
+template <std::size_t N>
+constexpr Resource many(const char *name, unsigned methods, unsigned capacity, const Parameter (&rows)[N],
+                        const char *about)
+{
+  Resource resource;
+  resource.name = name;
+  resource.about = about;
+  resource.methods = methods;
+  resource.capacity = capacity;
+  resource.parameters = rows;
+  resource.parameterCount = N;
+  return resource;
+}
+
+template <std::size_t N>
+constexpr Resource one(const char *name, unsigned methods, const Parameter (&rows)[N], const char *about)
+{
+  Resource resource = many(name, methods, 1, rows, about);
+  resource.single = true;
+  return resource;
+}
+
+constexpr Resource counted(Resource resource, std::uint8_t changeId)
+{
+  resource.changeIds[0] = changeId;
+  return resource;
+}
+
+} // namespace
+
+const Resource catalogue[] = {
+    counted(one("systemGlobals", kGet | kSet, systemGlobalsRows, "settings of the whole system"), 2),
+    counted(one("cfgDefaults", kGet | kSet, cfgDefaultsRows, "what new users and devices start with"), 3),
+    counted(one("eventLogControl", kGet | kSet, levelRows, "which events are logged"), 15),
+    counted(one("alertLogControl", kGet | kSet, alertLogControlRows, "which kinds of alert are raised"), 16),
+    many("changeStatus", kGet, 32, changeStatusRows, "counters that move when data change"),
+    counted(many("swx", kGet | kSet | kDelete, capacityOfSwitches, swxRows, "switches; record 1 is this one"),
+            1),
+    many("swxControl", kGet | kSet, capacityOfSwitches, swxControlRows,
+         "commands to switches, by index or eid"),
+    counted(many("rx", kGet | kSet | kDelete, capacityOfDevices, rxRows, "receivers"), 7),
+    many("rxControl", kGet | kSet, capacityOfDevices, deviceControlRows, "commands to receivers"),
+    many("rxUsbDiag", kGet, capacityOfDevices, rxUsbDiagRows, "USB state of a receiver"),
+    counted(many("tx", kGet | kSet | kDelete, capacityOfDevices, txRows, "transmitters"), 8),
+    many("txControl", kGet | kSet, capacityOfDevices, deviceControlRows, "commands to transmitters"),
+    many("txUsbDiag", kGet, capacityOfDevices, txUsbDiagRows, "USB state of a transmitter"),
+    counted(
+        many("portStatus", kGet, capacityOfSwitches, portStatusRows, "ports of the switch of that number"),
+        12),
+    counted(many("connection", kGet | kCreate | kDelete, capacityOfDevices, connectionRows, "KVM sessions"),
+            17),
+    counted(many("userSession", kGet | kCreate | kDelete, capacityOfDevices, userSessionRows,
+                 "logins at receivers"),
+            13),
+    counted(many("adminSession", kGet | kCreate | kDelete, 64, adminSessionRows, "logins of administrators"),
+            14),
+    counted(many("user", kGet | kSet | kCreate | kDelete, 1024, userRows, "accounts"), 6),
+    counted(
+        many("userTargetList", kGet | kSet, 1024, userTargetListRows, "transmitters that a user may reach"),
+        10),
+    counted(many("edid", kGet | kSet | kDelete, 128, edidRows, "monitor library"), 9),
+    one("edidControl", kSet, edidControlRows, "copies monitor data from and to devices"),
+    one("alertsControl", kGet | kSet, alertsControlRows, "acknowledges and clears alerts"),
+    counted(many("historicalAlerts", kGet, 500, alertRows, "alerts of the past, oldest first"), 5),
+    counted(many("unacknowledgedAlerts", kGet, 500, alertRows, "alerts that nobody has acknowledged"), 4),
+    counted(many("upgrade", kGet | kSet | kCreate | kDelete, 8, upgradeRows, "sources of firmware"), 11),
+};
+
+const std::size_t catalogueSize = std::size(catalogue);
+
+} // namespace zelsim

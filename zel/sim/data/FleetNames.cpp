@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "data/FleetNames.h"
+
+#include <cstdio>
+#include <iterator>
+
+namespace zelsim
+{
+
+namespace
+{
+
+constexpr char bothModes[] = "share_or_private_mode";
+
+const Account accounts[] = {
+    {"admin", "", "Administrator", "admin", true, false, true, true, bothModes},
+    {"operator", "", "Duty engineer", "operator-1", true, true, true, true, bothModes},
+    {"hlindqvist", "", "Hedda Lindqvist, shift lead", "shift-lead-2", false, true, true, true, bothModes},
+    {"rokafor", "", "Remi Okafor, dispatch", "dispatch-3", false, true, true, false, bothModes},
+    {"mtanaka", "", "Mei Tanaka, traffic desk", "traffic-4", false, true, true, false, "share_mode"},
+    {"jnovak", "", "Jan Novak, grid desk", "grid-desk-5", false, true, true, false, bothModes},
+    {"sbrandt", "", "Silke Brandt, video wall", "video-wall-6", false, true, true, true, "share_mode"},
+    {"pmoreau", "", "Paul Moreau, maintenance", "maintain-7", false, true, true, false, "private_mode"},
+    {"training", "", "Training desk", "training-8", false, true, false, false, bothModes},
+    {"", "locampo", "Lucia Ocampo, external", "", false, true, true, false, bothModes},
+};
+
+const char *const receiverNames[] = {
+    "Desk 1 Dispatch", "Desk 2 Dispatch",
+    "Desk 3 Traffic",  "Desk 4 Traffic",
+    "Desk 5 Grid",     "Desk 6 Grid",
+    "Shift Lead",      "Video Wall Left",
+    "Video Wall Mid",  "Video Wall Right",
+    "Crisis Room 1",   "Crisis Room 2",
+    "Workshop Bench",  "",
+    "Training Desk",   "Visitor Gallery",
+};
+
+const char *const transmitterNames[] = {
+    "SCADA Primary",   "SCADA Standby",
+    "Historian",       "Alarm Server",
+    "Map Server",      "CCTV Recorder 1",
+    "CCTV Recorder 2", "Radio Gateway",
+    "Traffic Signals", "Weather Feed",
+    "VoIP Console",    "Incident Log",
+    "Office PC 9",     "",
+    "Test Rig",        "Legacy Telemetry",
+};
+
+const char *const switchNames[] = {"Control Room", "Equipment Room", "Annex"};
+
+template <std::size_t N>
+std::string nameOf(const char *const (&names)[N], unsigned number, const char *general)
+{
+  return number >= 1 && number <= N ? names[number - 1] : general + std::to_string(number);
+}
+
+} // namespace
+
+const Account *fleetAccounts(std::size_t &count)
+{
+  count = std::size(accounts);
+  return accounts;
+}
+
+std::string receiverName(unsigned number)
+{
+  return nameOf(receiverNames, number, "Station ");
+}
+
+std::string transmitterName(unsigned number)
+{
+  return nameOf(transmitterNames, number, "Target ");
+}
+
+std::string switchName(unsigned number)
+{
+  return nameOf(switchNames, number, "Rack ");
+}
+
+std::string fleetEid(unsigned family, unsigned number)
+{
+  // An odd factor maps the numbers one to one onto the last six digits, so that EIDs look drawn at random
+  // and are never equal.
+  const unsigned scattered = (number * 0x9E3779u + family * 0x2A51C7u) & 0xFFFFFFu;
+  char eid[16];
+  std::snprintf(eid, sizeof eid, "%06X-%06X", 0x0B2700u + family * 0x11u, scattered);
+  return eid;
+}
+
+} // namespace zelsim

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#ifndef ZEL_SIM_LIFE_WORLD_H_
+#define ZEL_SIM_LIFE_WORLD_H_
+
+#include "data/Store.h"
+#include "life/Clock.h"
+#include "rules/Rule.h"
+
+#include <cstdint>
+#include <random>
+#include <string>
+
+namespace zelsim
+{
+
+struct Faults;
+struct Story;
+
+// How the switch is to be, from the command line.
+struct Settings {
+  unsigned fleet = 0;                          // receivers, and as many transmitters; 0 is the small lab
+  std::uint64_t seed = 1;                      // same seed, same story
+  unsigned liveliness = 1;                     // 0: nothing happens by itself; 1: calm; 10: a busy day
+  std::string oem = "nevo";                    // brand: folder below themes/
+  std::string iconRoot;                        // where icon files are kept; empty: none
+  std::string settingsRoot = "/data/settings"; // where settings archives are written
+};
+
+// What rules and life work on. One per process, used on the server's loop only.
+struct World {
+  Settings settings;
+  Store &store;
+  Clock clock;
+  Rules rules;
+  // For life: the same seed gives the same numbers. Never for secrets.
+  std::mt19937_64 random;
+  Story *story = nullptr;   // what the life keeps for itself; the clock's actions own it
+  Faults *faults = nullptr; // the server's, for a switch that restarts; null where there is no server
+
+  World(Settings switchSettings, Store &records)
+      : settings(std::move(switchSettings)), store(records), random(settings.seed)
+  {
+  }
+};
+
+// Fleet.cpp: fills an empty store: switches, devices, accounts, monitor data, settings.
+void makeFleet(World &world);
+
+// Story.cpp: schedules what happens by itself, at every start, behind makeFleet() or the loading of the
+// database. Takes up what a stop interrupted (a device that was booting or updating goes on).
+void startStory(World &world);
+
+} // namespace zelsim
+
+#endif

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "rules/SealedBox.h"
+
+#include <array>
+#include <memory>
+#include <openssl/crypto.h>
+#include <openssl/evp.h>
+#include <openssl/rand.h>
+
+namespace zelsim
+{
+
+namespace
+{
+
+const std::string mark = "CZE1";
+constexpr int saltSize = 16, nonceSize = 12, tagSize = 16, keySize = 32;
+constexpr int keyRounds = 120000;
+
+using Bytes = const unsigned char *;
+using Context = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
+using Key = std::array<unsigned char, keySize>;
+
+Bytes bytesOf(const std::string &text, std::size_t from = 0)
+{
+  return reinterpret_cast<Bytes>(text.data()) + from;
+}
+
+unsigned char *roomOf(std::string &text)
+{
+  return reinterpret_cast<unsigned char *>(text.data());
+}
+
+bool keyOf(const std::string &password, Bytes salt, Key &key)
+{
+  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, saltSize, keyRounds,
+                           EVP_sha256(), keySize, key.data()) == 1;
+}
+
+} // namespace
+
+std::string sealBox(const std::string &plain, const std::string &password)
+{
+  std::string head(saltSize + nonceSize, '\0');
+  Key key;
+  if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 || !keyOf(password, bytesOf(head), key))
+    return {};
+  const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
+  std::string sealed(plain.size(), '\0');
+  std::string tag(tagSize, '\0');
+  int length = 0, rest = 0;
+  const bool good =
+      context &&
+      EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(head, saltSize)) &&
+      EVP_EncryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+      EVP_EncryptUpdate(context.get(), roomOf(sealed), &length, bytesOf(plain),
+                        static_cast<int>(plain.size())) &&
+      EVP_EncryptFinal_ex(context.get(), roomOf(tag), &rest) &&
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, roomOf(tag));
+  OPENSSL_cleanse(key.data(), key.size());
+  return good ? mark + head + tag + sealed : std::string();
+}
+
+bool isSealedBox(const std::string &bytes)
+{
+  return bytes.compare(0, mark.size(), mark) == 0;
+}
+
+bool openBox(const std::string &box, const std::string &password, std::string &plain)
+{
+  const std::size_t headSize = mark.size() + saltSize + nonceSize + tagSize;
+  Key key;
+  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, mark.size()), key))
+    return false;
+  const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
+  std::string tag = box.substr(headSize - tagSize, tagSize);
+  std::string opened(box.size() - headSize, '\0');
+  int length = 0, rest = 0;
+  unsigned char end[tagSize];
+  const bool good =
+      context &&
+      EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(),
+                         bytesOf(box, mark.size() + saltSize)) &&
+      EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+      EVP_DecryptUpdate(context.get(), roomOf(opened), &length, bytesOf(box, headSize),
+                        static_cast<int>(opened.size())) &&
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, tagSize, roomOf(tag)) &&
+      EVP_DecryptFinal_ex(context.get(), end, &rest) > 0;
+  OPENSSL_cleanse(key.data(), key.size());
+  if (good)
+    plain = std::move(opened);
+  return good;
+}
+
+} // namespace zelsim

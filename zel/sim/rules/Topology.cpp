@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "rules/Topology.h"
+
+#include "rules/Ports.h"
+
+namespace zelsim
+{
+
+namespace
+{
+
+unsigned placeOf(const World &world, const char *resource, std::int64_t index)
+{
+  return static_cast<unsigned>(world.store.number(resource, static_cast<unsigned>(index), "attachedSwx"));
+}
+
+// The links of a slave switch that sessions to other switches occupy.
+unsigned linksInUse(const World &world, unsigned swxIndex)
+{
+  unsigned links = 0;
+  for (const unsigned connection : world.store.indexes("connection")) {
+    const unsigned rxSwx = placeOf(world, "rx", world.store.number("connection", connection, "rxIndex"));
+    const unsigned txSwx = placeOf(world, "tx", world.store.number("connection", connection, "txIndex"));
+    if (rxSwx != txSwx && (rxSwx == swxIndex || txSwx == swxIndex))
+      ++links;
+  }
+  return links;
+}
+
+} // namespace
+
+Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex)
+{
+  const unsigned ends[] = {placeOf(world, "rx", rxIndex), placeOf(world, "tx", txIndex)};
+  if (!ends[0] || !ends[1] || world.store.text("rx", rxIndex, "usage") != "usable" ||
+      world.store.text("tx", txIndex, "usage") != "usable")
+    return kTopologyError;
+  for (const unsigned swx : ends)
+    if (world.store.text("swx", swx, "status") != "ready")
+      return kNoPath;
+  if (ends[0] == ends[1])
+    return kOk;
+  for (const unsigned swx : ends)
+    if (swx != 1 && linksInUse(world, swx) >= linksPerSlave)
+      return kNoPath;
+  return kOk;
+}
+
+} // namespace zelsim

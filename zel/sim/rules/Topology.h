@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#ifndef ZEL_SIM_RULES_TOPOLOGY_H_
+#define ZEL_SIM_RULES_TOPOLOGY_H_
+
+#include "life/World.h"
+
+namespace zelsim
+{
+
+// Whether one more session between the two devices finds its way through the switches: both hang on
+// usable places of switches that are ready, and each slave switch on the way has a link to spare.
+Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex);
+
+} // namespace zelsim
+
+#endif
