@@ -11,7 +11,7 @@ UploadBody::UploadBody(const std::string &contentType)
   const std::string boundary = MultipartReader::boundaryOf(contentType);
   if (!boundary.empty()) {
     type_ = Type::Form;
-    reader_.emplace(boundary, *this);
+    reader_.emplace(boundary, static_cast<MultipartReader::Handler &>(*this));
   } else if (contentType.compare(0, 33, "application/x-www-form-urlencoded") == 0) {
     type_ = Type::Parameters;
   } else {
