@@ -53,6 +53,10 @@ public:
 
   virtual void sort(int column, SortOrder order = AscendingOrder);
 
+  /// A name of the cell that lasts through a change of layout, or null if the model has none.
+  virtual void *toRawIndex(const WModelIndex &index) const;
+  virtual WModelIndex fromRawIndex(void *rawIndex) const;
+
   /// Up to `hits` cells (all with -1) of the column of `start`, from its row down, whose text matches.
   virtual WModelIndexList match(const WModelIndex &start, int role, const boost::any &value, int hits = 1,
                                 WFlags<MatchFlag> flags = WFlags<MatchFlag>(MatchStartsWith) |

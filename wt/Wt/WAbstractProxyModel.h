@@ -25,8 +25,17 @@ public:
   WFlags<ItemFlag> flags(const WModelIndex &proxyIndex) const override;
   boost::any headerData(int section, Orientation orientation = Horizontal,
                         int role = DisplayRole) const override;
+  void *toRawIndex(const WModelIndex &proxyIndex) const override;
+  WModelIndex fromRawIndex(void *rawIndex) const override;
+
+protected:
+  /// The source model is being deleted and must not be asked any more.
+  virtual void sourceModelDestroyed();
 
 private:
+  void forgetSourceModel();
+
+  Signals::connection sourceDestroyed_;
   WAbstractItemModel *sourceModel_ = nullptr;
 };
 

@@ -68,6 +68,7 @@ protected:
 private:
   WWidget *implementation_ = nullptr;
   bool hiddenEarly_ = false; ///< hidden before there was an implementation
+  bool sizeAware_ = false;
 };
 
 } // namespace Wt

@@ -51,6 +51,7 @@ protected:
   void renderContents(Dom::Element &e) override;
   std::vector<WWidget *> renderedChildren() override;
   const char *displayStyle() const override;
+  void addOwnClasses(std::string &classes) const override;
   void removeChild(WObject *child) override;
 
   /// `child` has come to be at `index`, or has left. Bases do nothing.
@@ -66,6 +67,7 @@ private:
 
   Frame &frame();
   void renderFrame(Dom::Element &e);
+  void layoutGone();
 
   std::vector<WWidget *> widgets_;
   WLayout *layout_ = nullptr;

@@ -56,7 +56,7 @@ public:
   int timeZoneOffset() const { return timeZoneOffset_; }
   int screenWidth() const { return screenWidth_; }
   int screenHeight() const { return screenHeight_; }
-  WServer *server() const;
+  WServer *server() const { return server_; }
 
 protected:
   WEnvironment();
@@ -83,9 +83,11 @@ private:
   friend class WApplication;
 
   void readHead(const Engine::RequestHead &head);
+  void readQuery(const std::string &query);
   void readCookies(const std::string &header);
 
   Engine::Session *session_ = nullptr;
+  WServer *server_ = nullptr;
 };
 
 } // namespace Wt

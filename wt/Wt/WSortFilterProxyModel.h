@@ -55,6 +55,7 @@ public:
   void sort(int column, SortOrder order = AscendingOrder) override;
 
 protected:
+  void sourceModelDestroyed() override;
   virtual bool filterAcceptRow(int sourceRow, const WModelIndex &sourceParent) const;
   /// Whether the left source cell comes before the right one in ascending order.
   virtual bool lessThan(const WModelIndex &left, const WModelIndex &right) const;

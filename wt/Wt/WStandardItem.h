@@ -15,7 +15,7 @@ class WModelIndex;
 class WStandardItemModel;
 
 namespace Engine {
-class ItemData;
+class ItemCell;
 }
 
 /// One cell of a WStandardItemModel. The model owns the items that were put into it.
@@ -49,11 +49,15 @@ public:
 
 private:
   friend class WStandardItemModel;
+  friend class Engine::ItemCell;
 
   void changed();
 
-  std::unique_ptr<Engine::ItemData> data_;
+  std::unique_ptr<Engine::ItemCell> cell_;
   WStandardItemModel *model_ = nullptr;
+  // Where the model last saw the item.
+  mutable int row_ = -1;
+  mutable int column_ = -1;
 };
 
 } // namespace Wt

@@ -13,6 +13,7 @@ namespace Wt {
 
 namespace Engine {
 class ItemCell;
+struct ModelAccess;
 }
 
 /// A table of values. Cells are compact; a WStandardItem is made only for who asks for one.
@@ -58,16 +59,24 @@ public:
   bool insertRows(int row, int count, const WModelIndex &parent = WModelIndex()) override;
   bool removeColumns(int column, int count, const WModelIndex &parent = WModelIndex()) override;
   bool removeRows(int row, int count, const WModelIndex &parent = WModelIndex()) override;
-  /// Stable; cells that were never set come last.
+  void *toRawIndex(const WModelIndex &index) const override;
+  WModelIndex fromRawIndex(void *rawIndex) const override;
+  /// Stable; cells that were never set compare as greater than all others.
   void sort(int column, SortOrder order = AscendingOrder) override;
 
 private:
   friend class WStandardItem;
+  friend struct Engine::ModelAccess;
   typedef std::unique_ptr<Engine::ItemCell[]> Row;
   typedef std::map<int, boost::any> HeaderData;
 
+  Engine::ItemCell *cell(int row, int column) const;
   Engine::ItemCell *cell(const WModelIndex &index) const;
+  void place(Engine::ItemCell &cell, WStandardItem *item, int row, int column);
+  bool locate(const WStandardItem *item) const;
+  void release(WStandardItem *item);
   void itemChanged(WStandardItem *item);
+  void detachItems();
 
   std::vector<Row> rows_;
   std::vector<HeaderData> columnHeaders_;

@@ -40,6 +40,7 @@ public:
 
 protected:
   const char *domTag() const override;
+  const char *displayStyle() const override;
   void render(Dom::Element &e) override;
   void renderContents(Dom::Element &e) override;
 

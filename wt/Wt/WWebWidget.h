@@ -46,7 +46,7 @@ class Page;
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
-class WWebWidget : public WWidget, private Dom::Owner
+class WWebWidget : public WWidget, protected Dom::Owner
 {
 public:
   explicit WWebWidget(WContainerWidget *parent = nullptr);
@@ -154,16 +154,14 @@ protected:
 
 private:
   friend class Engine::Page;
+  friend class WCompositeWidget;
   friend struct Engine::WidgetAccess;
 
   enum Flag : std::uint16_t {
     HiddenFlag = 1,
     DisabledFlag = 2,
     InlineFlag = 4,
-    SizeAwareFlag = 8,
-    SetInlineFlag = 16,
-    FocusWantedFlag = 32,
-    FocusGivenUpFlag = 64
+    SizeAwareFlag = 8
   };
   struct Box;
   struct Tip;
@@ -171,18 +169,22 @@ private:
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
   void domValue(Dom::Element &at, const std::string &value) final;
+  WWebWidget *ownerWidget() noexcept final { return this; }
 
   Rare &rare();
   Box &box();
   void keepSignal(std::unique_ptr<EventSignalBase> signal);
   void setFlag(Flag flag, bool on);
+  WWebWidget *widgetAbove() const;
+  void create(Dom::Document &document);
   void renderAll(Dom::Element &e);
+  void renderAgain();
+  void renderHidden(Dom::Element &e);
   void renderBox(Dom::Element &e);
   void renderMargins(Dom::Element &e);
   void renderToolTip(Dom::Element &e);
   void renderListeners(Dom::Element &e);
-  void renderFocus(Dom::Element &e);
-  bool acceptsInput() const;
+  void tellLayoutSize(const Engine::RawEvent &event);
 
   std::unique_ptr<Rare> rare_;
   std::uint32_t dirtyPlace_ = 0; ///< place in the page's list of marked widgets, from 1; 0 if not marked

@@ -28,6 +28,7 @@ class Document;
  *   "@click"  a listener; the value holds its flags: 'p' prevent the default action, 's' stop propagation
  *   "!split"  a behaviour of the browser's runtime; the value is its configuration, a JSON text
  *   "#"       the element's text, in place of children
+ *   "<"       the element's rich text, in place of children; the value is made by RichText
  * Keys must be literals or come from Document::intern, since only the pointer is kept.
  *
  * Elements are made by Document::create, belong to their parent element once they are among its children,
@@ -74,7 +75,8 @@ public:
   void setChildren(const std::vector<Element *> &children);
 
   /// Sends a one-time command to the browser's element: `method` with `arguments`, the inside of a JSON array
-  /// (for example: "1,\"top\"").
+  /// (for example: "1,\"top\""). An element that is not in the page yet gets it right after it came there
+  /// with the next update; if it does not, the command is dropped.
   void call(const char *method, std::string_view arguments = std::string_view());
 
 private:

@@ -6,6 +6,8 @@
 
 namespace Wt {
 
+class WWebWidget;
+
 namespace Engine {
 struct RawEvent;
 }
@@ -28,6 +30,9 @@ public:
 
   /// `gone` is being destroyed; the owner must forget it.
   virtual void domGone(Element &gone) noexcept = 0;
+
+  /// The widget that the owner is, or null: layouts own elements too.
+  virtual WWebWidget *ownerWidget() noexcept { return nullptr; }
 
 protected:
   ~Owner() = default;

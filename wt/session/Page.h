@@ -54,12 +54,15 @@ public:
 
   // Keyboard focus
 
-  /// The element that the browser last reported, or that a widget asked for; 0 if none.
-  Dom::Element::Id focus() const { return focus_; }
-  void focusReported(Dom::Element::Id id) { focus_ = id; }
-  /// Moves the focus with the next update.
-  void moveFocus(Dom::Element &element);
-  void dropFocus(Dom::Element &element);
+  /// As far as the browser has told, or a widget has asked since.
+  bool hasFocus(const WWebWidget &widget) const;
+  /// The browser tells which element has the focus; 0 for none.
+  void focusReported(Dom::Element::Id id);
+  /// Moves the focus to the widget when it is shown.
+  void wantFocus(WWebWidget &widget);
+  void giveUpFocus(WWebWidget &widget);
+  /// The widget is being destroyed.
+  void forget(WWebWidget &widget);
 
   // Values of form elements that the program has set, which an older one of the browser must not overwrite
 
@@ -71,6 +74,7 @@ public:
   // Commands to the page as a whole
 
   void setTitle(const std::string &title);
+  void setLanguage(const std::string &language);
   void addStyleSheet(const std::string &url);
   void setHtmlClass(const std::string &classes);
 
@@ -80,6 +84,7 @@ private:
     bool modal;
   };
 
+  void grantFocus();
   void textCommand(const char *name, const std::string &text);
 
   WContainerWidget *root_ = nullptr;
@@ -87,7 +92,10 @@ private:
   std::vector<Window> windows_;
   std::vector<Dom::Element::Id> freshValues_;
   std::unordered_map<Dom::Element::Id, std::uint64_t> valueUpdates_;
+  std::string title_;
+  std::string language_;
   std::string htmlClass_;
+  WWebWidget *focusWanted_ = nullptr;
   std::uint64_t seen_ = 0;
   Dom::Element::Id focus_ = 0;
 };

@@ -10,6 +10,9 @@
 #include <string>
 
 namespace Wt {
+
+class WServer;
+
 namespace Engine {
 
 /// What all sessions of a server share. Fixed before the first session.
@@ -22,6 +25,7 @@ struct SessionConfig {
   std::size_t maxQueuedBytes = 4u << 20;
   std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged
   std::int64_t maxRequestSize = 128 * 1024;
+  WServer *server = nullptr;                 ///< may be null
   std::string scriptVersion;                 ///< the hash in the runtime script's URL
 };
 
