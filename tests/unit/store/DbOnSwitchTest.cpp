@@ -167,7 +167,7 @@ TEST_F(DbOnSwitch, sendsCommands)
   EXPECT_EQ(std::string(edid, 8), std::string("\0\xff\xff\xff\xff\xff\xff\0", 8));
   EXPECT_EQ(Db_db.pushEdidToTx(1, 1, errors), 0U);
   EXPECT_EQ(Db_db.getTxEidFromTxIndex(1, word, errors), 0U);
-  EXPECT_EQ(Db_db.triggerLcdBacklightFlash("tx", word, 0, errors), 0U);
+  EXPECT_EQ(Db_db.triggerLcdBacklightFlash("txControl", word, 0, errors), 0U);
   unsigned int index = 0;
   EXPECT_EQ(Db_db.createUpgradeRecord("ftp", "192.0.2.1", "rx.bin", "", "", index, errors), 0U);
   EXPECT_GT(index, 0U);
