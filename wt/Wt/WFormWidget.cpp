@@ -9,6 +9,7 @@
 
 #include <Wt/WContainerWidget>
 #include <Wt/WIntValidator>
+#include <Wt/WLabel>
 #include <Wt/WRegExpValidator>
 
 namespace Wt {
@@ -18,7 +19,7 @@ struct WFormWidget::Rare {
 
   WValidator *validator = nullptr;
   WString emptyText;
-  WWidget *label = nullptr;
+  WLabel *label = nullptr;
   std::unique_ptr<WString> message; ///< why the value is not valid; null while it is
   Signal<WValidator::Result> validated;
 };
@@ -178,6 +179,16 @@ void WFormWidget::setEmptyText(const WString &text)
 const WString &WFormWidget::emptyText() const
 {
   return formRare_ ? formRare_->emptyText : WString::Empty;
+}
+
+WLabel *WFormWidget::label() const
+{
+  return formRare_ ? formRare_->label : nullptr;
+}
+
+void WFormWidget::setLabel(WLabel *label)
+{
+  formRare().label = label;
 }
 
 void WFormWidget::propagateSetEnabled(bool enabled)

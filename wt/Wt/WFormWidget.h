@@ -7,6 +7,8 @@
 
 namespace Wt {
 
+class WLabel;
+
 /**
  * Base of the widgets that hold a value which the user may change.
  *
@@ -43,6 +45,9 @@ public:
   void setEmptyText(const WString &text);
   const WString &emptyText() const;
 
+  /// The label that has this widget as its buddy, or null.
+  WLabel *label() const;
+
   /// The user has changed the value (texts: when the field is left, or with Enter).
   EventSignal<> &changed() { return eventSignal<NoClass>("change"); }
   EventSignal<> &selected() { return eventSignal<NoClass>("select"); }
@@ -73,6 +78,7 @@ private:
   struct Rare;
 
   Rare &formRare();
+  void setLabel(WLabel *label);
   WValidator::Result judge();
   void validatorChanged();
   void validatorGone();
