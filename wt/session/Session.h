@@ -122,6 +122,8 @@ public:
   void leaveTest();
 
 private:
+  struct Environment;
+  struct ResourceRequest; ///< until it is answered
   struct Work {
     enum Kind { Begin, Attach, Message, Detach, Call, Tick, Request, Progress, FollowUp };
     Kind kind = Call;
@@ -137,8 +139,6 @@ private:
     std::shared_ptr<ResourceHandler> handler;
     std::string rand;
   };
-  struct Environment;
-  struct ResourceRequest; ///< until it is answered
   enum class Holder { Nobody, Worker, Lock };
 
   // The queue
