@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "TestStore.h"
 
+#include "control/Channel.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <utility>
-
 #include <fcntl.h>
+#include <filesystem>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include "control/Channel.h"
+#include <utility>
 
 namespace
 {
@@ -81,13 +80,23 @@ TestStore::~TestStore()
 
 void TestStore::start()
 {
-  std::vector<std::string> words = {NEVO_ZELSIM,     "--socket",    socket(),
-                                    "--database",    database(),    "--settings",
-                                    settingsDirectory(), "--icons", iconDirectory(),
-                                    "--fleet",       std::to_string(options_.fleet),
-                                    "--seed",        std::to_string(options_.seed),
-                                    "--liveliness",  std::to_string(options_.liveliness),
-                                    "--password-rounds", "1000"};
+  std::vector<std::string> words = {NEVO_ZELSIM,
+                                    "--socket",
+                                    socket(),
+                                    "--database",
+                                    database(),
+                                    "--settings",
+                                    settingsDirectory(),
+                                    "--icons",
+                                    iconDirectory(),
+                                    "--fleet",
+                                    std::to_string(options_.fleet),
+                                    "--seed",
+                                    std::to_string(options_.seed),
+                                    "--liveliness",
+                                    std::to_string(options_.liveliness),
+                                    "--password-rounds",
+                                    "1000"};
   words.insert(words.end(), options_.more.begin(), options_.more.end());
   std::vector<char *> arguments;
   for (std::string &word : words)

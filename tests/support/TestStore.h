@@ -5,9 +5,8 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
-#include <vector>
-
 #include <sys/types.h>
+#include <vector>
 
 // A simulated switch of the test's own: a zelsim process on a socket and a database in a new directory,
 // with nothing happening by itself unless asked for. It is ready when the constructor returns, and gone
@@ -20,7 +19,7 @@ class TestStore
 {
 public:
   struct Options {
-    unsigned fleet = 0;      // receivers and as many transmitters; 0 is the small lab
+    unsigned fleet = 0; // receivers and as many transmitters; 0 is the small lab
     std::uint64_t seed = 1;
     unsigned liveliness = 0;
     std::vector<std::string> more; // further options of zelsim, as words

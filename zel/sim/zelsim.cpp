@@ -148,7 +148,9 @@ int serve(const Options &options)
   if (!store.load(problem))
     return fail("database " + options.database + ": " + problem);
 
+  Faults faults;
   World world(options.settings, store);
+  world.faults = &faults;
   registerRules(world.rules);
   if (store.wasEmpty())
     makeFleet(world);
@@ -156,7 +158,6 @@ int serve(const Options &options)
   if (!store.commit(problem))
     return fail("database " + options.database + ": " + problem);
 
-  Faults faults;
   Commands commands;
   addServerCommands(commands, faults);
   addLifeCommands(commands);

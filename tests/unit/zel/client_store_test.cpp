@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The client library against the simulated switch: what the interface does with the two of them.
-#include <string>
-
-#include <gtest/gtest.h>
-
 #include "TestStore.h"
 #include "ZelClient.h"
 #include "ZelObj.h"
@@ -11,6 +7,9 @@
 #include "ZelReqUtil.h"
 #include "ZelRsp.h"
 #include "ZelRspUtil.h"
+
+#include <gtest/gtest.h>
+#include <string>
 
 namespace
 {
@@ -77,9 +76,15 @@ TEST_F(ClientStore, WritesOneParameterAndReadsItBack)
 {
   json_t *request = ZelReqUtil_newSetResource("rx");
   ZelReqUtil_setIntegerParam(request, "index", 2);
-  ZelReqUtil_setStringParam(request, "notes", "Böse \"Namen\"\n\t\\");
+  ZelReqUtil_setStringParam(request, "notes", "Some \"notes\"\non two lines \\");
   EXPECT_EQ(0, errorOf(send(request)));
-  EXPECT_EQ("Böse \"Namen\"\n\t\\", text("rx", 2, "notes"));
+  EXPECT_EQ("Some \"notes\"\non two lines \\", text("rx", 2, "notes"));
+}
+
+TEST_F(ClientStore, ReadsTextOfAnyScript)
+{
+  ASSERT_TRUE(store.set("user", 1, "fullName", "Zoë 東京 \x01\t"));
+  EXPECT_EQ("Zoë 東京 \x01\t", text("user", 1, "fullName"));
 }
 
 TEST_F(ClientStore, ListsRecordsAsRowsInTheOrderOfTheirIndexes)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Fleet.h"
 
+#include "data/FleetHistory.h"
 #include "data/FleetNames.h"
 #include "data/MonitorBlock.h"
 #include "data/Password.h"
@@ -217,6 +218,7 @@ void makeFleet(World &world)
   makeLibrary(world);
   makeFirmwareSource(world, "ftp", "10.20.30.5", "firmware/rx-4.3.0.bin", "rx", "4.3.0");
   makeFirmwareSource(world, "https", "files.example.net", "tx-4.3.0.bin", "none", "");
+  makeHistory(world);
 }
 
 } // namespace zelsim

@@ -6,6 +6,7 @@
 #include "rules/GoDark.h"
 #include "rules/Ports.h"
 #include "rules/Sessions.h"
+#include "rules/SettingsText.h"
 #include "rules/SwitchRoles.h"
 
 #include <algorithm>
@@ -37,7 +38,8 @@ void scheduleStep(World &world, const Device &device, Clock::Milliseconds delay)
   setReturn(world, device, (world.clock.nowMs() + delay + 999) / 1000);
   const std::string status = deviceStatus(world, device);
   world.clock.after(delay, [&world, device, status] {
-    if (world.store.number(device.kind->resource, device.index, "returnsAt") && deviceStatus(world, device) == status)
+    if (world.store.number(device.kind->resource, device.index, "returnsAt") &&
+        deviceStatus(world, device) == status)
       step(world, device);
   });
 }
@@ -112,9 +114,21 @@ void logInAutomatically(World &world, unsigned rxIndex)
     connect(world, rxIndex, tx, world.store.text("rx", rxIndex, "autoConnectMode"));
 }
 
+// Settings that were loaded take effect when the switch starts.
+void installPendingSettings(World &world)
+{
+  const std::string text = world.store.text("systemGlobals", 0, "pendingSettings");
+  if (text.empty())
+    return;
+  world.store.setText("systemGlobals", 0, "pendingSettings", "");
+  installSettings(world, text);
+}
+
 void becomeReady(World &world, const Device &device)
 {
   restore(world, device);
+  if (device.isSelf())
+    installPendingSettings(world);
   setStatus(world, device, "ready");
   setReturn(world, device, 0);
   if (device.isSwitch()) {

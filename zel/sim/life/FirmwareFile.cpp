@@ -15,8 +15,9 @@ struct Omen {
 };
 
 constexpr Omen omens[] = {
-  {"missing", "failed_file_get"},      {"corrupt", "failed_file_content"}, {"wrong-device", "failed_dev_type"},
-  {"push-error", "failed_file_push"}, {"flash-error", "failed_flash"},    {"unknown-error", "failed"},
+    {"missing", "failed_file_get"},      {"corrupt", "failed_file_content"},
+    {"wrong-device", "failed_dev_type"}, {"push-error", "failed_file_push"},
+    {"flash-error", "failed_flash"},     {"unknown-error", "failed"},
 };
 
 std::string baseOf(const std::string &path)

@@ -28,9 +28,9 @@ struct Step {
 };
 
 constexpr Step steps[] = {
-  {20, "failed_file_get", "file transfer"},         {25, "failed_file_content", "bad file"},
-  {30, "failed_dev_type", "incorrect file"},        {60, "failed_file_push", "target communication"},
-  {95, "failed_flash", "reflash"},                  {100, "failed", "unknown cause"},
+    {20, "failed_file_get", "file transfer"},  {25, "failed_file_content", "bad file"},
+    {30, "failed_dev_type", "incorrect file"}, {60, "failed_file_push", "target communication"},
+    {95, "failed_flash", "reflash"},           {100, "failed", "unknown cause"},
 };
 
 unsigned recordOf(const World &world, const Device &device)
@@ -76,7 +76,8 @@ std::string versionFor(const World &world, const Device &device)
     return told;
   const std::string present = deviceText(world, device, "firmwareVersion");
   const std::size_t dot = present.find_last_of('.');
-  const unsigned long last = dot == std::string::npos ? 0 : std::strtoul(present.c_str() + dot + 1, nullptr, 10);
+  const unsigned long last =
+      dot == std::string::npos ? 0 : std::strtoul(present.c_str() + dot + 1, nullptr, 10);
   return present.substr(0, dot) + "." + std::to_string(last + 1);
 }
 
@@ -126,8 +127,9 @@ void tick(World &world, const Device &device)
   if (deviceText(world, device, "upgradeStatus") != "upgrading")
     return;
   const auto percent = static_cast<int>(
-    world.store.number(device.kind->resource, device.index, "upgradePercent") + percentPerTick);
-  const std::string fate = deviceStatus(world, device) == "offline" ? "failed_file_push" : fateOf(world, device);
+      world.store.number(device.kind->resource, device.index, "upgradePercent") + percentPerTick);
+  const std::string fate =
+      deviceStatus(world, device) == "offline" ? "failed_file_push" : fateOf(world, device);
   for (const Step &step : steps)
     if (fate == step.failure && percent >= step.ends)
       return fail(world, device, step);

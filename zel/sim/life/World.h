@@ -13,7 +13,8 @@
 namespace zelsim
 {
 
-class Story;
+struct Faults;
+struct Story;
 
 // How the switch is to be, from the command line.
 struct Settings {
@@ -33,7 +34,8 @@ struct World {
   Rules rules;
   // For life: the same seed gives the same numbers. Never for secrets.
   std::mt19937_64 random;
-  Story *story = nullptr; // what the life keeps for itself; owned by whoever made it
+  Story *story = nullptr;   // what the life keeps for itself; the clock's actions own it
+  Faults *faults = nullptr; // the server's, for a switch that restarts; null where there is no server
 
   World(Settings switchSettings, Store &records)
       : settings(std::move(switchSettings)), store(records), random(settings.seed)

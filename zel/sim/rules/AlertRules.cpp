@@ -20,7 +20,8 @@ Problem checkAction(World &world, const Call &call)
   if (!call.has("alertInstanceId"))
     return {kMissingParameter, "alertInstanceId"};
   const auto instance = static_cast<unsigned>(call.number("alertInstanceId"));
-  return world.store.exists("unacknowledgedAlerts", instance) ? Problem() : Problem(kNotFound, "alertInstanceId");
+  return world.store.exists("unacknowledgedAlerts", instance) ? Problem()
+                                                              : Problem(kNotFound, "alertInstanceId");
 }
 
 Problem runAction(World &world, Call &call)

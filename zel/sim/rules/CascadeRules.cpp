@@ -70,9 +70,11 @@ Problem switchRoles(World &world)
   if (!peer)
     return kInvalidCascadeChange;
   const unsigned backup = peerHasControl(world) ? 1 : peer;
-  if (world.store.text("swx", backup, "status") != "ready" || world.store.text("swx", backup, "cascadeRole") != "backup")
+  if (world.store.text("swx", backup, "status") != "ready" ||
+      world.store.text("swx", backup, "cascadeRole") != "backup")
     return kBackupNotReady;
-  world.clock.after(changeTime, [&world, backup, peer] { giveControl(world, backup, backup == 1 ? peer : 1); });
+  world.clock.after(changeTime,
+                    [&world, backup, peer] { giveControl(world, backup, backup == 1 ? peer : 1); });
   return kOk;
 }
 

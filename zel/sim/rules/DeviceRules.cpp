@@ -18,7 +18,8 @@ constexpr Clock::Milliseconds rediscoveryTime = 20000;
 
 bool isOnePair(const World &world, const Device &device)
 {
-  return device.isSwitch() && (device.isSelf() || device.index == peerIndex(world)) && !peerEid(world).empty();
+  return device.isSwitch() && (device.isSelf() || device.index == peerIndex(world)) &&
+         !peerEid(world).empty();
 }
 
 Problem checkReset(const World &world, const Device &device, const Call &call)
@@ -67,7 +68,7 @@ void forgetTarget(World &world, unsigned txIndex)
 }
 
 // What is known of a device that announces itself: what it is, but nothing that was set.
-const char *const announced[] = {"eid",          "detailedDeviceType", "serialNumber", "partNumber",
+const char *const announced[] = {"eid", "detailedDeviceType", "serialNumber", "partNumber",
                                  "firmwareVersion"};
 const char *const announcedNumbers[] = {"attachedSwx", "attachedPort", "monitor", "portCount"};
 
@@ -101,7 +102,8 @@ Problem removeTraces(World &world, const Device &device)
     rediscover(world, device);
   removeCompanions(world, device);
   const auto swx = static_cast<unsigned>(
-    device.isSwitch() ? device.index : world.store.number(device.kind->resource, device.index, "attachedSwx"));
+      device.isSwitch() ? device.index
+                        : world.store.number(device.kind->resource, device.index, "attachedSwx"));
   world.clock.after(0, [&world, swx] {
     refreshPorts(world, swx);
     refreshPorts(world, 1);
@@ -119,10 +121,12 @@ void registerKind(Rules &rules, const DeviceKind *kind)
       beginReset(world, {kind, call.index}, call.text("reset"));
     return kOk;
   });
-  rules.check(kind->resource, Method::Delete,
-              [kind](World &world, const Call &call) { return checkRemoval(world, {kind, call.index}); });
-  rules.act(kind->resource, Method::Delete,
-            [kind](World &world, Call &call) { return removeTraces(world, {kind, call.index}); });
+  rules.check(kind->resource, Method::Delete, [kind](World &world, const Call &call) {
+    return checkRemoval(world, {kind, call.index});
+  });
+  rules.act(kind->resource, Method::Delete, [kind](World &world, Call &call) {
+    return removeTraces(world, {kind, call.index});
+  });
 }
 
 } // namespace

@@ -19,13 +19,13 @@ Value timingValue(const VideoTiming *timing)
   const auto number = [](unsigned value) { return static_cast<json_int_t>(value); };
   const auto polarity = [](bool positive) { return positive ? "positive_polarity" : "negative_polarity"; };
   const Json json(json_pack(
-    "{s:I,s:I,s:I,s:s,s:I,s:I,s:I,s:s,s:I,s:I,s:I}", "horizontalResolution", number(t.horizontalResolution),
-    "verticalResolution", number(t.verticalResolution), "pixelClockFrequency", number(t.pixelClock),
-    "horizontalSyncPolarity", polarity(t.horizontalPositive), "horizontalFrontPorch",
-    number(t.horizontalFrontPorch), "horizontalSyncWidth", number(t.horizontalSyncWidth), "horizontalBackPorch",
-    number(t.horizontalBackPorch), "verticalSyncPolarity", polarity(t.verticalPositive), "verticalFrontPorch",
-    number(t.verticalFrontPorch), "verticalSyncWidth", number(t.verticalSyncWidth), "verticalBackPorch",
-    number(t.verticalBackPorch)));
+      "{s:I,s:I,s:I,s:s,s:I,s:I,s:I,s:s,s:I,s:I,s:I}", "horizontalResolution", number(t.horizontalResolution),
+      "verticalResolution", number(t.verticalResolution), "pixelClockFrequency", number(t.pixelClock),
+      "horizontalSyncPolarity", polarity(t.horizontalPositive), "horizontalFrontPorch",
+      number(t.horizontalFrontPorch), "horizontalSyncWidth", number(t.horizontalSyncWidth),
+      "horizontalBackPorch", number(t.horizontalBackPorch), "verticalSyncPolarity",
+      polarity(t.verticalPositive), "verticalFrontPorch", number(t.verticalFrontPorch), "verticalSyncWidth",
+      number(t.verticalSyncWidth), "verticalBackPorch", number(t.verticalBackPorch)));
   return Value::nested(json.get());
 }
 
@@ -49,8 +49,9 @@ const VideoTiming *monitorTiming(const World &world, unsigned rxIndex)
 const VideoTiming *inputTiming(const World &world, unsigned rxIndex)
 {
   const unsigned connection = world.store.findNumber("connection", "rxIndex", rxIndex);
-  return connection ? timingAt(static_cast<std::size_t>(world.store.number("connection", connection, "txIndex")))
-                    : nullptr;
+  return connection
+             ? timingAt(static_cast<std::size_t>(world.store.number("connection", connection, "txIndex")))
+             : nullptr;
 }
 
 void registerTimings(Rules &rules)

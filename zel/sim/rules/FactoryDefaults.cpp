@@ -14,10 +14,10 @@ namespace
 
 // What a device is, as against how it is set.
 const std::vector<std::string_view> identity = {
-  "eid",          "detailedDeviceType", "status",        "usage",          "serialNumber",
-  "partNumber",   "firmwareVersion",    "nextFirmware",  "upgradeStatus",  "upgradePercent",
-  "upgradeIndex", "returnsAt",          "attachedSwx",   "attachedPort",   "monitor",
-  "portCount",    "keyboardLayout",     "pendingReset",
+    "eid",          "detailedDeviceType", "status",       "usage",         "serialNumber",
+    "partNumber",   "firmwareVersion",    "nextFirmware", "upgradeStatus", "upgradePercent",
+    "upgradeIndex", "returnsAt",          "attachedSwx",  "attachedPort",  "monitor",
+    "portCount",    "keyboardLayout",     "pendingReset",
 };
 
 void removeAll(World &world, const char *resource)
@@ -42,7 +42,8 @@ void restoreOne(World &world, const Device &device, bool keepNetwork)
   if (device.isSelf())
     world.store.setText("swx", 1, "mode", "master");
   if (device.isTransmitter()) {
-    world.store.setText("tx", device.index, "usbMode", world.store.text("cfgDefaults", 0, "txDefaultUsbMode"));
+    world.store.setText("tx", device.index, "usbMode",
+                        world.store.text("cfgDefaults", 0, "txDefaultUsbMode"));
     world.store.setText("tx", device.index, "trafficSetting",
                         world.store.text("cfgDefaults", 0, "txDefaultTrafficPriority"));
   }

@@ -15,7 +15,8 @@ struct Passage {
   const char *to;
 };
 
-constexpr Passage passages[] = {{"enrolling", "managed"}, {"managed", "verified"}, {"unenrolling", "non_managed"}};
+constexpr Passage passages[] = {
+    {"enrolling", "managed"}, {"managed", "verified"}, {"unenrolling", "non_managed"}};
 
 void setLinks(World &world, bool up)
 {

@@ -16,9 +16,9 @@ struct Passage {
 // What a request may make of "managedSetting". The way in begins at the manager, which is simulated by
 // control commands; the interface knows the way out.
 constexpr Passage passages[] = {
-  {"enrolling", "unenrolling"}, {"managed", "unenrolling"}, {"verified", "unenrolling"},
-  {"enrolling", "non_managed"}, {"managed", "non_managed"}, {"verified", "non_managed"},
-  {"unenrolling", "non_managed"},
+    {"enrolling", "unenrolling"},   {"managed", "unenrolling"}, {"verified", "unenrolling"},
+    {"enrolling", "non_managed"},   {"managed", "non_managed"}, {"verified", "non_managed"},
+    {"unenrolling", "non_managed"},
 };
 
 Problem checkChange(World &world, const Call &call)

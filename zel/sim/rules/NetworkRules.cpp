@@ -4,7 +4,6 @@
 #include "rules/RuleBook.h"
 #include "rules/TimeService.h"
 
-
 namespace zelsim
 {
 
@@ -26,15 +25,15 @@ struct Family {
 };
 
 constexpr Family families[] = {
-  {"ipv4", "ipv4ConfMethod", Form::IpV4, {"ipAddress", "subnetMask", "gatewayAddress"}},
-  {"ipv6", "ipv6ConfMethod", Form::IpV6, {"ipAddress", "gatewayAddress", nullptr}},
+    {"ipv4", "ipv4ConfMethod", Form::IpV4, {"ipAddress", "subnetMask", "gatewayAddress"}},
+    {"ipv6", "ipv6ConfMethod", Form::IpV6, {"ipAddress", "gatewayAddress", nullptr}},
 };
 
 // With static addresses, those that are named must be addresses, and the switch must end up with one.
 Problem checkFamily(const Family &family, const json_t *present, const json_t *given)
 {
   const std::string method =
-    json_object_get(given, family.method) ? textIn(given, family.method) : textIn(present, family.method);
+      json_object_get(given, family.method) ? textIn(given, family.method) : textIn(present, family.method);
   if (!given || method != "static")
     return kOk;
   for (const char *name : family.addresses)

@@ -20,8 +20,8 @@ Problem checkLogin(World &world, const Call &call)
   const unsigned user = indexIn(call, "userIndex"), rx = indexIn(call, "rxIndex");
   const Problem problem = mayLogIn(world, user, rx);
   if (problem && world.store.exists("rx", rx))
-    raiseAlertLater(world, AlertKind::FailedUserLogin, deviceEid(world, {&receivers, rx}), userLabel(world, user),
-                    deviceLabel(world, {&receivers, rx}));
+    raiseAlertLater(world, AlertKind::FailedUserLogin, deviceEid(world, {&receivers, rx}),
+                    userLabel(world, user), deviceLabel(world, {&receivers, rx}));
   return problem;
 }
 

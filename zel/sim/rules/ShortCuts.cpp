@@ -30,8 +30,8 @@ json_t *entryOf(json_t *list, const char *functionKey)
 
 json_t *newEntry(const char *functionKey)
 {
-  return json_pack("{s:s,s:s,s:s}", "functionKey", functionKey ? functionKey : "none", "action", "none", "txEID",
-                   "");
+  return json_pack("{s:s,s:s,s:s}", "functionKey", functionKey ? functionKey : "none", "action", "none",
+                   "txEID", "");
 }
 
 } // namespace

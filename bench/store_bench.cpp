@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+// Times of the store as the interface meets it, through the client library, against a zelsim of its own.
+// Prints one JSON object: microseconds, milliseconds, writes per second, megabytes.
+#include "TestStore.h"
+#include "ZelClient.h"
+#include "ZelObj.h"
+#include "ZelReq.h"
+#include "ZelReqUtil.h"
+#include "ZelRspUtil.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace
+{
+
+using Time = std::chrono::steady_clock::time_point;
+
+struct ClientCloser {
+  void operator()(ZelClient_s *client) const { ZelClient_close(client); }
+};
+using Client = std::unique_ptr<ZelClient_s, ClientCloser>;
+
+constexpr const char *sixParameters =
+    "[\"index\",\"eid\",\"name\",\"status\",\"firmwareVersion\",\"detailedDeviceType\"]";
+
+double micros(Time since)
+{
+  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - since).count();
+}
+
+double at(std::vector<double> &samples, double share)
+{
+  std::sort(samples.begin(), samples.end());
+  return samples[static_cast<std::size_t>(static_cast<double>(samples.size() - 1) * share)];
+}
+
+bool succeeded(json_t *response)
+{
+  return response && !ZelRspUtil_getObjectParam(response, "errors");
+}
+
+bool readOne(ZelClient_s *client, unsigned index)
+{
+  json_t *request = ZelReqUtil_newGetResource("rx");
+  ZelObj_setUInt32Object(request, "query", "index", index);
+  ZelObj_setSelect(request, "name");
+  json_t *response = ZelClient_getResponse(client, request);
+  bool good = succeeded(response) && ZelRspUtil_getStringParam(response, "name");
+  ZelReqUtil_free(request);
+  ZelRspUtil_free(response);
+  return good;
+}
+
+bool writeOne(ZelClient_s *client, unsigned index, unsigned number)
+{
+  json_t *request = ZelReqUtil_newSetResource("rx");
+  ZelReqUtil_setIntegerParam(request, "index", index);
+  ZelReqUtil_setStringParam(request, "description", std::to_string(number).c_str());
+  json_t *response = ZelReqUtil_submit(request, client);
+  bool good = succeeded(response);
+  ZelReqUtil_free(request);
+  ZelRspUtil_free(response);
+  return good;
+}
+
+int readList(ZelClient_s *client)
+{
+  json_t *response = ZelReq_rxRetrieve(client, sixParameters);
+  int rows = ZelRspUtil_numEntries(response);
+  ZelRspUtil_free(response);
+  return rows;
+}
+
+// Resident megabytes of a process.
+double residentMb(pid_t pid)
+{
+  std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+  std::string word;
+  double kilobytes = 0;
+  while (status >> word)
+    if (word == "VmRSS:")
+      status >> kilobytes;
+  return kilobytes / 1024;
+}
+
+void measureReads(ZelClient_s *client)
+{
+  std::vector<double> samples;
+  for (unsigned i = 0; i < 21000; ++i) {
+    Time start = std::chrono::steady_clock::now();
+    if (!readOne(client, 1 + i % 16))
+      std::fprintf(stderr, "store_bench: a read failed\n");
+    if (i >= 1000)
+      samples.push_back(micros(start));
+  }
+  std::printf("  \"read_one_median_us\": %.1f,\n  \"read_one_p99_us\": %.1f,\n", at(samples, 0.5),
+              at(samples, 0.99));
+}
+
+void measureLists(ZelClient_s *client)
+{
+  std::vector<double> changed;
+  std::vector<double> unchanged;
+  int rows = 0;
+  for (unsigned i = 0; i < 200; ++i) {
+    writeOne(client, 1 + i % 100, i + 1000);
+    Time start = std::chrono::steady_clock::now();
+    rows = readList(client);
+    changed.push_back(micros(start));
+    for (int again = 0; again < 20; ++again) {
+      start = std::chrono::steady_clock::now();
+      readList(client);
+      unchanged.push_back(micros(start));
+    }
+  }
+  std::printf(
+      "  \"list_rows\": %d,\n  \"list_changed_median_ms\": %.3f,\n  \"list_unchanged_median_us\": %.1f,\n",
+      rows, at(changed, 0.5) / 1000, at(unchanged, 0.5));
+}
+
+void measureWrites(unsigned clients, unsigned writesEach)
+{
+  std::vector<std::vector<double>> samples(clients);
+  std::vector<std::thread> threads;
+  std::atomic<unsigned> failures{0};
+  Time start = std::chrono::steady_clock::now();
+  for (unsigned c = 0; c < clients; ++c)
+    threads.emplace_back([&samples, &failures, c, writesEach] {
+      Client client(ZelClient_new());
+      for (unsigned i = 0; i < writesEach; ++i) {
+        Time sent = std::chrono::steady_clock::now();
+        if (!writeOne(client.get(), c + 1, i))
+          ++failures;
+        samples[c].push_back(micros(sent));
+      }
+    });
+  for (std::thread &thread : threads)
+    thread.join();
+  double seconds = micros(start) / 1e6;
+  std::vector<double> all;
+  for (const auto &some : samples)
+    all.insert(all.end(), some.begin(), some.end());
+  std::printf("  \"write_clients\": %u,\n  \"write_failures\": %u,\n  \"writes_per_second\": %.0f,\n"
+              "  \"write_ack_median_ms\": %.2f,\n  \"write_ack_p99_ms\": %.2f,\n",
+              clients, failures.load(), clients * writesEach / seconds, at(all, 0.5) / 1000,
+              at(all, 0.99) / 1000);
+}
+
+double measureFleet(unsigned fleet, double &seconds)
+{
+  TestStore::Options options;
+  options.fleet = fleet;
+  Time start = std::chrono::steady_clock::now();
+  TestStore store(options);
+  seconds = micros(start) / 1e6;
+  Client client(ZelClient_new());
+  readList(client.get());
+  return residentMb(store.pid());
+}
+
+} // namespace
+
+int main()
+{
+  std::printf("{\n");
+  {
+    TestStore store;
+    Client client(ZelClient_new());
+    std::printf("  \"resident_lab_mb\": %.1f,\n", residentMb(store.pid()));
+    measureReads(client.get());
+    measureWrites(16, 250);
+  }
+  {
+    TestStore::Options options;
+    options.fleet = 500;
+    TestStore store(options);
+    Client client(ZelClient_new());
+    measureLists(client.get());
+  }
+  double seconds = 0;
+  double resident = measureFleet(2500, seconds);
+  std::printf("  \"fleet_devices\": 5000,\n  \"fleet_start_s\": %.2f,\n  \"resident_fleet_mb\": %.1f\n}\n",
+              seconds, resident);
+}
