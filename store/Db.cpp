@@ -41,6 +41,6 @@ void Db::zelObjFree(json_t *&object)
 
 unsigned int Db::getIndexOfCurrentlyLoggedInNevoUsr()
 {
-  const StoreSession *session = StoreSession::current();
+  StoreSession *session = StoreSession::current();
   return session ? session->getIndexOfCurrentlyLoggedInUsr() : 0;
 }

@@ -204,8 +204,8 @@ public:
   // `deviceType` is "rx"; anything else means a transmitter.
   unsigned int pullEdidFromDevice(const std::string &deviceType, unsigned int deviceIndex,
                                   const std::string &name, const std::string &description, Errors &errors);
-  // Lets the display of the device with that EID flash. The store takes no duration of 0: 0 goes out as 1,
-  // and so that the two stay apart, 1 as 2.
+  // Lets the display of the device with that EID flash for so many seconds; the resource is one of commands
+  // ("rxControl", "txControl", "swxControl"). 0 goes out as 1 and 1 as 2, any other value as it is.
   unsigned int triggerLcdBacklightFlash(const char *resource, const std::string &eid, unsigned int duration,
                                         Errors &errors);
   unsigned int requestDeviceReboot(const char *resource, unsigned int index, Errors &errors);

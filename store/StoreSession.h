@@ -19,7 +19,7 @@ public:
   // Closes the connection if it is good; the next getZelClient() opens another.
   virtual void closeZelClient() = 0;
   // Record of the logged-in user in "user"; 0 before a login.
-  virtual unsigned int getIndexOfCurrentlyLoggedInUsr() const = 0;
+  virtual unsigned int getIndexOfCurrentlyLoggedInUsr() = 0;
 
   // The session whose code is running; null outside any session.
   static StoreSession *current();

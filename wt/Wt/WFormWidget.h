@@ -7,6 +7,8 @@
 
 namespace Wt {
 
+class WLabel;
+
 /**
  * Base of the widgets that hold a value which the user may change.
  *
@@ -43,6 +45,9 @@ public:
   void setEmptyText(const WString &text);
   const WString &emptyText() const;
 
+  /// The label that has this widget as its buddy, or null.
+  WLabel *label() const;
+
   /// The user has changed the value (texts: when the field is left, or with Enter).
   EventSignal<> &changed() { return eventSignal<NoClass>("change"); }
   EventSignal<> &selected() { return eventSignal<NoClass>("select"); }
@@ -51,10 +56,13 @@ public:
 
 protected:
   void render(Dom::Element &e) override;
+  void finishRender(Dom::Element &e) override;
   void addOwnClasses(std::string &classes) const override;
+  const WString *toolTipOverride() const override;
   void propagateSetEnabled(bool enabled) override;
-  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go; by default the
-  /// widget's element.
+  void domValue(Dom::Element &at, const std::string &value) override;
+  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go, at the end of the
+  /// rendering; by default the widget's element.
   virtual Dom::Element *fieldElement() const { return element_; }
 
   /// Sets what the browser's field holds. `key` is ".value", ".checked" or the like.
@@ -70,10 +78,15 @@ private:
   struct Rare;
 
   Rare &formRare();
+  void setLabel(WLabel *label);
+  WValidator::Result judge();
+  void validatorChanged();
+  void validatorGone();
   std::string validatorConfiguration() const;
 
   std::unique_ptr<Rare> formRare_;
   bool readOnly_ = false;
+  bool unjudged_ = false; ///< has a validator that was not asked yet
 };
 
 } // namespace Wt

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WText>
 
+#include "base/Log.h"
+#include "base/RichText.h"
 #include "dom/Document.h"
-#include "dom/RichText.h"
-#include "session/Log.h"
+#include "dom/RichContent.h"
 
 #include <Wt/WContainerWidget>
 
 namespace Wt {
 
 namespace {
+
+/// Most texts have none, and need not be read.
+bool hasMarkup(const std::string &text)
+{
+  return text.find_first_of("<&") != text.npos;
+}
 
 bool beginsBlock(const std::string &xhtml)
 {
@@ -44,12 +51,12 @@ bool WText::filter()
   if (format_ == PlainText || trusted())
     return true;
   const std::string text = text_.toUTF8();
-  const Dom::RichText rich = Dom::RichText::parse(text, false);
-  if (!rich.wellFormed())
-    return false;
-  if (text_.literal() && rich.filtered() != text)
-    text_ = WString::fromUTF8(rich.filtered());
-  return true;
+  if (!hasMarkup(text))
+    return true;
+  const auto rich = Engine::RichText::parse(text);
+  if (rich && text_.literal())
+    text_ = WString::fromUTF8(rich->markup());
+  return rich.has_value();
 }
 
 bool WText::setText(const WString &text)
@@ -92,7 +99,7 @@ void WText::setTextAlignment(AlignmentFlag alignment)
 void WText::setPadding(const WLength &padding, WFlags<Side> sides)
 {
   if (sides.value() & (Top | Bottom).value()) {
-    Engine::log("error", "WText::setPadding: only left and right have an effect");
+    Engine::log(Engine::LogLevel::Error, "WText", "setPadding: only left and right have an effect");
     sides = WFlags<Side>(sides) & (Left | Right);
   }
   if (!padding_)
@@ -145,20 +152,17 @@ void WText::renderContents(Dom::Element &e)
 {
   const std::string text = text_.toUTF8();
   std::string rich;
-  std::string plain;
+  std::string plain = text;
   if (format_ == PlainText) {
-    if (text.find('\n') == text.npos)
-      plain = text;
-    else
-      rich = Dom::RichText::plainContent(text);
-  } else {
-    const Dom::RichText parsed = Dom::RichText::parse(text, trusted());
-    if (!parsed.wellFormed())
-      plain = text;
-    else if (parsed.isPlain())
-      plain = parsed.plainText();
-    else
-      rich = parsed.content();
+    if (text.find('\n') != text.npos)
+      rich = Dom::plainContent(text);
+  } else if (hasMarkup(text)) {
+    const auto trust = trusted() ? Engine::RichText::Trust::Program : Engine::RichText::Trust::None;
+    const auto parsed = Engine::RichText::parse(text, trust);
+    if (parsed && parsed->nodes().size() == 1 && parsed->nodes().front().isText())
+      plain = parsed->plainText();
+    else if (parsed)
+      rich = Dom::richContent(*parsed);
   }
   if (rich.empty()) {
     e.unset("<");

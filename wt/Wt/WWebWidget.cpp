@@ -2,11 +2,12 @@
 #include <Wt/WWebWidget>
 
 #include "base/EventAccess.h"
+#include "base/Log.h"
 #include "base/RawEvent.h"
+#include "base/RichText.h"
 #include "dom/Document.h"
 #include "dom/JsonText.h"
-#include "dom/RichText.h"
-#include "session/Log.h"
+#include "dom/RichContent.h"
 #include "session/Page.h"
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
@@ -251,7 +252,7 @@ WLength WWebWidget::margin(Side side) const
 void WWebWidget::setVerticalAlignment(AlignmentFlag alignment, const WLength &length)
 {
   if (alignment & ~verticalFlags) {
-    Engine::log("error", "setVerticalAlignment: a horizontal alignment was given");
+    Engine::log(Engine::LogLevel::Error, "WWebWidget", "setVerticalAlignment: a horizontal alignment was given");
     return;
   }
   box().verticalAlignment = alignment;
@@ -389,7 +390,7 @@ bool WWebWidget::hasStyleClass(const WString &styleClass) const
 void WWebWidget::setAttributeValue(const std::string &name, const WString &value)
 {
   if (!plainAttributeName(name)) {
-    Engine::log("error", "setAttributeValue: '" + name + "' cannot be set");
+    Engine::log(Engine::LogLevel::Error, "WWebWidget", "setAttributeValue: '" + name + "' cannot be set");
     return;
   }
   auto &attributes = rare().attributes;
@@ -548,6 +549,11 @@ const char *WWebWidget::displayStyle() const
 
 void WWebWidget::addOwnClasses(std::string &) const {}
 
+const WString *WWebWidget::toolTipOverride() const
+{
+  return nullptr;
+}
+
 const char *WWebWidget::listenerFlags(const char *) const
 {
   return "";
@@ -568,6 +574,7 @@ void WWebWidget::renderAll(Dom::Element &e)
 {
   render(e);
   renderContents(e);
+  finishRender(e);
 }
 
 /// Renders a marked widget, whose element may have to be of another kind now.
@@ -593,6 +600,7 @@ void WWebWidget::render(Dom::Element &e)
   const char *display = displayStyle();
   e.setIf(display, "*display", display ? display : "");
   e.setIf(flags_ & SizeAwareFlag, "!size", "1");
+  renderToolTip(e);
   if (!rare_)
     return;
   if (rare_->box) {
@@ -601,7 +609,6 @@ void WWebWidget::render(Dom::Element &e)
   }
   for (const auto &attribute : rare_->attributes)
     e.set(e.document().intern(attribute.first), attribute.second.toUTF8());
-  renderToolTip(e);
   renderListeners(e);
 }
 
@@ -653,12 +660,18 @@ void WWebWidget::renderMargins(Dom::Element &e)
 
 void WWebWidget::renderToolTip(Dom::Element &e)
 {
-  const std::string text = rare_->tip ? rare_->tip->text.toUTF8() : std::string();
+  const WString *override = toolTipOverride();
+  const Tip *tip = rare_ ? rare_->tip.get() : nullptr;
+  if (!override && !tip && !e.get("title") && !e.get("!tip"))
+    return;
+  const std::string text = override ? override->toUTF8() : tip ? tip->text.toUTF8() : std::string();
   std::string rich;
-  if (!text.empty() && rare_->tip->format != PlainText) {
-    const Dom::RichText parsed = Dom::RichText::parse(text, !rare_->tip->text.literal());
-    if (parsed.wellFormed())
-      rich = parsed.content();
+  if (!override && tip && tip->format != PlainText && !text.empty()) {
+    const bool own = !tip->text.literal() && tip->text.args().empty();
+    const auto parsed = Engine::RichText::parse(text, own ? Engine::RichText::Trust::Program
+                                                          : Engine::RichText::Trust::None);
+    if (parsed)
+      rich = Dom::richContent(*parsed);
   }
   e.setIf(!rich.empty(), "!tip", rich);
   e.setIf(rich.empty() && !text.empty(), "title", text);
@@ -678,6 +691,8 @@ void WWebWidget::renderContents(Dom::Element &e)
   if (!children.empty() || !e.children().empty())
     place(e, children);
 }
+
+void WWebWidget::finishRender(Dom::Element &) {}
 
 void WWebWidget::place(Dom::Element &into, const std::vector<WWidget *> &children)
 {

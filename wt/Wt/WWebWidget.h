@@ -104,6 +104,8 @@ protected:
   virtual const char *domTag() const;
   virtual void render(Dom::Element &e);
   virtual void renderContents(Dom::Element &e);
+  /// Comes last, when the parts are there.
+  virtual void finishRender(Dom::Element &e);
   /// The children that renderContents() places, in order.
   virtual std::vector<WWidget *> renderedChildren();
   /// The value of *display, a literal; null leaves it to the style sheets. By default "inline-block" or "block"
@@ -111,6 +113,8 @@ protected:
   virtual const char *displayStyle() const;
   /// Appends " name" for each class that is not in styleClass() but part of the element's class all the same.
   virtual void addOwnClasses(std::string &classes) const;
+  /// A text that stands in for the tool tip, or null.
+  virtual const WString *toolTipOverride() const;
   /// The listener's flags (Dom::Element, "@") of an event that is listened to: 'p' prevents the default action,
   /// 's' stops propagation.
   virtual const char *listenerFlags(const char *eventName) const;
@@ -120,6 +124,8 @@ protected:
   virtual void handleDomEvent(Dom::Element &at, const Engine::RawEvent &event);
   /// What the form element `at` now holds. The base ignores it.
   virtual void formValue(Dom::Element &at, const std::string &value);
+  /// Gives the value to formValue() if the widget is enabled.
+  void domValue(Dom::Element &at, const std::string &value) override;
   /// The widget's element, or a part of it, is being destroyed. An override calls the base's.
   void domGone(Dom::Element &gone) noexcept override;
 
@@ -168,7 +174,6 @@ private:
   struct Rare;
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
-  void domValue(Dom::Element &at, const std::string &value) final;
   WWebWidget *ownerWidget() noexcept final { return this; }
 
   Rare &rare();

@@ -122,6 +122,7 @@ protected:
 private:
   friend class WWebWidget;
   friend class WCompositeWidget;
+  friend class WContainerWidget;
   friend struct Engine::WidgetAccess;
 };
 

@@ -56,10 +56,12 @@ const char *logLevelName(LogLevel level)
   return names[static_cast<int>(level)];
 }
 
-void setLogSink(LogSink function)
+LogSink setLogSink(LogSink function)
 {
   std::lock_guard<std::mutex> lock(sink().mutex);
+  LogSink former = sink().function ? *sink().function : LogSink();
   sink().function = function ? std::make_shared<const LogSink>(std::move(function)) : nullptr;
+  return former;
 }
 
 void setLogLevel(LogLevel level)

@@ -13,9 +13,9 @@ enum class LogLevel { Debug, Info, Warning, Error, Fatal };
 
 typedef std::function<void(LogLevel level, std::string_view scope, std::string_view message)> LogSink;
 
-/// Where messages go instead of stderr; an empty sink restores that. May be called from any thread, as is the
-/// sink itself.
-void setLogSink(LogSink sink);
+/// Where messages go instead of stderr; an empty sink restores that. Gives back the former sink. May be called from
+/// any thread, as is the sink itself.
+LogSink setLogSink(LogSink sink);
 
 /// Messages below the level are dropped; Info at first.
 void setLogLevel(LogLevel level);

@@ -12,9 +12,9 @@ std::atomic<ResourceUrlSource> resourceUrlSource{nullptr};
 
 } // namespace
 
-void setResourceUrlSource(ResourceUrlSource source)
+ResourceUrlSource setResourceUrlSource(ResourceUrlSource source)
 {
-  resourceUrlSource = source;
+  return resourceUrlSource.exchange(source);
 }
 
 std::string resourceUrl(WResource *resource)

@@ -10,9 +10,9 @@ class WResource;
 
 namespace Engine {
 
-/// How a link learns the URL of a resource; set once by the engine. Until then it is "".
+/// How a link learns the URL of a resource; set by the engine, until then it is "". Gives back the former.
 typedef std::string (*ResourceUrlSource)(WResource *resource);
-void setResourceUrlSource(ResourceUrlSource source);
+ResourceUrlSource setResourceUrlSource(ResourceUrlSource source);
 std::string resourceUrl(WResource *resource);
 
 } // namespace Engine

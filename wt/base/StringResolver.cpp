@@ -14,19 +14,19 @@ std::atomic<LocaleSource> localeSource{nullptr};
 
 } // namespace
 
-void setStringResolver(StringResolver resolver)
+StringResolver setStringResolver(StringResolver resolver)
 {
-  stringResolver = resolver;
+  return stringResolver.exchange(resolver);
 }
 
-void setPluralResolver(PluralResolver resolver)
+PluralResolver setPluralResolver(PluralResolver resolver)
 {
-  pluralResolver = resolver;
+  return pluralResolver.exchange(resolver);
 }
 
-void setLocaleSource(LocaleSource source)
+LocaleSource setLocaleSource(LocaleSource source)
 {
-  localeSource = source;
+  return localeSource.exchange(source);
 }
 
 bool resolveString(const std::string &key, std::string &result)

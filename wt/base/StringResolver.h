@@ -18,9 +18,10 @@ typedef bool (*PluralResolver)(const std::string &key, std::string &result, std:
 /// The name of the session's locale, such as "en-GB".
 typedef std::string (*LocaleSource)();
 
-void setStringResolver(StringResolver resolver);
-void setPluralResolver(PluralResolver resolver);
-void setLocaleSource(LocaleSource source);
+// Each gives back what was set before.
+StringResolver setStringResolver(StringResolver resolver);
+PluralResolver setPluralResolver(PluralResolver resolver);
+LocaleSource setLocaleSource(LocaleSource source);
 
 bool resolveString(const std::string &key, std::string &result);
 bool resolvePlural(const std::string &key, std::string &result, std::uint64_t amount);

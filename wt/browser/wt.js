@@ -49,6 +49,8 @@ const commands = {};
 const flags = new Set(['checked', 'disabled', 'indeterminate', 'readOnly']);
 /// Tags that stand for a tag with a class and a role.
 const aliases = { '~r': ['div', 'Wt-tv-row', 'row'], '~c': ['div', 'Wt-tv-c', 'gridcell'] };
+/// What elements of a tag are from the start.
+const defaults = { button: { type: 'button' }, input: { size: 10 }, textarea: { rows: 5 } };
 /// Script properties that the runtime gives a meaning of its own, by name: (el, value or null).
 const properties = {};
 
@@ -64,6 +66,7 @@ function make([id, tag, settings, ...children]) {
     el.className = alias[1];
     el.setAttribute('role', alias[2]);
   }
+  Object.assign(el, defaults[tag]);
   for (const child of children) el.append(make(child));
   for (const key in settings) change(el, key, settings[key]);
   return el;
@@ -241,7 +244,9 @@ const derived = {
 
 function listen(el, name, value) {
   const { listeners } = stateOf(el);
-  const [type, matches] = derived[name] ?? [name];
+  // A label hears of its input: the focus, which does not bubble by itself, and one of the two clicks.
+  const label = el.tagName === 'LABEL';
+  const [type, matches] = derived[name] ?? [(label && { focus: 'focusin', blur: 'focusout' }[name]) || name];
   if (listeners[name]) {
     el.removeEventListener(type, listeners[name]);
     delete listeners[name];
@@ -250,6 +255,7 @@ function listen(el, name, value) {
   const prevent = value.includes('p'), stop = value.includes('s');
   const listener = listeners[name] = e => {
     if (matches && !matches(e)) return;
+    if (label && name === 'click' && e.target.tagName !== 'INPUT') return;
     if (prevent) e.preventDefault();
     if (stop) e.stopPropagation();
     if (el.disabled) return;
@@ -332,6 +338,7 @@ function flush() {
   }
   if (focus !== focusTold) message.f = focusTold = focus;
   if (events.length) {
+    events.unshift(...changedSelection());
     message.e = events;
     events = [];
   }
@@ -474,6 +481,359 @@ behaviours.size = {
 };
 
 // ==== behaviours of form widgets, dialogs and tabs ================================================================
+
+// In a layer, so that any style sheet of the application has the last word.
+const formSheet = new CSSStyleSheet();
+formSheet.replaceSync(`@layer wt{
+.Wt-cell-middle{vertical-align:middle}.Wt-cell-bottom{vertical-align:bottom}.Wt-cell-baseline{vertical-align:baseline}
+.Wt-tabwidget{display:flex;flex-direction:column;min-width:0;min-height:0}
+.Wt-tabwidget>.Wt-stack{flex:1 1 auto;min-height:0}
+.Wt-tabs{display:flex;flex-wrap:wrap;margin:0;padding:0;list-style:none}
+.Wt-tabs a{display:block;padding:4px 12px;cursor:pointer}
+.Wt-tabs>.itemselected>a{font-weight:600;text-decoration:underline}
+.Wt-progressbar{display:inline-block;position:relative;width:150px;height:20px;border:1px solid;overflow:hidden}
+.Wt-pgb-bar{height:100%;background:#9cf}
+.Wt-pgb-label{position:absolute;inset:0;text-align:center}
+.Wt-dialogcover{position:fixed;inset:0;z-index:100;background:#0006}
+.Wt-dialogcover:has(~.Wt-dialogcover){background:none}
+.Wt-dialog{position:fixed;z-index:100;inset:0;width:fit-content;height:fit-content;margin:auto;max-width:calc(100vw - 16px);max-height:calc(100vh - 16px);border:1px solid;background:Canvas;color:CanvasText;overflow:auto}
+.Wt-dialog:focus{outline:none}
+.Wt-dialog.Wt-resizable{resize:both}
+.dialog-layout{display:flex;flex-direction:column;height:100%;max-height:inherit}
+.dialog-layout>.body{flex:1 1 auto;min-height:0;overflow:auto}
+.titlebar h4{margin:0}
+.movable>.titlebar{cursor:move}
+.closeicon{float:right;cursor:pointer}
+.closeicon::before{content:"×"}
+input.Wt-invalid,textarea.Wt-invalid,select.Wt-invalid{outline:2px solid #b00020}
+.Wt-progressbar[hidden]{display:none}
+}`);
+document.adoptedStyleSheets.push(formSheet);
+
+const focusable = 'a[href],button,input,select,textarea,[tabindex]';
+
+function focusablesIn(el, selector = focusable) {
+  return [...el.querySelectorAll(selector)].filter(canFocus);
+}
+
+function canFocus(el) {
+  return !el.disabled && el.tabIndex >= 0 && !el.closest('[inert]') && el.getClientRects().length > 0;
+}
+
+let namesGiven = 0;
+/// The id of an element that an attribute is to name.
+const nameOf = el => (el.id ||= 'wt-' + ++namesGiven);
+
+const handlers = new WeakMap(); // by element: what ends the listeners of each of its behaviours
+
+/// Listeners that live as long as the behaviour `name` of the element.
+function handle(el, name, listeners) {
+  if (!handlers.has(el)) handlers.set(el, {});
+  const { signal } = (handlers.get(el)[name] = new AbortController());
+  for (const type in listeners) el.addEventListener(type, listeners[type], { signal });
+}
+
+const unhandle = name => el => handlers.get(el)?.[name]?.abort();
+const configOf = (el, name) => stateOf(el).behaviours[name];
+
+// ---- fields
+
+/// The state between comes with the property that the two others have.
+properties.checked = (el, value) => {
+  el.indeterminate = value === '-';
+  el.checked = value === '1';
+};
+
+/// The server's verdict on a text (WValidator and its kin), with the same rules.
+function isValid(text, rule) {
+  if (text === '') return !rule.m;
+  if (rule.lo !== undefined) return /^[-+]?[0-9]{1,12}$/.test(text) && +text >= rule.lo && +text <= rule.hi;
+  if (rule.re === undefined) return true;
+  try {
+    return new RegExp(`^(?:${rule.re})$`, rule.i ? 'i' : '').test(text);
+  } catch {
+    return true; // Only the server can tell.
+  }
+}
+
+const textToJudge = el => (el.tagName === 'SELECT' ? el.selectedOptions[0]?.text ?? '' : el.value);
+
+function judge(el) {
+  const bad = !isValid(textToJudge(el), configOf(el, 'valid'));
+  el.classList.toggle('Wt-invalid', bad);
+  if (bad) el.setAttribute('aria-invalid', 'true');
+  else el.removeAttribute('aria-invalid');
+}
+
+behaviours.valid = {
+  attach(el) {
+    handle(el, 'valid', {
+      input() { judge(el); },
+      beforeinput(e) {
+        const typed = e.inputType === 'insertText' && e.data;
+        if (typed && configOf(el, 'valid').lo !== undefined && /[^-+0-9]/.test(typed)) e.preventDefault();
+      },
+    });
+  },
+  detach: unhandle('valid'),
+};
+
+const selectionsTold = new WeakMap();
+
+/// What to tell of the selection in the focused text field, if it has changed.
+function changedSelection() {
+  const el = document.activeElement;
+  if (!el || stateOf(el)?.behaviours.sel === undefined || el.selectionStart === null) return [];
+  const now = [el.selectionStart, el.selectionEnd];
+  if (String(selectionsTold.get(el) ?? [0, 0]) === String(now)) return [];
+  selectionsTold.set(el, now);
+  return [[stateOf(el).id, 'sel', { a: now }]];
+}
+behaviours.sel = {};
+
+/// A check box that a click takes through all three states: off, between, on.
+behaviours.tri = {
+  attach(el) {
+    let before = null;
+    const remember = () => { before = { checked: el.checked, between: el.indeterminate }; };
+    const { signal } = (handlers.get(el) ?? handlers.set(el, {}).get(el)).tri = new AbortController();
+    for (const type of ['pointerdown', 'keydown']) (el.parentElement ?? el).addEventListener(type, remember, { capture: true, signal });
+    el.addEventListener('click', () => {
+      const was = before ?? { checked: !el.checked, between: false };
+      before = null;
+      el.indeterminate = !was.checked && !was.between;
+      el.checked = was.between;
+    }, { signal });
+  },
+  detach: unhandle('tri'),
+};
+
+// ---- buttons of all kinds
+
+/// A button that leads somewhere: u address, t target, d whether to download.
+behaviours.link = {
+  attach(el) {
+    handle(el, 'link', {
+      click() {
+        const { u, t, d } = configOf(el, 'link');
+        if (unsafe(u)) return;
+        const a = document.createElement('a');
+        a.href = u;
+        a.rel = 'noopener noreferrer';
+        if (t) a.target = t;
+        if (d) a.download = '';
+        a.click();
+      },
+    });
+  },
+  detach: unhandle('link'),
+};
+
+/// The words that stand nearest to an element that has none of its own.
+function wordsAround(el) {
+  for (let around = el.parentElement; around && around !== document.body; around = around.parentElement) {
+    const text = around.textContent.trim();
+    if (text) return text.slice(0, 80);
+  }
+  return '';
+}
+
+/// Something that is no button but is pressed like one, r its role. A press by keyboard goes up like a mouse's.
+behaviours.press = {
+  attach(el, { r }) {
+    el.tabIndex = 0;
+    el.setAttribute('role', r);
+    if (!el.alt && !el.textContent.trim() && !el.querySelector('img[alt]:not([alt=""])') && !el.hasAttribute('aria-label')) {
+      el.setAttribute('aria-label', wordsAround(el) || '…');
+    }
+    handle(el, 'press', {
+      keydown(e) {
+        if ((e.key !== 'Enter' && e.key !== ' ') || e.target !== el) return;
+        e.preventDefault();
+        for (const type of ['mousedown', 'mouseup', 'click']) el.dispatchEvent(new MouseEvent(type, { bubbles: true, cancelable: true, view: window }));
+      },
+    });
+  },
+  detach(el) {
+    unhandle('press')(el);
+    el.removeAttribute('tabindex');
+    el.removeAttribute('role');
+  },
+};
+
+// ---- tabs
+
+const usable = tab => tab.getAttribute('aria-disabled') !== 'true' && tab.getClientRects().length > 0;
+
+/// Names the shown page by its tab, and the tab's page, for who cannot see them.
+function nameTabs(strip) {
+  const tab = strip.querySelector('[role=tab][aria-selected=true]');
+  const page = [...strip.parentElement?.lastElementChild.children ?? []].find(el => !el.hidden);
+  if (!tab || !page) return;
+  for (const other of strip.querySelectorAll('[aria-controls]')) other.removeAttribute('aria-controls');
+  page.setAttribute('aria-labelledby', nameOf(tab));
+  tab.setAttribute('aria-controls', nameOf(page));
+}
+
+/// A strip of tabs: one of them is a stop of the Tab key, the arrows choose among them.
+behaviours.tabs = {
+  attach(el) {
+    const go = tab => {
+      tab?.focus();
+      tab?.click();
+    };
+    handle(el, 'tabs', {
+      keydown(e) {
+        const all = [...el.querySelectorAll('[role=tab]')].filter(usable);
+        const at = all.indexOf(e.target);
+        if (at < 0 || e.altKey || e.ctrlKey || e.metaKey) return;
+        const forward = getComputedStyle(el).direction === 'rtl' ? -1 : 1;
+        const by = { ArrowRight: forward, ArrowLeft: -forward, ArrowDown: 1, ArrowUp: -1 }[e.key];
+        if (by) go(all[(at + by + all.length) % all.length]);
+        else if (e.key === 'Home') go(all[0]);
+        else if (e.key === 'End') go(all.at(-1));
+        else if (e.key === 'Enter' || e.key === ' ') e.target.click();
+        else return;
+        e.preventDefault();
+      },
+    });
+    const watch = new MutationObserver(() => nameTabs(el));
+    watch.observe(el, { subtree: true, attributes: true, attributeFilter: ['aria-selected'] });
+    handlers.get(el).tabs.signal.addEventListener('abort', () => watch.disconnect());
+    queueMicrotask(() => nameTabs(el));
+  },
+  detach: unhandle('tabs'),
+};
+
+// ---- dialogs: m modal, e Escape rejects, v movable by the title bar
+
+const dialogs = []; // shown ones, the topmost last: { el, opener }
+
+const topModal = () => dialogs.findLast(dialog => configOf(dialog.el, 'dialog').m);
+
+/// What lies below the topmost modal dialog can be neither reached nor read out.
+function coverPage() {
+  const top = topModal();
+  const siblings = top ? [...top.el.parentElement.children] : [];
+  const covered = new Set(siblings.slice(0, siblings.indexOf(top?.el)));
+  for (const el of document.querySelectorAll('[data-wt-covered]')) {
+    if (covered.delete(el)) continue;
+    el.inert = false;
+    delete el.dataset.wtCovered;
+  }
+  for (const el of covered) {
+    el.inert = true;
+    el.dataset.wtCovered = '';
+  }
+}
+
+function enterDialog({ el }) {
+  if (!el.isConnected || el.contains(document.activeElement)) return;
+  (focusablesIn(el, 'input,select,textarea')[0] ?? el).focus({ preventScroll: true });
+}
+
+/// The focus goes back to where it came from, unless somebody else has it by now.
+function leaveDialog({ el, opener }) {
+  const now = document.activeElement;
+  if (now && now !== document.body && !el.contains(now)) return;
+  if (opener?.isConnected && canFocus(opener)) opener.focus({ preventScroll: true });
+  else if (topModal()) enterDialog(topModal());
+}
+
+function nameDialog(el) {
+  const bar = el.querySelector('.titlebar');
+  const label = bar?.textContent.trim() ? bar : el.querySelector('.body');
+  if (label) el.setAttribute('aria-labelledby', nameOf(label));
+}
+
+function turnAround(el, e) {
+  const stops = focusablesIn(el);
+  const now = document.activeElement;
+  const edge = e.shiftKey ? stops[0] : stops.at(-1);
+  if (el.contains(now) && now !== el && now !== edge) return;
+  if (now === el && !e.shiftKey && stops.length) return;
+  e.preventDefault();
+  (e.shiftKey ? stops.at(-1) : stops[0])?.focus();
+}
+
+document.addEventListener('keydown', e => {
+  const top = dialogs.at(-1);
+  if (!top || e.defaultPrevented || e.isComposing) return;
+  const { e: escapes, m: modal } = configOf(top.el, 'dialog');
+  if (e.key === 'Escape' && escapes) {
+    e.preventDefault();
+    tell(top.el, 'dialog:escape');
+  } else if (e.key === 'Tab' && modal) {
+    turnAround(top.el, e);
+  } else if (e.key === 'Enter' && top.el.contains(e.target) && e.target.matches('input:not([type=checkbox]),select')) {
+    focusablesIn(top.el, 'button.Wt-btn-default')[0]?.click();
+  }
+});
+
+function moveDialog(el, e) {
+  const inBar = e.target.closest('.titlebar');
+  if (!configOf(el, 'dialog').v || e.button !== 0 || !inBar || e.target.closest(focusable)) return;
+  const box = el.getBoundingClientRect();
+  followPointer(inBar, e, (dx, dy) => {
+    const left = Math.min(Math.max(box.left + dx, 48 - box.width), innerWidth - 48);
+    const top = Math.min(Math.max(box.top + dy, 0), innerHeight - 24);
+    Object.assign(el.style, { left: left + 'px', top: top + 'px', right: 'auto', bottom: 'auto', margin: '0' });
+  });
+}
+
+behaviours.dialog = {
+  attach(el) {
+    const dialog = { el, opener: document.activeElement };
+    dialogs.push(dialog);
+    el.tabIndex = -1;
+    nameDialog(el);
+    handle(el, 'dialog', { pointerdown(e) { moveDialog(el, e); } });
+    queueMicrotask(() => {
+      coverPage();
+      enterDialog(dialog);
+    });
+  },
+  update: () => queueMicrotask(coverPage),
+  detach(el) {
+    unhandle('dialog')(el);
+    const [gone] = dialogs.splice(dialogs.findIndex(dialog => dialog.el === el), 1);
+    queueMicrotask(() => {
+      coverPage();
+      leaveDialog(gone);
+    });
+  },
+};
+
+// ---- uploads
+
+const transfers = new WeakMap();
+
+/// Sends the chosen file, apart from the connection that events take. The server knows of the end by itself, but for
+/// what never reaches it.
+commands.upload = (el, url, largest) => {
+  const file = el.querySelector('input[type=file]').files[0];
+  if (!file) return tell(el, 'upload:empty');
+  if (file.size > largest) return tell(el, 'upload:toolarge', { a: [file.size] });
+  const form = new FormData();
+  form.append('file', file, file.name);
+  const request = new XMLHttpRequest();
+  transfers.set(el, request);
+  request.open('POST', url);
+  request.onloadend = () => {
+    transfers.delete(el);
+    if (request.status === 413) tell(el, 'upload:toolarge', { a: [file.size] });
+    else if (request.status !== 200) tell(el, 'upload:failed');
+  };
+  request.send(form);
+};
+
+behaviours.upload = {
+  attach(el) { handle(el, 'upload', { submit(e) { e.preventDefault(); } }); },
+  detach(el) {
+    unhandle('upload')(el);
+    transfers.get(el)?.abort();
+  },
+};
 
 
 // ==== behaviours of layouts and table views =======================================================================

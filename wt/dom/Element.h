@@ -28,7 +28,7 @@ class Document;
  *   "@click"  a listener; the value holds its flags: 'p' prevent the default action, 's' stop propagation
  *   "!split"  a behaviour of the browser's runtime; the value is its configuration, a JSON text
  *   "#"       the element's text, in place of children
- *   "<"       the element's rich text, in place of children; the value is made by RichText
+ *   "<"       the element's rich text, in place of children; the value is made by RichContent
  * Keys must be literals or come from Document::intern, since only the pointer is kept.
  *
  * Elements are made by Document::create, belong to their parent element once they are among its children,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "session/Random.h"
 
-#include "session/Log.h"
+#include "base/Log.h"
 
 #include <cstdlib>
 
@@ -15,7 +15,7 @@ namespace {
 void fill(unsigned char *bytes, std::size_t size)
 {
   if (RAND_bytes(bytes, static_cast<int>(size)) != 1) {
-    log("fatal", "no random numbers from the system; sessions would not be safe");
+    log(LogLevel::Fatal, "session", "no random numbers from the system; sessions would not be safe");
     std::abort();
   }
 }

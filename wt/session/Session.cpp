@@ -2,8 +2,8 @@
 #include "session/Session.h"
 
 #include "base/EventAccess.h"
+#include "base/Log.h"
 #include "dom/JsonText.h"
-#include "session/Log.h"
 #include "session/Random.h"
 #include "session/WidgetAccess.h"
 
@@ -49,7 +49,7 @@ WException killedException()
 struct Session::Environment : public WEnvironment {
 };
 
-struct Session::Request {
+struct Session::ResourceRequest {
   std::string resourceId;
   std::string rand;
   RequestHead head;
@@ -57,14 +57,10 @@ struct Session::Request {
   std::uint64_t tooLarge = 0;
   std::shared_ptr<ResourceResponse> response;
 
-  ~Request()
+  ~ResourceRequest()
   {
-    if (!response)
-      return;
-    for (const SpooledFile &file : files)
-      std::remove(file.spoolPath.c_str());
-    response->setStatus(404);
-    response->finish();
+    if (response)
+      refuse(files, *response);
   }
 
   void serve(ResourceHandler &handler)
@@ -73,7 +69,7 @@ struct Session::Request {
     try {
       handler.serve(std::move(head), std::move(files), tooLarge, answer);
     } catch (const std::exception &e) {
-      log("error", std::string("a resource failed: ") + e.what());
+      log(LogLevel::Error, "session", std::string("a resource failed: ") + e.what());
     }
   }
 };
@@ -120,7 +116,7 @@ void Session::enqueue(Work work)
     return;
   if (full(work)) {
     held.unlock();
-    log("warning", "session " + publicId() + " ended: its page sends more than it handles");
+    log(LogLevel::Warning, "session", publicId() + " ended: its page sends more than it handles");
     kill(reloadMessage);
     return;
   }
@@ -293,7 +289,7 @@ void Session::requested(const std::string &resourceId, const std::string &rand, 
 {
   Work work;
   work.kind = Work::Request;
-  work.request = std::make_shared<Request>();
+  work.request = std::make_shared<ResourceRequest>();
   work.request->resourceId = resourceId;
   work.request->rand = rand;
   work.request->head = std::move(head);
@@ -384,7 +380,7 @@ void Session::failed(const char *what)
   killed_ = true;
   farewell_ = failureMessage;
   released_.notify_all();
-  log("fatal", "session " + publicId() + " ended by an exception: " + what);
+  log(LogLevel::Fatal, "session", publicId() + " ended by an exception: " + what);
 }
 
 void Session::farewell()
@@ -416,7 +412,7 @@ void Session::destroyApplication()
     notify(OtherEvent);
     delete application;
   } catch (const std::exception &e) {
-    log("error", "session " + publicId() + ": an exception while it was ending: " + e.what());
+    log(LogLevel::Error, "session", publicId() + ": an exception while it was ending: " + e.what());
   }
   application_ = nullptr;
   resources_.clear();
@@ -626,7 +622,7 @@ bool Session::handleProgress(Work &work)
 
 void Session::violation(const std::string &what)
 {
-  log("warning", "session " + publicId() + " ended: its page breaks the protocol: " + what);
+  log(LogLevel::Warning, "session", publicId() + " ended: its page breaks the protocol: " + what);
   kill(reloadMessage);
 }
 
@@ -674,9 +670,9 @@ void Session::dispatchDom(const ClientMessage::Event &event)
   const std::string listener = '@' + name;
   const std::string behaviour = '!' + name.substr(0, name.find(':'));
   if (!element || !element->attached() || !element->owner()) {
-    log("info", "session " + publicId() + ": event '" + name + "' for a widget that is gone");
+    log(LogLevel::Info, "session", publicId() + ": event '" + name + "' for a widget that is gone");
   } else if (!element->get(listener.c_str()) && !element->get(behaviour.c_str())) {
-    log("info", "session " + publicId() + ": event '" + name + "' that nobody listens to");
+    log(LogLevel::Info, "session", publicId() + ": event '" + name + "' that nobody listens to");
   } else {
     element->owner()->domEvent(*element, event.data);
   }
@@ -753,6 +749,14 @@ std::string Session::addResource(const std::string &id, std::shared_ptr<Resource
   resource.handler = std::move(handler);
   resource.rand = randomName(16);
   return deploymentPath() + "?wtd=" + publicId() + "&request=resource&resource=" + id + "&rand=" + resource.rand;
+}
+
+void Session::refuse(const std::vector<SpooledFile> &files, ResourceResponse &response)
+{
+  for (const SpooledFile &file : files)
+    std::remove(file.spoolPath.c_str());
+  response.setStatus(404);
+  response.finish();
 }
 
 void Session::removeResource(const std::string &id)

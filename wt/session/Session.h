@@ -64,6 +64,9 @@ public:
   const std::string &deploymentPath() const { return origin_.entryPoint.path; }
   const SessionConfig &config() const { return config_; }
 
+  /// Answers a request that no resource takes.
+  static void refuse(const std::vector<SpooledFile> &files, ResourceResponse &response);
+
   // From any thread
 
   /// The page said hello on this connection.
@@ -119,6 +122,8 @@ public:
   void leaveTest();
 
 private:
+  struct Environment;
+  struct ResourceRequest; ///< until it is answered
   struct Work {
     enum Kind { Begin, Attach, Message, Detach, Call, Tick, Request, Progress, FollowUp };
     Kind kind = Call;
@@ -127,15 +132,13 @@ private:
     std::string text;
     std::shared_ptr<Transport> transport;
     std::function<void()> call;
-    std::shared_ptr<Request> request;
+    std::shared_ptr<ResourceRequest> request;
     ClientMessage hello;
   };
   struct Resource {
     std::shared_ptr<ResourceHandler> handler;
     std::string rand;
   };
-  struct Environment;
-  struct Request; ///< one for a resource, until it is answered
   enum class Holder { Nobody, Worker, Lock };
 
   // The queue

@@ -26,6 +26,7 @@ struct SessionConfig {
   std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged
   std::int64_t maxRequestSize = 128 * 1024;
   WServer *server = nullptr;                 ///< may be null
+  std::string idPrefix;                      ///< of the sessions' public names
   std::string scriptVersion;                 ///< the hash in the runtime script's URL
 };
 

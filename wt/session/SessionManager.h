@@ -6,6 +6,7 @@
 #include "session/SessionConfig.h"
 #include "session/SessionHost.h"
 
+#include <condition_variable>
 #include <deque>
 #include <map>
 #include <memory>
@@ -15,9 +16,6 @@
 #include <vector>
 
 namespace Wt {
-
-class WServer;
-
 namespace Engine {
 
 class Session;
@@ -59,6 +57,7 @@ private:
   friend class Session;
   class Connection;
 
+  std::vector<std::shared_ptr<Session>> all() const;
   std::shared_ptr<Session> find(const std::string &publicId) const;
   std::shared_ptr<Session> findByToken(const std::string &token) const;
   /// Null, with the reason for the page, if no session can be had.
@@ -71,6 +70,7 @@ private:
   SessionConfig config_;
   std::vector<EntryPoint> entryPoints_;
   mutable std::mutex mutex_;
+  std::condition_variable allEnded_;
   std::unordered_map<std::string, std::shared_ptr<Session>> byPublicId_;
   std::unordered_map<std::string, Session *> byToken_;
   std::map<std::string, std::deque<Scheduler::TimePoint>> births_; ///< recent ones, by address

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <jansson.h>
-#include <memory>
 #include <string_view>
 
 // The wire between store client and store server: frames of a 4-byte length, most significant byte

@@ -15,7 +15,7 @@ public:
 
   ZelClient_s *getZelClient() override;
   void closeZelClient() override;
-  unsigned int getIndexOfCurrentlyLoggedInUsr() const override { return 7; }
+  unsigned int getIndexOfCurrentlyLoggedInUsr() override { return 7; }
 
   bool hasOpenClient() const;
 

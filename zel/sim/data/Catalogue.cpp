@@ -58,7 +58,8 @@ constexpr FlagName flagNames[] = {{kReadOnly, "read only"},
                                   {kComputed, "computed"},
                                   {kAlways, "in every answer"},
                                   {kUncounted, "moves no change counter"},
-                                  {kFixed, "set by CREATE only"}};
+                                  {kFixed, "set by CREATE only"},
+                                  {kSelected, "only in answers that select it"}};
 
 void describeParameter(std::string &out, const Parameter &row, int indent)
 {

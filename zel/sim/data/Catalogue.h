@@ -36,7 +36,8 @@ enum Flag : unsigned {
   kComputed = 1u << 7,  // asked of its reader (Rules::read) at each GET; nothing is kept
   kAlways = 1u << 8,    // in every answer, whatever the select says
   kUncounted = 1u << 9, // its changes don't move the resource's change counter
-  kFixed = 1u << 10     // settable by a CREATE only
+  kFixed = 1u << 10,    // settable by a CREATE only
+  kSelected = 1u << 11  // in an answer only if the select names it
 };
 
 struct Parameter {

@@ -252,8 +252,8 @@ constexpr Parameter returnsAtRow = integer("returnsAt", 0, anyNumber)
                                        .with(kReadOnly | kUncounted)
                                        .that("when the device takes its next step of a reset; 0 is no reset");
 constexpr Parameter pendingResetRow = word("pendingReset", resetWords, "none")
-                                        .with(kReadOnly | kUncounted)
-                                        .that("what the reset under way restores when it ends");
+                                          .with(kReadOnly | kUncounted)
+                                          .that("what the reset under way restores when it ends");
 constexpr Parameter attachedSwxRow = integer("attachedSwx", 0, anyNumber).with(kReadOnly);
 constexpr Parameter attachedPortRow = integer("attachedPort", 0, 65535).with(kReadOnly);
 constexpr Parameter monitorRow = integer("monitor", 0, anyNumber)
@@ -278,7 +278,7 @@ constexpr Parameter rxRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
-  pendingResetRow,
+    pendingResetRow,
     attachedSwxRow,
     attachedPortRow,
     monitorRow,
@@ -299,9 +299,9 @@ constexpr Parameter rxRows[] = {
     word("usbLogLevel", "none info debug", "none"),
     word("usbMode", usbModes, "all_devices"),
     enableDisable("videoScaling", "enabled"),
-    object("inputVideoTiming", timingRows).with(kComputed | kReadOnly),
-    object("outputVideoTiming", timingRows).with(kComputed | kReadOnly),
-    object("monPrefVideoTiming", timingRows).with(kComputed | kReadOnly),
+    object("inputVideoTiming", timingRows).with(kComputed | kReadOnly | kSelected),
+    object("outputVideoTiming", timingRows).with(kComputed | kReadOnly | kSelected),
+    object("monPrefVideoTiming", timingRows).with(kComputed | kReadOnly | kSelected),
 };
 
 constexpr Parameter txRows[] = {
@@ -322,7 +322,7 @@ constexpr Parameter txRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
-  pendingResetRow,
+    pendingResetRow,
     attachedSwxRow,
     attachedPortRow,
     enableDisable("audioControl", "enabled"),
@@ -357,9 +357,11 @@ constexpr Parameter swxRows[] = {
     upgradeIndexRow,
     resetRow,
     returnsAtRow,
-  pendingResetRow,
+    pendingResetRow,
     integer("portCount", 0, 65535).with(kReadOnly),
-    integer("currentSysTime", 0, anyNumber).with(kComputed | kReadOnly).that("seconds since 1970"),
+    integer("currentSysTime", 0, anyNumber)
+        .with(kComputed | kReadOnly | kSelected)
+        .that("seconds since 1970"),
     object("network", networkRows).byDefault(networkStandard),
     enableDisable("ntpEnable", "disabled"),
     word("ntpStatus", ntpStates, "inactive").with(kReadOnly),

@@ -96,10 +96,6 @@ bool hasForm(const std::string &text, Form form)
     return std::all_of(text.begin(), text.end(), isAlphanumeric);
   case Form::Visible:
     return std::all_of(text.begin(), text.end(), isVisible);
-  case Form::Printable:
-    return std::all_of(text.begin(), text.end(), isPrintable);
-  case Form::PrintableLines:
-    return std::all_of(text.begin(), text.end(), [](char c) { return isPrintable(c) || c == '\n'; });
   case Form::EidOrEmpty:
     return text.empty() || isEid(text);
   case Form::MacOrEmpty:

@@ -11,8 +11,6 @@ namespace zelsim
 enum class Form {
   Alphanumeric,   // letters and digits
   Visible,        // ASCII without blanks
-  Printable,      // ASCII from the blank to "~"
-  PrintableLines, // the same and line feeds
   EidOrEmpty,     // six alphanumerics, a dash, six alphanumerics
   MacOrEmpty,     // six or eight groups of two hexadecimal digits, all joined by ":" or all by "-"
   IpV4,

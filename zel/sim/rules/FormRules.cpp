@@ -8,7 +8,7 @@ namespace zelsim
 namespace
 {
 
-// Texts whose form is checked beyond their length.
+// Texts whose form is checked beyond their length. Names and notes of devices may hold anything.
 struct FormRow {
   const char *resource;
   const char *parameter;
@@ -17,32 +17,15 @@ struct FormRow {
 
 constexpr FormRow formRows[] = {
     {"user", "name", Form::Alphanumeric},
-    {"user", "fullName", Form::Printable},
     {"user", "password", Form::Visible},
-    {"rx", "name", Form::Printable},
-    {"rx", "location", Form::PrintableLines},
-    {"rx", "description", Form::PrintableLines},
-    {"rx", "notes", Form::PrintableLines},
     {"rx", "autoConnectTxEid", Form::EidOrEmpty},
-    {"tx", "name", Form::Printable},
-    {"tx", "location", Form::PrintableLines},
-    {"tx", "description", Form::PrintableLines},
-    {"tx", "notes", Form::PrintableLines},
     {"tx", "wakeOnLanMacAddress", Form::MacOrEmpty},
-    {"swx", "name", Form::Printable},
-    {"swx", "location", Form::PrintableLines},
-    {"swx", "description", Form::PrintableLines},
-    {"swx", "notes", Form::PrintableLines},
     {"swx", "primaryNtpIpAddress", Form::HostOrEmpty},
     {"swx", "secondaryNtpIpAddress", Form::HostOrEmpty},
-    {"edid", "name", Form::Printable},
-    {"edid", "description", Form::PrintableLines},
     {"systemGlobals", "auxiliaryManagerIpAddress", Form::AddressOrEmpty},
     {"systemGlobals", "managerIpAddress", Form::AddressOrEmpty},
     {"systemGlobals", "masterSwitchEid", Form::EidOrEmpty},
-    {"systemGlobals", "nevoBannerText", Form::PrintableLines},
     {"systemGlobals", "nevoCustomHelpLink", Form::LinkOrEmpty},
-    {"systemGlobals", "rxOsdBannerText", Form::PrintableLines},
     {"systemGlobals", "syslogDest", Form::AddressOrEmpty},
 };
 

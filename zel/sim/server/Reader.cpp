@@ -102,7 +102,7 @@ Problem Reader::chooseColumns(const Request &request, Columns &columns) const
   if (all && !resource.single)
     add(-1);
   for (std::size_t i = 0; i < resource.parameterCount; ++i)
-    if (all || resource.parameters[i].is(kAlways))
+    if ((all && !resource.parameters[i].is(kSelected)) || resource.parameters[i].is(kAlways))
       add(static_cast<int>(i));
   return {};
 }
