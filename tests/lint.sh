@@ -35,9 +35,6 @@ look '\b(TODO|FIXME|XXX|HACK)\b' "${cpp[@]}" '*.js' '*.css' '*.txt' '*.cmake' '*
 
 look $'\t|[[:blank:]]$' "${cpp[@]}" '*.js' '*.mjs' '*.css' '*.cmake' 'CMakeLists.txt' | rule "no tabs, no blanks at the end of a line"
 
-sources "${cpp[@]}" | xargs -r -d '\n' awk 'length($0) > 120 && !/https?:|R"/ { print FILENAME ":" FNR ": " length($0) " columns" }' |
-  rule "a line of C++ fits on the screen"
-
 look '\beval *\(|new Function|\.(innerHTML|outerHTML)|insertAdjacentHTML|document\.write|createContextualFragment|set(Timeout|Interval) *\( *["`'"'"']' \
   'wt/browser/*.js' | rule "the page's script makes no code and no markup out of text"
 
