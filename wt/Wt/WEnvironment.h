@@ -62,6 +62,9 @@ protected:
   WEnvironment();
   virtual ~WEnvironment();
 
+  /// An application with this environment belongs to the session.
+  void attach(Engine::Session &session) { session_ = &session; }
+
   std::string hostName_;
   std::string urlScheme_;
   std::string clientAddress_;

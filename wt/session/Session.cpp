@@ -772,8 +772,17 @@ const Session::Resource *Session::resource(const std::string &id, const std::str
 
 // --- Tests -----------------------------------------------------------------------------------------------------------
 
-void Session::enterTest()
+bool Session::dialogExecuted(WDialog *dialog)
 {
+  if (!dialogExecuted_)
+    return false;
+  dialogExecuted_(dialog);
+  return true;
+}
+
+void Session::enterTest(std::function<void(WDialog *)> dialogExecuted)
+{
+  dialogExecuted_ = std::move(dialogExecuted);
   const std::lock_guard<std::mutex> held(mutex_);
   holder_ = Holder::Worker;
   holderThread_ = std::this_thread::get_id();

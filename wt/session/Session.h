@@ -26,6 +26,7 @@
 namespace Wt {
 
 class WApplication;
+class WDialog;
 class WEvent;
 
 namespace Engine {
@@ -101,6 +102,8 @@ public:
   void waitForEvent();
   /// The same, but waits for no event: an empty one follows at once.
   void processEvents();
+  /// True if the session is a test's, which was told of the dialog and must have ended it.
+  bool dialogExecuted(WDialog *dialog);
   /// Delivers the current event: what WApplication::notify does at last.
   void deliver(const WEvent &event);
   /// Sends what has changed, unless that will happen anyway at the end of the event that is being handled.
@@ -117,8 +120,9 @@ public:
   bool quitting() const { return quitting_; }
 
   /// For tests whose application lives on their own thread, without a fiber: this thread works for the session
-  /// until leaveTest(). Such a session cannot wait for events.
-  void enterTest();
+  /// until leaveTest(). Such a session cannot wait for events; `dialogExecuted` is called for each dialog that
+  /// would wait.
+  void enterTest(std::function<void(WDialog *)> dialogExecuted);
   void leaveTest();
 
 private:
@@ -208,6 +212,7 @@ private:
   std::map<std::string, Resource> resources_;
   std::deque<std::function<void()>> pending_; ///< what is left of the current event
   std::unique_ptr<Fiber> fiber_;
+  std::function<void(WDialog *)> dialogExecuted_;
   std::string redirect_;
   std::string quitMessage_;
   unsigned resumptions_ = 0;
