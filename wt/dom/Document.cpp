@@ -107,10 +107,21 @@ void Document::command(const char *name, std::string_view arguments)
   operations_ += ']';
 }
 
+void Document::makeLateCalls()
+{
+  for (const auto &call : lateCalls_) {
+    const Element *element = find(call.first);
+    if (element && element->attached())
+      operation("x", call.first) += call.second;
+  }
+  lateCalls_.clear();
+}
+
 std::string Document::take()
 {
   while (!orphans_.empty())
     destroy(*orphans_.begin());
+  makeLateCalls();
   closeSettings();
   if (!operations_.empty())
     operations_ += ']';

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace Wt {
 namespace Dom {
@@ -66,11 +68,13 @@ private:
   std::string &operation(const char *code, Element::Id id);
   void settingChanged(Element &element, const char *key, const std::string *value);
   void closeSettings();
+  void makeLateCalls();
   void adopt(Element *element);
 
   std::unordered_map<Element::Id, Element *> elements_;
   std::unordered_set<Element *> orphans_;
   std::unordered_set<std::string> names_;
+  std::vector<std::pair<Element::Id, std::string>> lateCalls_; ///< of elements that were not in the page yet
   std::string operations_;
   Element::Id nextId_ = 1;
   Element::Id openSettings_ = 0;

@@ -142,16 +142,17 @@ void Element::setChildren(const std::vector<Element *> &children)
 
 void Element::call(const char *method, std::string_view arguments)
 {
-  if (!attached_)
-    return;
-  std::string &out = document_.operation("x", id_);
-  out += ',';
-  appendJsonString(out, method);
+  std::string call = ",";
+  appendJsonString(call, method);
   if (!arguments.empty()) {
-    out += ',';
-    out += arguments;
+    call += ',';
+    call += arguments;
   }
-  out += ']';
+  call += ']';
+  if (attached_)
+    document_.operation("x", id_) += call;
+  else
+    document_.lateCalls_.emplace_back(id_, std::move(call));
 }
 
 void Element::setAttached(bool attached)

@@ -2,38 +2,17 @@
 #ifndef WT_DOM_ELEMENT_H_
 #define WT_DOM_ELEMENT_H_
 
+#include "dom/Owner.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Wt {
-
-namespace Engine {
-struct RawEvent;
-}
-
 namespace Dom {
 
 class Document;
-class Element;
-
-/// What an element stands for: it hears what the browser reports of the element.
-class Owner
-{
-public:
-  /// The browser reports an event on `at`, which the owner listens to.
-  virtual void domEvent(Element &at, const Engine::RawEvent &event) = 0;
-
-  /// The browser reports what the form element `at` now holds. The element already knows it.
-  virtual void domValue(Element &at, const std::string &value) = 0;
-
-  /// `gone` is being destroyed; the owner must forget it.
-  virtual void domGone(Element &gone) noexcept = 0;
-
-protected:
-  ~Owner() = default;
-};
 
 /**
  * The server's mirror of one element of the page: always what the browser was told, or is about to be.
@@ -49,6 +28,7 @@ protected:
  *   "@click"  a listener; the value holds its flags: 'p' prevent the default action, 's' stop propagation
  *   "!split"  a behaviour of the browser's runtime; the value is its configuration, a JSON text
  *   "#"       the element's text, in place of children
+ *   "<"       the element's rich text, in place of children; the value is made by RichContent
  * Keys must be literals or come from Document::intern, since only the pointer is kept.
  *
  * Elements are made by Document::create, belong to their parent element once they are among its children,
@@ -95,7 +75,8 @@ public:
   void setChildren(const std::vector<Element *> &children);
 
   /// Sends a one-time command to the browser's element: `method` with `arguments`, the inside of a JSON array
-  /// (for example: "1,\"top\"").
+  /// (for example: "1,\"top\""). An element that is not in the page yet gets it right after it came there
+  /// with the next update; if it does not, the command is dropped.
   void call(const char *method, std::string_view arguments = std::string_view());
 
 private:

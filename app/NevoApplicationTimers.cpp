@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "NevoApplication.h"
+
+#include "Db.h"
+
+#include <Wt/WEnvironment>
+#include <Wt/WEvent>
+#include <Wt/WTimer>
+
+namespace {
+
+const int loginPageMilliseconds = 180000;
+const int redirectCheckMilliseconds = 2000;
+const int relaxedRedirectCheckMilliseconds = 5000;
+const int modeChangeCheckMilliseconds = 10000;
+
+} // namespace
+
+void NevoApplication::startTimer(std::unique_ptr<Wt::WTimer> &timer, int milliseconds,
+                                 void (NevoApplication::*handler)())
+{
+  timer.reset(new Wt::WTimer());
+  timer->setInterval(milliseconds);
+  timer->timeout().connect(this, handler);
+  timer->start();
+}
+
+void NevoApplication::startInactivityTimer()
+{
+  inactivityTimer.reset(new Wt::WTimer());
+  inactivityTimer->setSingleShot(true);
+  inactivityTimer->setInterval(loginPageMilliseconds);
+  inactivityTimer->timeout().connect(this, &NevoApplication::restartWebApp);
+  inactivityTimer->start();
+}
+
+void NevoApplication::startRedirectCheckTimer()
+{
+  // An earlier timer goes on: two of them only make the same check twice.
+  if (redirectCheckTimer)
+    replacedRedirectTimers.push_back(std::move(redirectCheckTimer));
+  startTimer(redirectCheckTimer, redirectCheckMilliseconds, &NevoApplication::redirectToHttps);
+}
+
+void NevoApplication::relaxRedirectCheckTimer()
+{
+  stopRedirectCheckTimer();
+  startTimer(redirectCheckTimer, relaxedRedirectCheckMilliseconds, &NevoApplication::redirectToHttps);
+}
+
+void NevoApplication::stopRedirectCheckTimer()
+{
+  redirectCheckTimer.reset();
+}
+
+void NevoApplication::startModeChangeCheckTimer()
+{
+  startTimer(modeChangeCheckTimer, modeChangeCheckMilliseconds, &NevoApplication::modeChangeCheckTimeoutHandler);
+}
+
+void NevoApplication::stopModeChangeCheckTimer()
+{
+  modeChangeCheckTimer.reset();
+}
+
+void NevoApplication::redirectToHttps()
+{
+  if (environment().urlScheme() != "https")
+    redirect("https://" + environment().hostName() + url());
+}
+
+void NevoApplication::modeChangeCheckTimeoutHandler()
+{
+  std::vector<std::string> errors;
+  std::string setting;
+  if (Db_db.readString("systemGlobals", 0, "managedSetting", setting, errors) != 0)
+    return;
+  const bool becameManaged = setting == "verified" && initialManagedSetting == "non_managed";
+  const bool becameUnmanaged = setting == "non_managed" && initialManagedSetting == "verified";
+  if (becameManaged || becameUnmanaged)
+    logOutUser();
+}

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "Main.h"
+
+int main(int argc, char *argv[])
+{
+  return Main_run(argc, argv);
+}

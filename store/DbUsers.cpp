@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "Convert.h"
+#include "Db.h"
+#include "DbExchange.h"
+#include "EventLog.h"
+#include "ZelReq.h"
+#include "ZelRsp.h"
+
+namespace
+{
+
+unsigned int readUser(const char *function, unsigned int userIndex, const char *parameter,
+                      ZelResponse &response, Db::Errors &errors)
+{
+  ZelClient_s *client = nullptr;
+  if (Db_db.getZelClient(client))
+    return 1;
+  const ZelRequest request(ZelReqUtil_newGetResource("user"));
+  if (!request)
+    return DbExchange_noRequest(function);
+  ZelObj_setUInt32Object(request.get(), "query", "index", userIndex);
+  ZelObj_setSelect(request.get(), parameter);
+  return DbExchange_send(function, client, request, nullptr, response, errors);
+}
+
+} // namespace
+
+unsigned int Db::getUserRoleFromUserIndex(unsigned int userIndex, std::string &role, Errors &errors)
+{
+  ZelResponse response;
+  if (readUser("getUserRoleFromUserIndex", userIndex, "role", response, errors))
+    return 1;
+  role = Convert_userRoleEnumToString(ZelRsp_userGetRole(response.get()));
+  return 0;
+}
+
+unsigned int Db::getAllowedAccessModeFromUserIndex(unsigned int userIndex, std::string &mode, Errors &errors)
+{
+  ZelResponse response;
+  if (readUser("getAllowedAccessModeFromUserIndex", userIndex, "modeAllowed", response, errors))
+    return 1;
+  if (const char *word = ZelRspUtil_getStringParam(response.get(), "modeAllowed"))
+    mode = word;
+  return 0;
+}
+
+unsigned int Db::getEnableAllTargetAccessFromUserIndex(unsigned int userIndex, bool &allTargetAccess,
+                                                       Errors &errors)
+{
+  ZelResponse response;
+  if (readUser("getEnableAllTargetAccessFromUserIndex", userIndex, "allTargetAccess", response, errors))
+    return 1;
+  allTargetAccess = ZelRsp_userGetAllTargetAccess(response.get()) != 0;
+  return 0;
+}
+
+unsigned int Db::getUserTxAccessRight(unsigned int userIndex, unsigned int txIndex, bool &allowed,
+                                      Errors &errors)
+{
+  static constexpr char kFunction[] = "getUserTxAccessRight";
+  allowed = false;
+  bool allTargetAccess = false;
+  if (getEnableAllTargetAccessFromUserIndex(userIndex, allTargetAccess, errors))
+    return 1;
+  if (allTargetAccess) {
+    allowed = true;
+    return 0;
+  }
+  ZelClient_s *client = nullptr;
+  if (getZelClient(client))
+    return 1;
+  const ZelResponse response(ZelReq_userTargetListRetrieveByIndex(client, userIndex));
+  if (!response) {
+    EventLog_write(2, 7, kFunction, "Unable to retrieve user target list.");
+    return 1;
+  }
+  const ZelObject targets(ZelObj_collapse(response.get(), "index", "target"));
+  if (!targets) {
+    EventLog_write(2, 7, kFunction, "Unable to retrieve target list.");
+    return 1;
+  }
+  const int rows = ZelRspUtil_numEntries(targets.get());
+  for (int i = 0; i < rows && !allowed; ++i) {
+    const auto row = static_cast<unsigned int>(i);
+    allowed = static_cast<unsigned int>(ZelRspUtil_getIndexedIntegerParam(targets.get(), row, "txIndex")) ==
+              txIndex;
+  }
+  return 0;
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "SourceKeys.h"
+
+#include "ResourceFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+namespace
+{
+
+std::set<std::string> keysInBundle()
+{
+  std::set<std::string> keys;
+  pugi::xml_document document;
+  EXPECT_TRUE(document.load_file(resourcePath("msgs-general.xml").c_str()));
+  for (const pugi::xml_node &message : document.child("messages").children("message"))
+    keys.insert(message.attribute("id").value());
+  return keys;
+}
+
+std::set<std::string> missing(const std::set<std::string> &wanted, const std::set<std::string> &present)
+{
+  std::set<std::string> rest;
+  for (const std::string &key : wanted) {
+    if (!present.count(key))
+      rest.insert(key);
+  }
+  return rest;
+}
+
+} // namespace
+
+TEST(SourceKeys, standInCallsAndInTables)
+{
+  EXPECT_THAT(keysInSource(R"(setText(text("Log In"));  row = {1, "[RSnnn]General failure"};
+                              x = Wt::WString::tr("cascade.label.link") + tr( "tt.a.b" );
+                              {2, wholeKey("result.failure.x")}, set("plain"), widget.text(), "text(";)"),
+              UnorderedElementsAre("[RSnnn]Log In", "[RSnnn]General failure", "cascade.label.link", "tt.a.b",
+                                   "result.failure.x"));
+}
+
+TEST(SourceKeys, areJoinedWhereALiteralContinues)
+{
+  EXPECT_THAT(keysInSource("text(\"One, \"\n  // why\n  \"two \\\"three\\\".\"); f(\"a\", \"b\");"),
+              UnorderedElementsAre("[RSnnn]One, two \"three\"."));
+}
+
+TEST(SourceKeys, areNotTakenFromCommentsNorConfusedByQuotationMarks)
+{
+  EXPECT_THAT(keysInSource("// text(\"A\")\n/* tr(\"b.c\") */ x = '\"'; y = '\\''; n = 1'000; text(\"D\");"),
+              UnorderedElementsAre("[RSnnn]D"));
+}
+
+TEST(SourceKeys, areNotTakenFromALaterArgument)
+{
+  EXPECT_THAT(keysInSource(R"(context(\"A\"); text(name, "B"); tr(key + "C");)"), IsEmpty());
+}
+
+TEST(SourceKeys, allHaveATextInTheBundle)
+{
+  const std::set<std::string> bundle = keysInBundle();
+  std::set<std::string> used;
+  for (const char *folder : {"app", "store", "widgets", "views"})
+    used.merge(keysInFolder(folder));
+  EXPECT_GT(used.size(), 100U);
+  EXPECT_THAT(missing(used, bundle), IsEmpty());
+}

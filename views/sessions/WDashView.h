@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#ifndef VIEWS_SESSIONS_WDASH_VIEW_H_
+#define VIEWS_SESSIONS_WDASH_VIEW_H_
+
+#include <Wt/WContainerWidget>
+
+#include <memory>
+
+namespace Wt {
+class WGridLayout;
+class WTimer;
+}
+
+class WDashViewEventList;
+class WDashViewSesList;
+
+/// The first page after login: the user sessions and the unacknowledged events, kept up to date while it shows.
+class WDashView : public Wt::WContainerWidget
+{
+public:
+  explicit WDashView(Wt::WContainerWidget *parent = 0);
+  ~WDashView() override;
+
+  /// Empties the list of events.
+  virtual void eventLogClear();
+
+  /// Reads both lists anew, keeping their selections: of sessions by store index, of events by row.
+  virtual void readFromDatabase();
+  virtual void enableAutoRefresh();
+  virtual void disableAutoRefresh();
+  virtual void refreshTimerTimeout();
+
+private:
+  Wt::WGridLayout *layout;
+  WDashViewSesList *sessionList;
+  WDashViewEventList *eventList;
+  Wt::WContainerWidget *spacer;
+  std::unique_ptr<Wt::WTimer> refreshTimer;
+};
+
+#endif // VIEWS_SESSIONS_WDASH_VIEW_H_

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "WAutoSizeTableView.h"
+
+#include <Wt/WAbstractItemModel>
+#include <boost/any.hpp>
+
+namespace {
+
+const int frameAndScrollBar = 20; ///< pixels of a view's width that no column gets
+const int cellPadding = 7;        ///< pixels that each column takes beside its width
+
+} // namespace
+
+WAutoSizeTableView::WAutoSizeTableView(int columns, Wt::WContainerWidget *parent)
+    : Wt::WTableView(parent), columnCount(static_cast<std::int8_t>(columns)), hiddenColumnCount(0),
+      firstAdaptDone(false), columnWidths(columns > 0 ? columns : 0, 0), lastWidth(0)
+{
+  setLayoutSizeAware(true);
+  columnResized().connect(this, &WAutoSizeTableView::columnResizedHandler);
+}
+
+void WAutoSizeTableView::clearSelection()
+{
+  setSelectedIndexes(Wt::WModelIndexSet());
+}
+
+void WAutoSizeTableView::setSelectedZelIndexes(std::vector<unsigned int> &indexes)
+{
+  if (indexes.empty()) {
+    clearSelection();
+    return;
+  }
+  Wt::WModelIndexSet selection;
+  for (const unsigned int index : indexes)
+    addRowOf(index, selection, 0, 0);
+  setSelectedIndexes(selection);
+}
+
+void WAutoSizeTableView::setSelectedFilteredZelIndexes(std::vector<unsigned int> &indexes, void *context,
+                                                       bool (*filter)(void *, Wt::WModelIndex))
+{
+  Wt::WModelIndexSet selection = selectedIndexes();
+  for (const unsigned int index : indexes)
+    addRowOf(index, selection, context, filter);
+  setSelectedIndexes(selection);
+}
+
+void WAutoSizeTableView::addRowOf(unsigned int zelIndex, Wt::WModelIndexSet &selection, void *context,
+                                  bool (*filter)(void *, Wt::WModelIndex))
+{
+  for (int row = 0, rows = model()->rowCount(); row < rows; ++row) {
+    const boost::any data = model()->data(row, 0, Wt::EditRole);
+    const unsigned int *index = boost::any_cast<unsigned int>(&data);
+    if (!index || *index != zelIndex)
+      continue;
+    const Wt::WModelIndex found = model()->index(row, 0);
+    if (!filter || filter(context, found))
+      selection.insert(found);
+    return;
+  }
+}
+
+void WAutoSizeTableView::adaptToWidth(int width)
+{
+  if (firstAdaptDone)
+    adaptFreeColumns(width);
+  else
+    adaptFirstTime(width);
+  lastWidth = width;
+}
+
+void WAutoSizeTableView::adaptFirstTime(int width)
+{
+  firstAdaptDone = true;
+  for (int column = 0; column < columnCount; ++column)
+    if (isColumnHidden(column))
+      ++hiddenColumnCount;
+  const int visible = columnCount - hiddenColumnCount;
+  if (visible < 1)
+    return;
+  const double each = static_cast<double>(width - frameAndScrollBar) / visible - cellPadding;
+  for (int column = 0; column < columnCount; ++column)
+    if (!isColumnHidden(column))
+      setColumnWidth(column, Wt::WLength(static_cast<int>(each)));
+}
+
+void WAutoSizeTableView::adaptFreeColumns(int width)
+{
+  int sum = 0;
+  int sized = 0;
+  int free = 0;
+  for (int column = 0; column < columnCount; ++column) {
+    if (isColumnHidden(column))
+      continue;
+    if (columnWidths[column] != 0) {
+      sum += columnWidths[column];
+      ++sized;
+    } else {
+      ++free;
+    }
+  }
+  if (free == 0)
+    return;
+  const double each =
+      static_cast<double>(width - frameAndScrollBar - cellPadding * sized - sum) / free - cellPadding;
+  for (int column = 0; column < columnCount; ++column)
+    if (!isColumnHidden(column) && columnWidths[column] == 0)
+      setColumnWidth(column, Wt::WLength(static_cast<int>(each)));
+}
+
+void WAutoSizeTableView::columnResizedHandler(int column, Wt::WLength width)
+{
+  if (column < 0 || column >= columnCount)
+    return;
+  columnWidths[column] = static_cast<std::int32_t>(width.toPixels());
+  setColumnWidth(column, width);
+  adaptToWidth(lastWidth);
+}
+
+void WAutoSizeTableView::layoutSizeChanged(int width, int height)
+{
+  if (width != lastWidth)
+    adaptToWidth(width);
+  if (this->height() != Wt::WLength(height))
+    resize(Wt::WLength(width), Wt::WLength(height));
+}

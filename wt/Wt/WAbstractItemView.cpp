@@ -1,0 +1,421 @@
+// SPDX-License-Identifier: MIT
+#include <Wt/WAbstractItemView>
+
+#include <Wt/WAbstractItemModel>
+#include <Wt/WSortFilterProxyModel>
+
+#include "view/TableElement.h"
+
+#include <algorithm>
+
+namespace Wt {
+
+WAbstractItemView::WAbstractItemView(WContainerWidget *parent)
+    : WCompositeWidget(parent), element_(new Engine::TableElement(*this))
+{
+  setImplementation(element_);
+}
+
+WAbstractItemView::~WAbstractItemView()
+{
+  disconnectModel();
+}
+
+void WAbstractItemView::repaint()
+{
+  element_->modelChanged();
+}
+
+// --- model
+
+void WAbstractItemView::setModel(WAbstractItemModel *model)
+{
+  disconnectModel();
+  model_ = model;
+  selection_.clear();
+  if (model_) {
+    connectModel();
+    columns_.resize(model_->columnCount());
+  }
+  element_->columnsChanged();
+}
+
+void WAbstractItemView::connectModel()
+{
+  connections_ = {model_->rowsInserted().connect(this, &WAbstractItemView::rowsInserted),
+                  model_->rowsRemoved().connect(this, &WAbstractItemView::rowsRemoved),
+                  model_->columnsInserted().connect(this, &WAbstractItemView::columnsInserted),
+                  model_->columnsRemoved().connect(this, &WAbstractItemView::columnsRemoved),
+                  model_->dataChanged().connect(this, &WAbstractItemView::repaint),
+                  model_->headerDataChanged().connect(this, &WAbstractItemView::repaint),
+                  model_->layoutAboutToBeChanged().connect(this, &WAbstractItemView::layoutAboutToBeChanged),
+                  model_->layoutChanged().connect(this, &WAbstractItemView::layoutChanged),
+                  model_->modelReset().connect(this, &WAbstractItemView::reset)};
+}
+
+void WAbstractItemView::disconnectModel()
+{
+  for (Signals::connection &connection : connections_)
+    connection.disconnect();
+  connections_.clear();
+}
+
+void WAbstractItemView::rowsInserted(WModelIndex, int first, int last)
+{
+  for (Cell &cell : selection_)
+    if (cell.row >= first)
+      cell.row += last - first + 1;
+  repaint();
+}
+
+void WAbstractItemView::rowsRemoved(WModelIndex, int first, int last)
+{
+  if (!selection_.empty()) {
+    selection_.erase(std::remove_if(selection_.begin(), selection_.end(),
+                                    [=](const Cell &cell) { return cell.row >= first && cell.row <= last; }),
+                     selection_.end());
+    for (Cell &cell : selection_)
+      if (cell.row > last)
+        cell.row -= last - first + 1;
+  }
+  repaint();
+}
+
+void WAbstractItemView::columnsInserted(WModelIndex, int first, int last)
+{
+  columns_.insert(columns_.begin() + std::min<std::size_t>(first, columns_.size()), last - first + 1, Column());
+  columns_.resize(model_->columnCount());
+  element_->columnsChanged();
+}
+
+void WAbstractItemView::columnsRemoved(WModelIndex, int first, int last)
+{
+  const auto size = static_cast<int>(columns_.size());
+  columns_.erase(columns_.begin() + std::min(first, size), columns_.begin() + std::min(last + 1, size));
+  element_->columnsChanged();
+}
+
+void WAbstractItemView::layoutAboutToBeChanged()
+{
+  trackedRows_.clear();
+  const WAbstractProxyModel *proxy = dynamic_cast<WAbstractProxyModel *>(model_);
+  for (const Cell &cell : selection_) {
+    const WModelIndex index = model_->index(cell.row, cell.column);
+    trackedRows_.push_back(proxy ? proxy->mapToSource(index) : index);
+  }
+}
+
+void WAbstractItemView::layoutChanged()
+{
+  if (const WAbstractProxyModel *proxy = dynamic_cast<WAbstractProxyModel *>(model_)) {
+    selection_.clear();
+    for (const WModelIndex &source : trackedRows_) {
+      const WModelIndex index = proxy->mapFromSource(source);
+      if (index.isValid())
+        insertSelected(cellOf(index));
+    }
+  }
+  trackedRows_.clear();
+  repaint();
+}
+
+void WAbstractItemView::reset()
+{
+  selection_.clear();
+  columns_.resize(model_->columnCount());
+  element_->columnsChanged();
+}
+
+// --- selection
+
+void WAbstractItemView::setSelectionMode(SelectionMode mode)
+{
+  selectionMode_ = mode;
+  clearSelection();
+}
+
+void WAbstractItemView::setSelectionBehavior(SelectionBehavior behavior)
+{
+  selectionBehavior_ = behavior;
+  clearSelection();
+}
+
+WAbstractItemView::Cell WAbstractItemView::cellOf(const WModelIndex &index) const
+{
+  return Cell{index.row(), selectionBehavior_ == SelectRows ? 0 : index.column()};
+}
+
+bool WAbstractItemView::selectable(int row, int column) const
+{
+  if (selectionMode_ == NoSelection || !model_ || row < 0 || row >= model_->rowCount())
+    return false;
+  const WModelIndex index = model_->index(row, column);
+  return index.isValid() && model_->flags(index).testFlag(ItemIsSelectable);
+}
+
+bool WAbstractItemView::insertSelected(const Cell &cell)
+{
+  const auto place = std::lower_bound(selection_.begin(), selection_.end(), cell);
+  if (place != selection_.end() && *place == cell)
+    return false;
+  selection_.insert(place, cell);
+  return true;
+}
+
+bool WAbstractItemView::removeSelected(const Cell &cell)
+{
+  const auto place = std::lower_bound(selection_.begin(), selection_.end(), cell);
+  if (place == selection_.end() || !(*place == cell))
+    return false;
+  selection_.erase(place);
+  return true;
+}
+
+bool WAbstractItemView::rowSelected(int row, int column) const
+{
+  return std::binary_search(selection_.begin(), selection_.end(), Cell{row, column});
+}
+
+void WAbstractItemView::setSelectedIndexes(const WModelIndexSet &indexes)
+{
+  if (indexes.empty() && selection_.empty())
+    return;
+  selection_.clear();
+  for (const WModelIndex &index : indexes) {
+    const Cell cell = cellOf(index);
+    if (!selectable(cell.row, cell.column))
+      continue;
+    if (selectionMode_ == SingleSelection)
+      selection_.clear();
+    insertSelected(cell);
+  }
+  repaint();
+  selectionChanged_.emit();
+}
+
+WModelIndexSet WAbstractItemView::selectedIndexes() const
+{
+  WModelIndexSet indexes;
+  for (const Cell &cell : selection_)
+    indexes.insert(indexes.end(), model_->index(cell.row, cell.column));
+  return indexes;
+}
+
+void WAbstractItemView::select(const WModelIndex &index, SelectionFlag option)
+{
+  if (!index.isValid())
+    return;
+  const Cell cell = cellOf(index);
+  const bool selected = rowSelected(cell.row, cell.column);
+  if (option == ToggleSelect)
+    option = selected ? Deselect : Select;
+  if (option == Select && selectionMode_ == SingleSelection)
+    option = ClearAndSelect;
+  bool changed = false;
+  if (option == Deselect) {
+    changed = removeSelected(cell);
+  } else if (selectable(cell.row, cell.column)) {
+    const bool sole = selected && selection_.size() == 1;
+    if (option == ClearAndSelect && !sole) {
+      changed = true;
+      selection_.clear();
+    }
+    changed = insertSelected(cell) || changed;
+  }
+  if (changed) {
+    repaint();
+    selectionChanged_.emit();
+  }
+}
+
+bool WAbstractItemView::isSelected(const WModelIndex &index) const
+{
+  const Cell cell = cellOf(index);
+  return rowSelected(cell.row, cell.column);
+}
+
+void WAbstractItemView::clearSelection()
+{
+  if (selection_.empty())
+    return;
+  selection_.clear();
+  repaint();
+}
+
+void WAbstractItemView::userSelects(const WModelIndex &index, WFlags<KeyboardModifier> modifiers)
+{
+  const bool toggles = modifiers.testFlag(ControlModifier) || modifiers.testFlag(MetaModifier);
+  if (selectionMode_ == ExtendedSelection) {
+    if (toggles)
+      select(index, ToggleSelect);
+    else if (modifiers.testFlag(ShiftModifier))
+      userExtendsTo(index);
+    else
+      select(index, ClearAndSelect);
+  } else if (selectionMode_ == SingleSelection) {
+    select(index, toggles && isSelected(index) ? Deselect : Select);
+  }
+}
+
+void WAbstractItemView::userExtendsTo(const WModelIndex &index)
+{
+  if (selection_.empty()) {
+    select(index, ClearAndSelect);
+    return;
+  }
+  const Cell to = cellOf(index);
+  const Cell top = selection_.front();
+  const Cell bottom = selection_.back();
+  const Cell from = to.row < top.row || (to.row == top.row && to.column < top.column) ? bottom : top;
+  WModelIndexSet range;
+  for (int row = std::min(from.row, to.row); row <= std::max(from.row, to.row); ++row)
+    for (int c = std::min(from.column, to.column); c <= std::max(from.column, to.column); ++c)
+      range.insert(range.end(), model_->index(row, c));
+  setSelectedIndexes(range);
+}
+
+// --- sorting
+
+void WAbstractItemView::setSortingEnabled(bool enabled)
+{
+  sortingEnabled_ = enabled;
+  for (Column &c : columns_)
+    c.sortable = enabled;
+  repaint();
+}
+
+void WAbstractItemView::setSortingEnabled(int index, bool enabled)
+{
+  column(index).sortable = enabled;
+  repaint();
+}
+
+bool WAbstractItemView::isSortingEnabled(int index) const
+{
+  return columnInfo(index).sortable && sortingEnabled_;
+}
+
+void WAbstractItemView::sortByColumn(int index, SortOrder order)
+{
+  sortColumn_ = index;
+  if (index >= 0 && index < static_cast<int>(columns_.size()))
+    columns_[index].order = order;
+  repaint();
+  if (model_)
+    model_->sort(index, order);
+}
+
+SortOrder WAbstractItemView::sortOrder() const
+{
+  return columnInfo(sortColumn_).order;
+}
+
+void WAbstractItemView::userSortsBy(int index)
+{
+  if (!isSortingEnabled(index))
+    return;
+  SortOrder order = columnInfo(index).order;
+  if (index == sortColumn_)
+    order = order == AscendingOrder ? DescendingOrder : AscendingOrder;
+  sortByColumn(index, order);
+}
+
+// --- columns
+
+WAbstractItemView::Column &WAbstractItemView::column(int index)
+{
+  if (index >= static_cast<int>(columns_.size()))
+    columns_.resize(index + 1);
+  return columns_[index];
+}
+
+const WAbstractItemView::Column &WAbstractItemView::columnInfo(int index) const
+{
+  static const Column plain;
+  return index >= 0 && index < static_cast<int>(columns_.size()) ? columns_[index] : plain;
+}
+
+void WAbstractItemView::setColumnResizeEnabled(bool enabled)
+{
+  columnResizeEnabled_ = enabled;
+  repaint();
+}
+
+void WAbstractItemView::setColumnWidth(int index, const WLength &width)
+{
+  column(index).width = width;
+  repaint();
+}
+
+WLength WAbstractItemView::columnWidth(int index) const
+{
+  return columnInfo(index).width;
+}
+
+void WAbstractItemView::setColumnHidden(int index, bool hidden)
+{
+  if (columnInfo(index).hidden == hidden)
+    return;
+  column(index).hidden = hidden;
+  element_->columnsChanged();
+}
+
+bool WAbstractItemView::isColumnHidden(int index) const
+{
+  return columnInfo(index).hidden;
+}
+
+void WAbstractItemView::setColumnAlignment(int index, AlignmentFlag alignment)
+{
+  column(index).alignment = alignment;
+  element_->columnsChanged();
+}
+
+AlignmentFlag WAbstractItemView::columnAlignment(int index) const
+{
+  return columnInfo(index).alignment;
+}
+
+void WAbstractItemView::setHeaderAlignment(int index, WFlags<AlignmentFlag> alignment)
+{
+  column(index).headerAlignment = alignment;
+  repaint();
+}
+
+AlignmentFlag WAbstractItemView::horizontalHeaderAlignment(int index) const
+{
+  for (const AlignmentFlag flag : {AlignRight, AlignCenter})
+    if (columnInfo(index).headerAlignment.testFlag(flag))
+      return flag;
+  return AlignLeft;
+}
+
+void WAbstractItemView::userResizes(int index, int width)
+{
+  if (!columnResizeEnabled_ || index < 0 || index >= static_cast<int>(columns_.size()))
+    return;
+  const WLength length(width);
+  columns_[index].width = length;
+  repaint();
+  columnResized_.emit(index, length);
+}
+
+void WAbstractItemView::setAlternatingRowColors(bool enabled)
+{
+  alternatingRowColors_ = enabled;
+  repaint();
+}
+
+void WAbstractItemView::setRowHeight(const WLength &height)
+{
+  rowHeight_ = height;
+  repaint();
+}
+
+void WAbstractItemView::setHeaderHeight(const WLength &height)
+{
+  headerHeight_ = height;
+  repaint();
+}
+
+} // namespace Wt

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#ifndef WT_WMESSAGE_RESOURCE_BUNDLE_H_
+#define WT_WMESSAGE_RESOURCE_BUNDLE_H_
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <Wt/WFlags>
+#include <Wt/WLocalizedStrings>
+
+namespace Wt {
+
+/// Texts from XML files, searched in the order of use(). Files are read at the first lookup, and what was read
+/// is shared by all sessions.
+class WMessageResourceBundle : public WLocalizedStrings
+{
+public:
+  enum Scope { Local = 1, Default = 2 };
+
+  WMessageResourceBundle();
+  ~WMessageResourceBundle() override;
+
+  /// Adds the files path.xml and path_LOCALE.xml. Never fails: a file that cannot be used is logged once.
+  void use(const std::string &path, bool loadInMemory = true);
+
+  /// The keys of the session's locale (Local), of the default file (Default), or of both.
+  const std::set<std::string> keys(WFlags<Scope> scope) const;
+
+  void refresh() override;
+  bool resolveKey(const std::string &key, std::string &result) override;
+  bool resolvePluralKey(const std::string &key, std::string &result, std::uint64_t amount) override;
+
+private:
+  class Resource;
+  std::vector<std::unique_ptr<Resource>> resources_;
+};
+
+W_DECLARE_OPERATORS_FOR_FLAGS(WMessageResourceBundle::Scope)
+
+} // namespace Wt
+
+#endif

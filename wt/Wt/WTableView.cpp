@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#include <Wt/WTableView>
+
+#include "view/TableElement.h"
+
+namespace Wt {
+
+WTableView::WTableView(WContainerWidget *parent) : WAbstractItemView(parent) {}
+
+WTableView::~WTableView() = default;
+
+void WTableView::scrollTo(const WModelIndex &index, ScrollHint hint)
+{
+  if (index.isValid())
+    Engine::TableElement::of(*this).scrollTo(index.row(), hint);
+}
+
+} // namespace Wt

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "GalleryApplication.h"
+
+#include "sections.h"
+
+#include <Wt/WContainerWidget>
+#include <Wt/WText>
+
+namespace gallery {
+
+const char *const LongText =
+    "A text that is longer than any place that it is likely to be given, so that it has to wrap, to be cut "
+    "off with an ellipsis, or to scroll, and Donaudampfschifffahrtselektrizitätenhauptbetriebswerk besides";
+const char *const HebrewText = "שלום עולם, שדר 12";
+const char *const EmojiText = "👩‍💻 café ☕ 日本語";
+const char *const MarkupText = "<b onclick=\"alert(1)\">not bold</b> & <script>alert(2)</script>";
+
+GalleryApplication::GalleryApplication(const Wt::WEnvironment &environment) : Wt::WApplication(environment)
+{
+  setTitle("Widget gallery");
+  setCssTheme("");
+  enableUpdates(true);
+  Wt::WContainerWidget *page = new Wt::WContainerWidget(root());
+  page->addStyleClass("gallery");
+  page->setAttributeValue("role", "main");
+  new Wt::WText("<h1>Widget gallery</h1>", page);
+  addButtons(page);
+  addLineEdits(page);
+  addTextAreas(page);
+  addCheckBoxes(page);
+  addComboBoxes(page);
+  addTextsAndLinks(page);
+  addIconPairs(page);
+  addProgressBars(page);
+  addTables(page);
+  addTabs(page);
+  addStacks(page);
+  addDialogs(page);
+  addUploads(page);
+}
+
+} // namespace gallery

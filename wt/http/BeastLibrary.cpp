@@ -1,0 +1,3 @@
+// SPDX-License-Identifier: MIT
+// The one place where the HTTP parser library is compiled.
+#include <boost/beast/src.hpp>

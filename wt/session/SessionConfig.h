@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#ifndef WT_SESSION_SESSION_CONFIG_H_
+#define WT_SESSION_SESSION_CONFIG_H_
+
+#include <Wt/WApplication>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace Wt {
+
+class WServer;
+
+namespace Engine {
+
+/// What all sessions of a server share. Fixed before the first session.
+struct SessionConfig {
+  std::chrono::seconds timeout{600};         ///< how long a session outlives its connection; negative: for ever
+  std::size_t maxSessions = 500;             ///< beyond it a page is told to try again later
+  std::size_t maxNewSessionsPerAddress = 30; ///< within newSessionsInterval
+  std::chrono::seconds newSessionsInterval{10};
+  std::size_t maxQueuedMessages = 1000;      ///< messages of one page that wait while its session is busy
+  std::size_t maxQueuedBytes = 4u << 20;
+  std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged
+  std::int64_t maxRequestSize = 128 * 1024;
+  WServer *server = nullptr;                 ///< may be null
+  std::string idPrefix;                      ///< of the sessions' public names
+  std::string scriptVersion;                 ///< the hash in the runtime script's URL
+};
+
+/// One place of the server where pages begin.
+struct EntryPoint {
+  std::string path;    ///< begins and ends as the router has it, such as "/"
+  std::string favicon; ///< may be empty
+  ApplicationCreator creator;
+};
+
+} // namespace Engine
+} // namespace Wt
+
+#endif // WT_SESSION_SESSION_CONFIG_H_

@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+#include "view/TableElement.h"
+
+#include <Wt/WAbstractItemModel>
+#include <Wt/WLink>
+
+#include "base/EventAccess.h"
+#include "base/RawEvent.h"
+#include "dom/Document.h"
+#include "view/CellContent.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace Wt {
+namespace Engine {
+
+namespace {
+
+const int cellExtra = 7;      ///< pixels that a column takes beside its width
+const int rowsAround = 10;    ///< rendered above and below what is in sight
+const int leastColumnWidth = 0;
+
+int number(const RawEvent &event, std::size_t index)
+{
+  int value = 0;
+  if (index < event.args.size()) {
+    const std::string &text = event.args[index];
+    std::from_chars(text.data(), text.data() + text.size(), value);
+  }
+  return value;
+}
+
+const char *alignmentClass(AlignmentFlag alignment)
+{
+  return alignment == AlignRight ? "Wt-right" : alignment == AlignCenter ? "Wt-center" : nullptr;
+}
+
+} // namespace
+
+int TableElement::rowCount() const
+{
+  return view_.model() ? view_.model()->rowCount() : 0;
+}
+
+std::vector<int> TableElement::visibleColumns() const
+{
+  std::vector<int> columns;
+  const int count = view_.model() ? view_.model()->columnCount() : 0;
+  for (int column = 0; column < count; ++column)
+    if (!view_.isColumnHidden(column))
+      columns.push_back(column);
+  return columns;
+}
+
+void TableElement::columnsChanged()
+{
+  rows_.clear();
+  if (contents_)
+    contents_->setChildren({});
+  headCells_.clear();
+  if (headRow_)
+    headRow_->setChildren({});
+  repaint();
+}
+
+void TableElement::scrollTo(int row, WAbstractItemView::ScrollHint hint)
+{
+  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
+  const int top = row * rowHeight;
+  if (hint == WAbstractItemView::PositionAtTop)
+    scrollTop_ = top;
+  else if (hint == WAbstractItemView::PositionAtBottom)
+    scrollTop_ = top + rowHeight - bodyHeight_;
+  else if (hint == WAbstractItemView::PositionAtCenter)
+    scrollTop_ = top + (rowHeight - bodyHeight_) / 2;
+  else if (top < scrollTop_)
+    scrollTop_ = top;
+  else if (top + rowHeight > scrollTop_ + bodyHeight_)
+    scrollTop_ = top + rowHeight - bodyHeight_;
+  scrollTop_ = std::max(0, scrollTop_);
+  repaint();
+  if (element_)
+    element_->call("tableScroll", std::to_string(row) + "," + std::to_string(hint));
+  else
+    pendingScroll_ = std::make_pair(row, hint);
+}
+
+void TableElement::addOwnClasses(std::string &classes) const
+{
+  classes += " Wt-itemview Wt-tableview";
+  if (rowCount() == 0)
+    classes += " Wt-noRows";
+  if (view_.alternatingRowColors())
+    classes += " Wt-striped";
+}
+
+void TableElement::render(Dom::Element &e)
+{
+  WWebWidget::render(e);
+  e.set("role", "grid");
+  e.set("aria-rowcount", std::to_string(rowCount() + 1));
+  e.setIf(view_.selectionMode() == ExtendedSelection, "aria-multiselectable", "true");
+  e.setIf(!isEnabled(), "aria-disabled", "true");
+  e.set("*--wt-columns", trackList());
+  e.set("*--wt-row", view_.rowHeight().cssText());
+  e.set("!table", view_.selectionMode() == NoSelection ? "{}" : "{\"select\":1}");
+}
+
+std::string TableElement::trackList() const
+{
+  std::string tracks;
+  for (const int column : visibleColumns()) {
+    const int width = std::max(leastColumnWidth, static_cast<int>(view_.columnWidth(column).toPixels()));
+    tracks += (tracks.empty() ? "" : " ") + std::to_string(width + cellExtra) + "px";
+  }
+  return tracks;
+}
+
+void TableElement::renderContents(Dom::Element &e)
+{
+  Dom::Document &document = e.document();
+  if (!head_) {
+    head_ = document.create("div", this);
+    head_->set("class", "Wt-header headerrh");
+    head_->set("role", "rowgroup");
+    headRow_ = document.create("div", this);
+    headRow_->set("class", "Wt-headerdiv");
+    headRow_->set("role", "row");
+    head_->setChildren({headRow_});
+    body_ = document.create("div", this);
+    body_->set("class", "Wt-tv-body");
+    body_->set("role", "rowgroup");
+    contents_ = document.create("div", this);
+    contents_->set("class", "Wt-tv-contents");
+    contents_->set("role", "presentation");
+    body_->setChildren({contents_});
+  }
+  body_->set("tabindex", isEnabled() ? "0" : "-1");
+  headRow_->set("*height", view_.headerHeight().cssText());
+  renderHead(document);
+  renderBody(document);
+  e.setChildren({head_, body_});
+  if (pendingScroll_.first >= 0) {
+    const std::pair<int, int> wanted = pendingScroll_;
+    pendingScroll_.first = -1;
+    e.set(".tableScroll", std::to_string(wanted.first) + "," + std::to_string(wanted.second));
+  }
+}
+
+void TableElement::renderHead(Dom::Document &document)
+{
+  std::vector<Dom::Element *> cells;
+  for (const int column : visibleColumns()) {
+    Dom::Element *&cell = headCells_[column];
+    if (!cell)
+      cell = document.create("div", this);
+    renderHeadCell(*cell, column);
+    cells.push_back(cell);
+  }
+  headRow_->setChildren(cells);
+}
+
+void TableElement::renderHeadCell(Dom::Element &cell, int column)
+{
+  Dom::Document &document = cell.document();
+  const bool sortable = view_.isSortingEnabled(column);
+  const bool sorted = sortable && view_.sortColumn() == column;
+  const bool descending = sorted && view_.sortOrder() == DescendingOrder;
+  std::string classes = "Wt-tv-c";
+  if (!view_.isColumnResizeEnabled())
+    classes += " Wt-tv-no-rh";
+  if (const char *alignment = alignmentClass(view_.horizontalHeaderAlignment(column)))
+    classes += std::string(" ") + alignment;
+  cell.set("class", classes);
+  cell.set("role", "columnheader");
+  cell.set("data-column", std::to_string(column));
+  cell.setIf(sortable || view_.isColumnResizeEnabled(), "tabindex", "0");
+  cell.setIf(sortable, "aria-sort", sorted ? (descending ? "descending" : "ascending") : "none");
+
+  std::vector<Dom::Element *> parts = cell.children();
+  if (parts.empty()) {
+    parts = {document.create("span", this), document.create("span", this), document.create("span", this)};
+    parts[0]->set("class", "Wt-label");
+    parts[1]->set("aria-hidden", "true");
+    parts[2]->set("class", "Wt-tv-rh");
+    parts[2]->set("aria-hidden", "true");
+  }
+  parts[0]->set("#", asString(view_.model()->headerData(column)).toUTF8());
+  parts[1]->setIf(sortable, "class", std::string("Wt-tv-sh ") + (!sorted      ? "Wt-tv-sh-none"
+                                                                 : descending ? "Wt-tv-sh-down"
+                                                                              : "Wt-tv-sh-up"));
+  parts[2]->setIf(!view_.isColumnResizeEnabled(), "hidden", "");
+  cell.setChildren(parts);
+}
+
+void TableElement::renderBody(Dom::Document &document)
+{
+  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
+  const int count = rowCount();
+  contents_->set("*height", std::to_string(count * rowHeight) + "px");
+
+  const int first = std::max(0, std::min(scrollTop_ / rowHeight - rowsAround, count - 1));
+  const int last = std::min(count, (scrollTop_ + bodyHeight_) / rowHeight + 1 + rowsAround);
+  std::vector<Row> rows(std::max(0, last - first));
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const int at = firstRow_ + static_cast<int>(i) - first;
+    if (at >= 0 && at < static_cast<int>(rows.size()))
+      rows[at] = std::move(rows_[i]);
+  }
+  rows_.swap(rows);
+  firstRow_ = first;
+
+  const std::vector<int> columns = visibleColumns();
+  std::vector<Dom::Element *> elements;
+  elements.reserve(rows_.size());
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    renderRow(rows_[i], first + static_cast<int>(i), columns, document);
+    elements.push_back(rows_[i].element);
+  }
+  contents_->setChildren(elements);
+}
+
+std::string TableElement::rowClasses(int index) const
+{
+  std::string classes;
+  if (view_.selectionBehavior() == SelectRows && view_.rowSelected(index, 0))
+    classes = "Wt-selected";
+  if (view_.alternatingRowColors() && index % 2 == 1)
+    classes += classes.empty() ? "Wt-odd" : " Wt-odd";
+  return classes;
+}
+
+void TableElement::renderRow(Row &row, int index, const std::vector<int> &columns, Dom::Document &document)
+{
+  if (!row.element) {
+    row.element = document.create("~r", this);
+    row.element->set(".row", std::to_string(index));
+    for (std::size_t i = 0; i < columns.size(); ++i)
+      row.cells.push_back(document.create("~c", this));
+    row.element->setChildren(row.cells);
+  }
+  const std::string classes = rowClasses(index);
+  row.element->setIf(!classes.empty(), "class", classes);
+  const bool selected = view_.selectionBehavior() == SelectRows && view_.rowSelected(index, 0);
+  row.element->setIf(selected, "aria-selected", "true");
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    renderCell(*row.cells[i], view_.model()->index(index, columns[i]), view_.columnAlignment(columns[i]));
+}
+
+void TableElement::renderCell(Dom::Element &cell, const WModelIndex &index, AlignmentFlag alignment)
+{
+  const CellContent content(index);
+  std::string classes = content.styleClass();
+  if (const char *name = alignmentClass(alignment))
+    classes += (classes.empty() ? "" : " ") + std::string(name);
+  if (view_.selectionBehavior() == SelectItems && view_.rowSelected(index.row(), index.column()))
+    classes += classes.empty() ? "Wt-selected" : " Wt-selected";
+  cell.setIf(!classes.empty(), "class", classes);
+  const std::string tip = content.toolTip();
+  cell.setIf(!tip.empty(), "title", tip);
+  content.renderInto(cell, this);
+}
+
+void TableElement::propagateSetEnabled(bool enabled)
+{
+  WWebWidget::propagateSetEnabled(enabled);
+  repaint();
+}
+
+void TableElement::domGone(Dom::Element &gone) noexcept
+{
+  if (&gone == element_) {
+    head_ = headRow_ = body_ = contents_ = nullptr;
+    headCells_.clear();
+    rows_.clear();
+  }
+  WWebWidget::domGone(gone);
+}
+
+// --- what the browser tells
+
+void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
+{
+  if (event.name == "table:scroll") {
+    scrollTop_ = std::max(0, number(event, 0));
+    bodyHeight_ = std::max(0, std::min(number(event, 1), 20000));
+    repaint();
+  } else if (event.name == "table:sort") {
+    view_.userSortsBy(number(event, 0));
+  } else if (event.name == "table:resize") {
+    view_.userResizes(number(event, 0), std::max(1, std::min(number(event, 1), 20000)));
+  } else if (event.name == "table:key") {
+    userPressedKey(number(event, 0), number(event, 1));
+  } else if (event.name == "table:check") {
+    if (view_.model())
+      view_.model()->setData(number(event, 0), number(event, 1), boost::any(number(event, 2) != 0), CheckStateRole);
+  } else if (event.name.compare(0, 6, "table:") == 0) {
+    mouse(event);
+  } else {
+    WWebWidget::handleDomEvent(at, event);
+  }
+}
+
+void TableElement::mouse(const RawEvent &event)
+{
+  const int row = number(event, 0);
+  const int column = number(event, 1);
+  const bool cell = row >= 0 && row < rowCount() && column >= 0 && column < view_.model()->columnCount();
+  const WModelIndex index = cell ? view_.model()->index(row, column) : WModelIndex();
+  const WMouseEvent mouseEvent = EventAccess::make<WMouseEvent>(event);
+  if (event.name == "table:down") {
+    if (cell && mouseEvent.button() == WMouseEvent::LeftButton) {
+      currentRow_ = row;
+      view_.userSelects(index, mouseEvent.modifiers());
+    }
+    view_.mouseWentDown_.emit(index, mouseEvent);
+  } else if (event.name == "table:up") {
+    view_.mouseWentUp_.emit(index, mouseEvent);
+  } else if (event.name == "table:click") {
+    view_.clicked_.emit(index, mouseEvent);
+  } else if (event.name == "table:dblclick") {
+    view_.doubleClicked_.emit(index, mouseEvent);
+  }
+}
+
+void TableElement::userPressedKey(int keyCode, int modifiers)
+{
+  const int count = rowCount();
+  if (count == 0 || view_.selectionMode() == NoSelection)
+    return;
+  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
+  const int page = std::max(1, bodyHeight_ / rowHeight - 1);
+  const int current = currentRow_ >= count ? count - 1 : currentRow_;
+  int row = current;
+  switch (keyCode) {
+  case Key_Up: row = current - 1; break;
+  case Key_Down: row = current + 1; break;
+  case Key_PageUp: row = current - page; break;
+  case Key_PageDown: row = current + page; break;
+  case Key_Home: row = 0; break;
+  case Key_End: row = count - 1; break;
+  default: break;
+  }
+  row = std::max(0, std::min(row, count - 1));
+  currentRow_ = row;
+  const WFlags<KeyboardModifier> flags(static_cast<KeyboardModifier>(modifiers));
+  view_.userSelects(view_.model()->index(row, 0), flags);
+  scrollTo(row, WAbstractItemView::EnsureVisible);
+}
+
+} // namespace Engine
+} // namespace Wt

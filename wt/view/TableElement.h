@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#ifndef WT_VIEW_TABLE_ELEMENT_H_
+#define WT_VIEW_TABLE_ELEMENT_H_
+
+#include <Wt/WAbstractItemView>
+#include <Wt/WWebWidget>
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Wt {
+
+class WAbstractItemModel;
+
+namespace Engine {
+
+/**
+ * A table view on the page: a head of column titles over a scrolling body, in which only the rows in sight and a
+ * few around them exist.
+ *
+ * Rows and cells are elements "~r" and "~c", for which the runtime knows tag, class and role. A row is placed by its
+ * number (".row"), so that scrolling only makes and removes rows, and a model that is emptied and filled again with
+ * the same data changes nothing. The columns' widths are one setting of the whole view.
+ */
+class TableElement : public WWebWidget
+{
+public:
+  explicit TableElement(WAbstractItemView &view) : view_(view) { setInline(false); }
+
+  static TableElement &of(WAbstractItemView &view) { return *view.element_; }
+
+  /// Data, rows or looks have changed.
+  void modelChanged() { repaint(); }
+
+  /// The columns are others now, or differently aligned: rows are made anew.
+  void columnsChanged();
+
+  void scrollTo(int row, WAbstractItemView::ScrollHint hint);
+
+protected:
+  void addOwnClasses(std::string &classes) const override;
+  void render(Dom::Element &e) override;
+  void renderContents(Dom::Element &e) override;
+  void handleDomEvent(Dom::Element &at, const RawEvent &event) override;
+  void propagateSetEnabled(bool enabled) override;
+  void domGone(Dom::Element &gone) noexcept override;
+
+private:
+  struct Row {
+    Dom::Element *element = nullptr;
+    std::vector<Dom::Element *> cells; ///< of the visible columns
+  };
+
+  int rowCount() const;
+  std::vector<int> visibleColumns() const;
+  std::string trackList() const;
+  void renderHead(Dom::Document &document);
+  void renderHeadCell(Dom::Element &cell, int column);
+  void renderBody(Dom::Document &document);
+  void renderRow(Row &row, int index, const std::vector<int> &columns, Dom::Document &document);
+  void renderCell(Dom::Element &cell, const WModelIndex &index, AlignmentFlag alignment);
+  std::string rowClasses(int index) const;
+  void userPressedKey(int keyCode, int modifiers);
+  void mouse(const RawEvent &event);
+
+  WAbstractItemView &view_;
+  Dom::Element *head_ = nullptr;
+  Dom::Element *headRow_ = nullptr;
+  Dom::Element *body_ = nullptr;
+  Dom::Element *contents_ = nullptr;
+  std::map<int, Dom::Element *> headCells_; ///< by column
+  std::vector<Row> rows_;
+  int firstRow_ = 0; ///< of rows_
+  int scrollTop_ = 0;
+  int bodyHeight_ = 600; ///< pixels, until the browser tells
+  int currentRow_ = -1;  ///< where the keyboard stands
+  std::pair<int, int> pendingScroll_ = {-1, 0}; ///< row and hint, until the view is rendered
+};
+
+} // namespace Engine
+} // namespace Wt
+
+#endif // WT_VIEW_TABLE_ELEMENT_H_
