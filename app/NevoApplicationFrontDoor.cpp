@@ -7,11 +7,13 @@
 #include "Text.h"
 #include "WBannerDialog.h"
 #include "WInitAdminPasswordDialog.h"
+#include "WLineEditPlus.h"
 #include "WLoginDialog.h"
 #include "WMsgBoxSimple.h"
 
 #include <Wt/WAnchor>
 #include <Wt/WEvent>
+#include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WTimer>
 

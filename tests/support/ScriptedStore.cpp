@@ -226,6 +226,8 @@ std::string ScriptedStore::answerTo(json_t *request)
 {
   const std::string method = memberText(request, "method");
   const std::string resource = memberText(request, "resource");
+  // The tag of an answer that the client still holds from another store is not the caller's.
+  json_object_del(request, "have");
   const std::lock_guard<std::mutex> lock(mutex_);
   requests_.push_back(dump(request));
   const auto script = scripts_.find(method + " " + resource);

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "WIOService.h"
 
-#include "session/Log.h"
+#include "base/Log.h"
 
+#include <algorithm>
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context_strand.hpp>
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
-
-#include <algorithm>
 #include <csignal>
 #include <list>
 #include <mutex>
 #include <optional>
-
 #include <pthread.h>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 namespace asio = boost::asio;
 
@@ -85,7 +85,7 @@ void WIOService::addThread()
   if (pthread_create(&thread, &attributes, body, this) == 0)
     impl_->threads.push_back(thread);
   else
-    Engine::log("error", "A worker thread cannot be started.");
+    Engine::log(Engine::LogLevel::Error, "pool", "A worker thread cannot be started.");
   pthread_attr_destroy(&attributes);
   pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }
@@ -115,7 +115,8 @@ void WIOService::perform(const std::function<void()> &function)
   try {
     function();
   } catch (const std::exception &e) {
-    Engine::log("error", std::string("An exception escaped a function on a worker thread: ") + e.what());
+    Engine::log(Engine::LogLevel::Error, "pool",
+                std::string("An exception escaped a function on a worker thread: ") + e.what());
   }
   const std::lock_guard<std::mutex> lock(impl_->mutex);
   --impl_->busy;

@@ -2,17 +2,17 @@
 #ifndef WT_WIO_SERVICE_H_
 #define WT_WIO_SERVICE_H_
 
+#include <boost/asio/io_service.hpp>
+#include <boost/function.hpp>
 #include <functional>
 #include <memory>
 
-#include <boost/asio/io_service.hpp>
-#include <boost/function.hpp>
-
-namespace Wt {
+namespace Wt
+{
 
 /**
- * The server's pool of worker threads. Threads are started as they are needed, up to the number that was set: as
- * long as that is not reached there is always one that waits for work.
+ * The server's pool of worker threads. Threads are started as they are needed, up to the number that was set:
+ * as long as that is not reached there is always one that waits for work.
  */
 class WIOService : public boost::asio::io_service
 {
@@ -29,8 +29,8 @@ public:
   /// Drops what has not begun, and waits for what has. Not from a thread of the pool.
   void stop();
 
-  /// Runs the function once, on a thread of the pool that works for no session. With 0 milliseconds functions run
-  /// one after the other in the order of the calls.
+  /// Runs the function once, on a thread of the pool that works for no session. With 0 milliseconds functions
+  /// run one after the other in the order of the calls.
   void schedule(int milliSeconds, const boost::function<void()> &function);
   /// The same as schedule(0, function).
   void post(const boost::function<void()> &function);

@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "WServer.h"
 
+#include "base/Log.h"
 #include "http/HttpServer.h"
 #include "http/PoolScheduler.h"
 #include "http/ScriptAsset.h"
 #include "http/ServerConfiguration.h"
-#include "session/Log.h"
 #include "session/SessionManager.h"
-
-#include <malloc.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <fstream>
+#include <malloc.h>
+#include <unistd.h>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 constexpr int reaperMilliseconds = 5000;
 // Two arenas serve the network thread and the workers; more would only spread the free memory.
@@ -29,10 +30,11 @@ constexpr int mallocTrim = 256 * 1024;
 std::atomic<WServer *> theServer{nullptr};
 
 /// Tells the person at the terminal and the log.
-void tell(const char *level, const std::string &text)
+void tell(Engine::LogLevel level, const std::string &text)
 {
-  std::fprintf(stderr, "%s\n", text.c_str());
-  Engine::log(level, text);
+  if (Engine::hasLogSink())
+    std::fprintf(stderr, "%s\n", text.c_str());
+  Engine::log(level, "server", text);
 }
 
 } // namespace
@@ -104,7 +106,7 @@ Engine::SessionConfig WServer::Impl::sessionConfig() const
 }
 
 WServer::WServer(const std::string &wtApplicationPath, const std::string &wtConfigurationFile)
-  : impl_(std::make_unique<Impl>())
+    : impl_(std::make_unique<Impl>())
 {
   ::mallopt(M_ARENA_MAX, mallocArenas);
   ::mallopt(M_TRIM_THRESHOLD, mallocTrim);
@@ -114,7 +116,7 @@ WServer::WServer(const std::string &wtApplicationPath, const std::string &wtConf
 }
 
 WServer::WServer(int argc, char *argv[], const std::string &wtConfigurationFile)
-  : WServer(argc > 0 ? argv[0] : "", wtConfigurationFile)
+    : WServer(argc > 0 ? argv[0] : "", wtConfigurationFile)
 {
   setServerConfiguration(argc, argv);
 }
@@ -136,10 +138,9 @@ WServer *WServer::instance()
   return theServer;
 }
 
-void WServer::setServerConfiguration(int argc, char *argv[], const std::string &serverConfigurationFile)
+// The file would hold options of the command line; here they are given on the command line only.
+void WServer::setServerConfiguration(int argc, char *argv[], const std::string &)
 {
-  // The second file is for settings of the built-in server; command line options serve the same purpose here.
-  (void)serverConfigurationFile;
   Net::ServerConfiguration configuration;
   configuration.parseArguments(argc > 1 ? std::vector<std::string>(argv + 1, argv + argc)
                                         : std::vector<std::string>());
@@ -151,11 +152,11 @@ void WServer::setServerConfiguration(int argc, char *argv[], const std::string &
   for (const std::string &option : configuration.unknown)
     unknown += (unknown.empty() ? "" : ", ") + option;
   if (!unknown.empty())
-    tell("warning", "Unknown on the command line, and ignored: " + unknown);
+    tell(Engine::LogLevel::Warning, "Unknown on the command line, and ignored: " + unknown);
   std::string error;
   if (!configuration.readFile(impl_->configurationFile, impl_->applicationPath, error) ||
       !configuration.check(error)) {
-    tell("error", error);
+    tell(Engine::LogLevel::Error, error);
     throw Exception(error);
   }
   impl_->configuration = configuration;
@@ -177,7 +178,7 @@ void WServer::addEntryPoint(EntryPointType type, ApplicationCreator callback, co
 bool WServer::start()
 {
   if (isRunning()) {
-    Engine::log("error", "The server was started while it runs.");
+    Engine::log(Engine::LogLevel::Error, "server", "The server was started while it runs.");
     return false;
   }
   if (!impl_->configured)
@@ -191,7 +192,7 @@ bool WServer::start()
   std::string error;
   if (!http->start(error)) {
     impl_->sessions.reset();
-    tell("error", error);
+    tell(Engine::LogLevel::Error, error);
     throw Exception(error);
   }
   service.start();
@@ -212,7 +213,7 @@ void WServer::reap()
 void WServer::stop()
 {
   if (!isRunning()) {
-    Engine::log("error", "The server was stopped while it does not run.");
+    Engine::log(Engine::LogLevel::Error, "server", "The server was stopped while it does not run.");
     return;
   }
   impl_->sessions->stop();
@@ -252,11 +253,11 @@ int WServer::waitForShutdown(const char *)
 
 void WServer::reload()
 {
-  Engine::log("info", "Reading the configuration anew.");
+  Engine::log(Engine::LogLevel::Info, "server", "Reading the configuration anew.");
   Net::ServerConfiguration fresh = impl_->configuration;
   std::string error;
   if (!fresh.readFile(impl_->configurationFile, impl_->applicationPath, error)) {
-    Engine::log("error", error);
+    Engine::log(Engine::LogLevel::Error, "server", error);
     return;
   }
   if (!impl_->http)

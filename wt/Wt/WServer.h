@@ -6,24 +6,25 @@
 #include <Wt/WException>
 #include <Wt/WGlobal>
 #include <Wt/WIOService>
-
+#include <boost/function.hpp>
 #include <memory>
 #include <string>
 
-#include <boost/function.hpp>
+namespace Wt
+{
 
-namespace Wt {
-
-namespace Engine {
+namespace Engine
+{
 class SessionManager;
 }
 
 /**
  * The program's web server: one network thread, a pool of workers, and the sessions of its entry points.
  *
- * Differences from the documented API: --ssl-tmp-dh may be left out, because keys are agreed on elliptic curves; if
- * --http and --https name the same address and port, that port takes both; unknown options are named on standard
- * error and in the log.
+ * Differences from the documented API: --ssl-tmp-dh may be left out, because keys are agreed on elliptic
+ * curves; if
+ * --http and --https name the same address and port, that port takes both; unknown options are named on
+ * standard error and in the log.
  */
 class WServer
 {

@@ -64,6 +64,12 @@ LogSink setLogSink(LogSink function)
   return former;
 }
 
+bool hasLogSink()
+{
+  std::lock_guard<std::mutex> lock(sink().mutex);
+  return sink().function != nullptr;
+}
+
 void setLogLevel(LogLevel level)
 {
   lowestLevel = level;

@@ -16,6 +16,8 @@ typedef std::function<void(LogLevel level, std::string_view scope, std::string_v
 /// Where messages go instead of stderr; an empty sink restores that. Gives back the former sink. May be called from
 /// any thread, as is the sink itself.
 LogSink setLogSink(LogSink sink);
+/// False while messages go to stderr.
+bool hasLogSink();
 
 /// Messages below the level are dropped; Info at first.
 void setLogLevel(LogLevel level);

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "http/AccessLog.h"
 
+#include <ctime>
 #include <fcntl.h>
 #include <poll.h>
 
-#include <ctime>
+namespace Wt
+{
+namespace Net
+{
 
-namespace Wt {
-namespace Net {
-
-namespace {
+namespace
+{
 
 std::string quotable(const std::string &text)
 {
@@ -54,8 +56,8 @@ void AccessLog::reopen()
     file_ = std::move(file);
 }
 
-void AccessLog::write(const std::string &address, const std::string &method, const std::string &path, int status,
-                      std::uint64_t bodySize)
+void AccessLog::write(const std::string &address, const std::string &method, const std::string &path,
+                      int status, std::uint64_t bodySize)
 {
   if (fileName_ == "-" || !usable_)
     return;

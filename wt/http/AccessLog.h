@@ -7,10 +7,13 @@
 #include <cstdint>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-/// One line for each request, in the common log format. Queries are left out: they may hold names of sessions.
+/// One line for each request, in the common log format. Queries are left out: they may hold names of
+/// sessions.
 class AccessLog
 {
 public:

@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// The road from a connection to its peer: a socket, plain or TLS, or a text in memory. Network thread only.
 /// None of these calls back into the connection before it returns.
@@ -21,7 +23,8 @@ public:
   virtual std::size_t queued() const = 0;
   /// Whether the connection wants to be given bytes; it does at first.
   virtual void setReading(bool reading) = 0;
-  /// Sends what is queued, says that no more comes, and closes once the peer has closed or some time has passed.
+  /// Sends what is queued, says that no more comes, and closes once the peer has closed or some time has
+  /// passed.
   virtual void closeAfterSending() = 0;
   /// Closes at once.
   virtual void abort() = 0;

@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <charconv>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 bool parseNumber(std::string_view text, std::uint64_t &number)
 {

@@ -6,8 +6,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// What a Range header asks for.
 struct ByteRange {

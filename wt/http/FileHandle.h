@@ -3,11 +3,12 @@
 #define WT_HTTP_FILE_HANDLE_H_
 
 #include <unistd.h>
-
 #include <utility>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// Owns a file descriptor.
 class FileHandle

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "http/Gzip.h"
 
+#include <algorithm>
 #include <zlib.h>
 
-#include <algorithm>
+namespace Wt
+{
+namespace Net
+{
 
-namespace Wt {
-namespace Net {
-
-namespace {
+namespace
+{
 
 constexpr int gzipWindow = 15 + 16; // zlib's way to ask for the gzip file form
 
@@ -50,7 +52,7 @@ bool acceptsGzip(std::string_view acceptEncoding)
     if (name != "gzip" && name != "x-gzip" && name != "*")
       continue;
     const std::string_view quality =
-      parameters == std::string_view::npos ? std::string_view() : trimmed(item.substr(parameters + 1));
+        parameters == std::string_view::npos ? std::string_view() : trimmed(item.substr(parameters + 1));
     return quality.find_first_of("123456789", quality.find('=')) != std::string_view::npos || quality.empty();
   }
   return false;

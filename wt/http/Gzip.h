@@ -5,8 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// The text as a gzip file; empty where compressing fails. `level` is zlib's, 1 (quick) to 9 (small).
 std::string gzip(std::string_view text, int level);

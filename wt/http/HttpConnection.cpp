@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "http/HttpConnection.h"
 
+#include "base/Log.h"
 #include "http/ByteChannel.h"
 #include "http/HttpDate.h"
 #include "http/UrlCodec.h"
-#include "session/Log.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 constexpr std::chrono::milliseconds progressInterval{200};
 
@@ -25,27 +28,28 @@ struct Header {
 
 /// Sent with everything.
 const Header commonHeaders[] = {
-  {"X-Content-Type-Options", "nosniff"},
-  {"Referrer-Policy", "no-referrer"},
-  {"Cross-Origin-Resource-Policy", "same-origin"},
+    {"X-Content-Type-Options", "nosniff"},
+    {"Referrer-Policy", "no-referrer"},
+    {"Cross-Origin-Resource-Policy", "same-origin"},
 };
 
 /// Sent with a page.
 const Header pageHeaders[] = {
-  {"Content-Type", "text/html; charset=utf-8"},
-  {"Cache-Control", "no-store"},
-  {"Content-Security-Policy",
-   "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; connect-src 'self'; "
-   "font-src 'self'; frame-ancestors 'none'; base-uri 'none'; form-action 'self'"},
-  {"Permissions-Policy", "camera=(), display-capture=(), geolocation=(), microphone=(), payment=(), usb=()"},
-  {"Cross-Origin-Opener-Policy", "same-origin"},
+    {"Content-Type", "text/html; charset=utf-8"},
+    {"Cache-Control", "no-store"},
+    {"Content-Security-Policy",
+     "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; connect-src 'self'; "
+     "font-src 'self'; frame-ancestors 'none'; base-uri 'none'; form-action 'self'"},
+    {"Permissions-Policy",
+     "camera=(), display-capture=(), geolocation=(), microphone=(), payment=(), usb=()"},
+    {"Cross-Origin-Opener-Policy", "same-origin"},
 };
 
 constexpr char strictTransport[] = "max-age=86400";
 
 /// Fields that belong to the connection, not to what a resource says.
-const char *const ownHeaders[] = {"connection", "content-length", "date", "keep-alive", "transfer-encoding",
-                                  "upgrade"};
+const char *const ownHeaders[] = {"connection", "content-length",    "date",
+                                  "keep-alive", "transfer-encoding", "upgrade"};
 
 std::string lowerCase(std::string text)
 {
@@ -65,8 +69,9 @@ bool isToken(const std::string &text)
 /// A name, or an address, and perhaps a port: nothing that could change the meaning of a URL.
 bool isHost(const std::string &host)
 {
-  return host.size() <= 260 && host.find_first_not_of("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
-                                                      "-._~:[]%") == std::string::npos;
+  return host.size() <= 260 &&
+         host.find_first_not_of("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+                                "-._~:[]%") == std::string::npos;
 }
 
 /// Whether a comma separated list has that word, in whatever case.
@@ -104,7 +109,8 @@ std::string withoutDefaultPort(const std::string &host, bool secure)
 } // namespace
 
 HttpConnection::HttpConnection(HttpService &service, ByteChannel &channel, Peer peer)
-  : service_(service), channel_(&channel), peer_(std::move(peer)), deadline_(service.loop.now() + service.limits.head)
+    : service_(service), channel_(&channel), peer_(std::move(peer)),
+      deadline_(service.loop.now() + service.limits.head)
 {
 }
 
@@ -324,7 +330,8 @@ int HttpConnection::webSocketRefusal() const
 {
   const ParsedHead &parsed = request_->parsed;
   if (parsed.method != "GET" || !parsed.http11 || !listed(parsed.header("upgrade"), "websocket") ||
-      !listed(parsed.header("connection"), "upgrade") || !WebSocketCodec::isKey(parsed.header("sec-websocket-key")) ||
+      !listed(parsed.header("connection"), "upgrade") ||
+      !WebSocketCodec::isKey(parsed.header("sec-websocket-key")) ||
       parser_->state() != RequestParser::State::Done)
     return 400;
   if (parsed.header("sec-websocket-version") != "13")
@@ -499,7 +506,7 @@ void HttpConnection::pumpFile()
   while (request.fileLeft > 0 && channel_->queued() < shortQueue) {
     std::string bytes(static_cast<std::size_t>(std::min<std::uint64_t>(request.fileLeft, shortQueue)), '\0');
     const ssize_t n =
-      ::pread(request.file.get(), &bytes[0], bytes.size(), static_cast<off_t>(request.fileOffset));
+        ::pread(request.file.get(), &bytes[0], bytes.size(), static_cast<off_t>(request.fileOffset));
     if (n <= 0) {
       // The file has become shorter than announced: only a cut connection tells the browser so.
       channel_->abort();
@@ -579,7 +586,8 @@ void HttpConnection::sendResourceBytes(std::string bytes)
 void HttpConnection::finishAnswer()
 {
   const std::unique_ptr<Request> request = std::move(request_);
-  service_.accessLog.write(peer_.address, request->head.method, request->head.path, request->status, request->sent);
+  service_.accessLog.write(peer_.address, request->head.method, request->head.path, request->status,
+                           request->sent);
   parser_.reset();
   if (request->keepAlive && !stopping_) {
     state_ = State::Idle;

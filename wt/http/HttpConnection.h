@@ -15,8 +15,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 class ByteChannel;
 
@@ -28,8 +30,8 @@ struct Peer {
 };
 
 /**
- * One connection of a browser: takes requests apart, one after the other, and answers them, or becomes a WebSocket.
- * It knows no socket: bytes come by received(), and go by a channel. Network thread only.
+ * One connection of a browser: takes requests apart, one after the other, and answers them, or becomes a
+ * WebSocket. It knows no socket: bytes come by received(), and go by a channel. Network thread only.
  */
 class HttpConnection : public std::enable_shared_from_this<HttpConnection>
 {

@@ -3,10 +3,13 @@
 
 #include <cstdio>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 const char *const days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 const char *const months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",

@@ -6,8 +6,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// "Sun, 06 Nov 1994 08:49:37 GMT".
 std::string httpDate(std::time_t time);

@@ -1,28 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "http/HttpServer.h"
 
+#include "base/Log.h"
 #include "http/HttpService.h"
 #include "http/SocketChannel.h"
 #include "http/TlsContext.h"
-#include "session/Log.h"
 
+#include <algorithm>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
-
-#include <sys/resource.h>
-
-#include <algorithm>
 #include <csignal>
 #include <list>
+#include <sys/resource.h>
 #include <thread>
 #include <unordered_map>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 namespace asio = boost::asio;
 using asio::ip::tcp;
@@ -73,19 +74,19 @@ class HttpServer::Impl
 {
 public:
   Impl(HttpSettings given, Engine::SessionHost &sessions)
-    : settings(std::move(given)), context(1), loop(context),
-      service{loop,
-              sessions,
-              settings.staticListed ? Router(settings.staticPaths) : Router(),
-              StaticFiles(settings.documentRoot, settings.compression),
-              ScriptAsset(settings.compression),
-              AccessLog(settings.accessLog),
-              {},
-              {settings.maximumBody},
-              settings.behindProxy,
-              false,
-              0},
-      sweepTimer(context)
+      : settings(std::move(given)), context(1),
+        loop(context), service{loop,
+                               sessions,
+                               settings.staticListed ? Router(settings.staticPaths) : Router(),
+                               StaticFiles(settings.documentRoot, settings.compression),
+                               ScriptAsset(settings.compression),
+                               AccessLog(settings.accessLog),
+                               {},
+                               {settings.maximumBody},
+                               settings.behindProxy,
+                               false,
+                               0},
+        sweepTimer(context)
   {
     for (const std::string &path : settings.entryPoints)
       service.router.addEntryPoint(path);
@@ -135,11 +136,12 @@ bool HttpServer::Impl::openTls(std::string &error)
   tls = TlsContext::create(settings.certificateChain, settings.privateKey, error);
   if (!tls)
     return false;
-  // A browser that was told so never comes in the clear again, to any port of this host: only where nothing here
-  // is served in the clear, at the usual port, under a certificate that others vouch for.
-  service.strictTransport = !tls->isSelfSigned() &&
-                            std::all_of(settings.endpoints.begin(), settings.endpoints.end(),
-                                        [](const auto &endpoint) { return !endpoint.http && endpoint.port == 443; });
+  // A browser that was told so never comes in the clear again, to any port of this host: only where nothing
+  // here is served in the clear, at the usual port, under a certificate that others vouch for.
+  service.strictTransport =
+      !tls->isSelfSigned() &&
+      std::all_of(settings.endpoints.begin(), settings.endpoints.end(),
+                  [](const auto &endpoint) { return !endpoint.http && endpoint.port == 443; });
   return true;
 }
 
@@ -191,8 +193,9 @@ bool HttpServer::Impl::open(std::string &error)
       return false;
   const std::size_t descriptors = raiseDescriptorLimit();
   // Each session may need a descriptor for the store beside the one for its page.
-  const std::size_t affordable = descriptors > 2 * descriptorsForOthers ? (descriptors - descriptorsForOthers) / 2
-                                                                         : descriptorsForOthers;
+  const std::size_t affordable = descriptors > 2 * descriptorsForOthers
+                                     ? (descriptors - descriptorsForOthers) / 2
+                                     : descriptorsForOthers;
   settings.maximumConnections = std::min(settings.maximumConnections, affordable);
   settings.maximumPerAddress = std::min(settings.maximumPerAddress, settings.maximumConnections);
   return true;
@@ -230,7 +233,8 @@ bool HttpServer::Impl::makeRoom(const std::string &address)
   SocketChannel *longestResting = nullptr;
   for (const auto &entry : channels) {
     const HttpConnection *connection = entry.second->connection();
-    const bool candidate = connection && connection->idle() && (!tooManyOfIt || entry.second->address() == address);
+    const bool candidate =
+        connection && connection->idle() && (!tooManyOfIt || entry.second->address() == address);
     if (candidate && (!longestResting || entry.second->deadline() < longestResting->deadline()))
       longestResting = entry.first;
   }
@@ -244,7 +248,7 @@ void HttpServer::Impl::accepted(Listener &listener, tcp::socket socket)
   const std::string address = addressOf(socket);
   if (address.empty() || !makeRoom(address))
     return;
-  const auto mode = !listener.endpoint.tls  ? SocketChannel::Mode::Plain
+  const auto mode = !listener.endpoint.tls   ? SocketChannel::Mode::Plain
                     : listener.endpoint.http ? SocketChannel::Mode::Either
                                              : SocketChannel::Mode::Tls;
   const auto channel = std::make_shared<SocketChannel>(service, std::move(socket), address, mode, tls);
@@ -303,7 +307,8 @@ void HttpServer::Impl::run()
       context.run();
       return;
     } catch (const std::exception &e) {
-      Engine::log("error", std::string("The network thread goes on after an exception: ") + e.what());
+      Engine::log(Engine::LogLevel::Error, "http",
+                  std::string("The network thread goes on after an exception: ") + e.what());
     }
   }
 }
@@ -334,7 +339,7 @@ void HttpServer::Impl::shutDown()
 }
 
 HttpServer::HttpServer(HttpSettings settings, Engine::SessionHost &sessions)
-  : impl_(std::make_unique<Impl>(std::move(settings), sessions))
+    : impl_(std::make_unique<Impl>(std::move(settings), sessions))
 {
 }
 
@@ -387,7 +392,7 @@ void HttpServer::reload()
     impl->service.accessLog.reopen();
     std::string error;
     if (!impl->openTls(error))
-      Engine::log("error", error + " The former certificate stays in use.");
+      Engine::log(Engine::LogLevel::Error, "http", error + " The former certificate stays in use.");
   });
 }
 

@@ -8,18 +8,21 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Engine {
+namespace Engine
+{
 class SessionHost;
 }
 
-namespace Net {
+namespace Net
+{
 
 /// What a server listens to and serves.
 struct HttpSettings {
   struct Endpoint {
-    std::string address; ///< numeric, or a name
+    std::string address;     ///< numeric, or a name
     unsigned short port = 0; ///< 0 = any free one
     bool http = false;
     bool tls = false; ///< both: the first byte of a connection decides

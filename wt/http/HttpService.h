@@ -14,13 +14,15 @@
 #include <cstdint>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// How long a peer may take, and how much it may send.
 struct HttpLimits {
-  std::chrono::seconds head{10};     ///< from its first byte (or the connection's beginning) to the whole head
-  std::chrono::seconds body{30};     ///< for a body, and a second more for each `bodyRate` bytes that came
+  std::chrono::seconds head{10}; ///< from its first byte (or the connection's beginning) to the whole head
+  std::chrono::seconds body{30}; ///< for a body, and a second more for each `bodyRate` bytes that came
   std::uint64_t bodyRate = 4096;
   std::chrono::seconds keepAlive{15}; ///< between requests
   unsigned uploads = 16;              ///< bodies being received at the same time

@@ -1,38 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "http/MimeTypes.h"
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
-// Texts are asked for anew each time (mostly answered with "not modified"), so that an updated program and its
-// style sheets never disagree; images may be a few minutes old.
+// Texts are asked for anew each time (mostly answered with "not modified"), so that an updated program and
+// its style sheets never disagree; images may be a few minutes old.
 constexpr int minutes = 60;
 
 const MimeType types[] = {
-  {".css", "text/css; charset=utf-8", true, 0},
-  {".csv", "text/csv; charset=utf-8", true, 0},
-  {".gif", "image/gif", false, 10 * minutes},
-  {".gz", "application/gzip", false, 0},
-  {".htm", "text/html; charset=utf-8", true, 0},
-  {".html", "text/html; charset=utf-8", true, 0},
-  {".ico", "image/x-icon", true, 10 * minutes},
-  {".jpeg", "image/jpeg", false, 10 * minutes},
-  {".jpg", "image/jpeg", false, 10 * minutes},
-  {".js", "text/javascript; charset=utf-8", true, 0},
-  {".json", "application/json", true, 0},
-  {".map", "application/json", true, 0},
-  {".mjs", "text/javascript; charset=utf-8", true, 0},
-  {".pdf", "application/pdf", false, 0},
-  {".png", "image/png", false, 10 * minutes},
-  {".svg", "image/svg+xml", true, 10 * minutes},
-  {".txt", "text/plain; charset=utf-8", true, 0},
-  {".wasm", "application/wasm", true, 0},
-  {".webp", "image/webp", false, 10 * minutes},
-  {".woff", "font/woff", false, 10 * minutes},
-  {".woff2", "font/woff2", false, 10 * minutes},
-  {".xml", "application/xml", true, 0},
+    {".css", "text/css; charset=utf-8", true, 0},
+    {".csv", "text/csv; charset=utf-8", true, 0},
+    {".gif", "image/gif", false, 10 * minutes},
+    {".gz", "application/gzip", false, 0},
+    {".htm", "text/html; charset=utf-8", true, 0},
+    {".html", "text/html; charset=utf-8", true, 0},
+    {".ico", "image/x-icon", true, 10 * minutes},
+    {".jpeg", "image/jpeg", false, 10 * minutes},
+    {".jpg", "image/jpeg", false, 10 * minutes},
+    {".js", "text/javascript; charset=utf-8", true, 0},
+    {".json", "application/json", true, 0},
+    {".map", "application/json", true, 0},
+    {".mjs", "text/javascript; charset=utf-8", true, 0},
+    {".pdf", "application/pdf", false, 0},
+    {".png", "image/png", false, 10 * minutes},
+    {".svg", "image/svg+xml", true, 10 * minutes},
+    {".txt", "text/plain; charset=utf-8", true, 0},
+    {".wasm", "application/wasm", true, 0},
+    {".webp", "image/webp", false, 10 * minutes},
+    {".woff", "font/woff", false, 10 * minutes},
+    {".woff2", "font/woff2", false, 10 * minutes},
+    {".xml", "application/xml", true, 0},
 };
 
 const MimeType unknown = {"", "application/octet-stream", false, 0};

@@ -4,8 +4,10 @@
 
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// What a static file is, judged by the end of its name.
 struct MimeType {

@@ -3,10 +3,13 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 constexpr std::size_t longestBoundary = 70;
 
@@ -46,8 +49,9 @@ std::string withoutFolders(const std::string &name)
 {
   const std::size_t separator = name.find_last_of("/\\");
   std::string base = separator == std::string::npos ? name : name.substr(separator + 1);
-  base.erase(std::remove_if(base.begin(), base.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }),
-             base.end());
+  base.erase(
+      std::remove_if(base.begin(), base.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }),
+      base.end());
   return base.substr(0, 255);
 }
 
@@ -57,14 +61,15 @@ std::string MultipartReader::boundaryOf(std::string_view contentType)
 {
   static constexpr std::string_view type = "multipart/form-data";
   std::string boundary;
-  if (lowerCase(contentType.substr(0, type.size())) != type || !parameter(contentType, "boundary", boundary) ||
-      boundary.size() > longestBoundary || boundary.find_first_of("\r\n") != std::string::npos)
+  if (lowerCase(contentType.substr(0, type.size())) != type ||
+      !parameter(contentType, "boundary", boundary) || boundary.size() > longestBoundary ||
+      boundary.find_first_of("\r\n") != std::string::npos)
     return std::string();
   return boundary;
 }
 
 MultipartReader::MultipartReader(const std::string &boundary, Handler &handler)
-  : delimiter_("\r\n--" + boundary), handler_(handler), held_("\r\n")
+    : delimiter_("\r\n--" + boundary), handler_(handler), held_("\r\n")
 {
 }
 

@@ -5,8 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// Takes a multipart/form-data body apart as it streams by, holding no more than a boundary's length of it.
 class MultipartReader

@@ -5,8 +5,10 @@
 #include <chrono>
 #include <functional>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// The network thread as its connections see it; tests drive one by hand.
 class NetworkLoop

@@ -2,11 +2,12 @@
 #include "http/PoolScheduler.h"
 
 #include <Wt/WIOService>
-
 #include <algorithm>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 PoolScheduler::PoolScheduler(WIOService &service) : service_(service) {}
 
@@ -21,7 +22,8 @@ Scheduler::TimerId PoolScheduler::after(std::chrono::milliseconds delay, Task ta
 {
   const std::lock_guard<std::mutex> lock(mutex_);
   const TimerId id = ++last_;
-  auto &timer = timers_[id] = std::make_unique<Timer>(service_, std::max(delay, std::chrono::milliseconds(0)));
+  auto &timer = timers_[id] =
+      std::make_unique<Timer>(service_, std::max(delay, std::chrono::milliseconds(0)));
   timer->async_wait([this, id, task = std::move(task)](const boost::system::error_code &ec) {
     if (!ec)
       service_.perform([this, id, &task] { due(id, task); });

@@ -4,17 +4,18 @@
 
 #include "session/Scheduler.h"
 
+#include <boost/asio/steady_timer.hpp>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
 
-#include <boost/asio/steady_timer.hpp>
-
-namespace Wt {
+namespace Wt
+{
 
 class WIOService;
 
-namespace Engine {
+namespace Engine
+{
 
 /// Sessions' work and timers on the server's worker threads.
 class PoolScheduler : public Scheduler

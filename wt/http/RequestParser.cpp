@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "http/RequestParser.h"
 
+#include <algorithm>
 #include <boost/asio/buffer.hpp>
 #include <boost/beast/http/basic_parser.hpp>
 #include <boost/beast/http/error.hpp>
 
-#include <algorithm>
+namespace Wt
+{
+namespace Net
+{
 
-namespace Wt {
-namespace Net {
-
-namespace {
+namespace
+{
 
 namespace beast = boost::beast;
 namespace http = boost::beast::http;
@@ -37,8 +39,8 @@ const std::string &ParsedHead::header(std::string_view name) const
 
 std::size_t ParsedHead::count(std::string_view name) const
 {
-  return static_cast<std::size_t>(
-    std::count_if(headers.begin(), headers.end(), [name](const auto &field) { return field.first == name; }));
+  return static_cast<std::size_t>(std::count_if(headers.begin(), headers.end(),
+                                                [name](const auto &field) { return field.first == name; }));
 }
 
 class RequestParser::Parser : public http::basic_parser<true>
@@ -55,7 +57,8 @@ public:
     head.http11 = version >= 11;
   }
 
-  void on_field_impl(http::field, beast::string_view name, beast::string_view value, beast::error_code &ec) override
+  void on_field_impl(http::field, beast::string_view name, beast::string_view value,
+                     beast::error_code &ec) override
   {
     if (is_header_done())
       return;

@@ -10,8 +10,10 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// The first line and the fields of a request, as they came.
 struct ParsedHead {
@@ -29,7 +31,8 @@ struct ParsedHead {
   std::size_t count(std::string_view name) const;
 };
 
-/// Takes one request apart as its bytes arrive. Beast does the parsing; this keeps it out of sight and adds limits.
+/// Takes one request apart as its bytes arrive. Beast does the parsing; this keeps it out of sight and adds
+/// limits.
 class RequestParser
 {
 public:
@@ -43,8 +46,8 @@ public:
 
   /**
    * Parses what it can and returns the number of bytes used; the others must be given again with more behind
-   * them. It stops at the end of the head, so that the caller may decide about the body, and at the end of the
-   * request.
+   * them. It stops at the end of the head, so that the caller may decide about the body, and at the end of
+   * the request.
    */
   std::size_t parse(std::string_view bytes);
 

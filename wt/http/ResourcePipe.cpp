@@ -4,8 +4,10 @@
 #include <ostream>
 #include <streambuf>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 ResourcePipe::ResourcePipe(std::function<void()> wake) : wake_(std::move(wake)) {}
 

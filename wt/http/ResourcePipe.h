@@ -13,12 +13,14 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /**
- * Carries a resource's answer from the worker that writes it to the network thread that sends it. The worker waits
- * when `capacity` bytes are on their way; the network thread never waits.
+ * Carries a resource's answer from the worker that writes it to the network thread that sends it. The worker
+ * waits when `capacity` bytes are on their way; the network thread never waits.
  */
 class ResourcePipe
 {
@@ -46,7 +48,8 @@ public:
   // Network thread
 
   Arrived take();
-  /// The browser has gone, or the rest is not wanted: the worker's further bytes are dropped and it never waits.
+  /// The browser has gone, or the rest is not wanted: the worker's further bytes are dropped and it never
+  /// waits.
   void abandon();
 
   // Worker thread

@@ -3,8 +3,10 @@
 
 #include <boost/beast/http/status.hpp>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 std::string_view reasonPhrase(int status)
 {

@@ -11,10 +11,13 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-/// An answer that is known when it is begun: its body is a text, a text shared with a cache, or a part of a file.
+/// An answer that is known when it is begun: its body is a text, a text shared with a cache, or a part of a
+/// file.
 struct Response {
   int status = 200;
   std::vector<std::pair<std::string, std::string>> headers;

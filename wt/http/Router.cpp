@@ -3,10 +3,13 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 std::string withoutTrailingSlash(const std::string &path)
 {
@@ -30,14 +33,15 @@ void Router::addEntryPoint(const std::string &path)
 
 Router::Route Router::route(const std::string &path) const
 {
-  const bool isStatic = listed_ && std::any_of(staticPaths_.begin(), staticPaths_.end(), [&path](const auto &folder) {
-    return isAtOrBelow(path, folder);
-  });
+  const bool isStatic =
+      listed_ && std::any_of(staticPaths_.begin(), staticPaths_.end(),
+                             [&path](const auto &folder) { return isAtOrBelow(path, folder); });
   if (isStatic)
     return {Kind::StaticFile, std::string()};
   const std::string *longest = nullptr;
   for (const std::string &entry : entryPoints_) {
-    const bool fits = listed_ ? isAtOrBelow(path, entry) : withoutTrailingSlash(path) == withoutTrailingSlash(entry);
+    const bool fits =
+        listed_ ? isAtOrBelow(path, entry) : withoutTrailingSlash(path) == withoutTrailingSlash(entry);
     if (fits && (!longest || entry.size() > longest->size()))
       longest = &entry;
   }

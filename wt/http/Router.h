@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// Decides which requests are for static files and which for an entry point of the application.
 class Router
@@ -20,7 +22,8 @@ public:
 
   /// Without static paths an entry point answers for exactly its own path, and all others are static files.
   Router() = default;
-  /// With them, a path that equals or lies below one is a static file, and entry points answer for all below them.
+  /// With them, a path that equals or lies below one is a static file, and entry points answer for all below
+  /// them.
   explicit Router(std::vector<std::string> staticPaths);
 
   /// The path begins with "/".

@@ -8,8 +8,10 @@
 #include <cstdint>
 #include <cstdio>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 std::string ScriptAsset::version()
 {
@@ -31,14 +33,16 @@ Response ScriptAsset::respond(const std::string &requestedVersion, const ParsedH
   response.add("Content-Type", "text/javascript; charset=utf-8");
   response.add("ETag", tag);
   response.add("Vary", "Accept-Encoding");
-  response.add("Cache-Control", requestedVersion == current ? "public, max-age=31536000, immutable" : "no-cache");
+  response.add("Cache-Control",
+               requestedVersion == current ? "public, max-age=31536000, immutable" : "no-cache");
   if (request.header("if-none-match").find(tag) != std::string::npos) {
     response.status = 304;
     return response;
   }
   std::shared_ptr<const std::string> &body = zip ? zipped_ : plain_;
   if (!body)
-    body = std::make_shared<const std::string>(zip ? gzip(Browser::script(), 9) : std::string(Browser::script()));
+    body = std::make_shared<const std::string>(zip ? gzip(Browser::script(), 9)
+                                                   : std::string(Browser::script()));
   response.sharedBody = body;
   if (zip)
     response.add("Content-Encoding", "gzip");

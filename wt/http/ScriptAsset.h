@@ -7,8 +7,10 @@
 #include <memory>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 struct ParsedHead;
 

@@ -1,49 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "http/ServerConfiguration.h"
 
-#include <pugixml.hpp>
-
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <pugixml.hpp>
+#include <sys/stat.h>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 struct Option {
   const char *name;
   char letter; ///< of the short form, or 0
   bool takesValue;
-  std::string ServerConfiguration::*target; ///< null where the option is taken and has no effect, or is special
+  std::string ServerConfiguration::*
+      target; ///< null where the option is taken and has no effect, or is special
   const char *help;
 };
 
 const Option options[] = {
-  {"docroot", 0, true, nullptr, "PATH[;P1,P2,...]  folder of static files (required)"},
-  {"http-address", 0, true, &ServerConfiguration::httpAddress, "ADDRESS  where to listen for HTTP"},
-  {"http-port", 0, true, &ServerConfiguration::httpPort, "PORT  (80)"},
-  {"https-address", 0, true, &ServerConfiguration::httpsAddress, "ADDRESS  where to listen for HTTPS"},
-  {"https-port", 0, true, &ServerConfiguration::httpsPort, "PORT  (443); may be the HTTP port"},
-  {"ssl-certificate", 0, true, &ServerConfiguration::sslCertificate, "FILE  certificate chain, PEM"},
-  {"ssl-private-key", 0, true, &ServerConfiguration::sslPrivateKey, "FILE  private key, PEM"},
-  {"ssl-tmp-dh", 0, true, &ServerConfiguration::sslTmpDh, "FILE  accepted; elliptic curves are used"},
-  {"threads", 't', true, &ServerConfiguration::threads, "COUNT  worker threads (-1: as configured)"},
-  {"deploy-path", 0, true, &ServerConfiguration::deployPath, "PATH  of the application (/)"},
-  {"config", 'c', true, &ServerConfiguration::configFile, "FILE  wt_config.xml"},
-  {"accesslog", 0, true, &ServerConfiguration::accessLog, "FILE  log of requests (standard output); - for none"},
-  {"no-compression", 0, false, nullptr, "send files as they are"},
-  {"pid-file", 'p', true, &ServerConfiguration::pidFile, "FILE  to write the process number to"},
-  {"max-memory-request-size", 0, true, nullptr, "BYTES  accepted; bodies always go to files"},
-  {"session-id-prefix", 0, true, nullptr, "TEXT  accepted, without effect"},
-  {"approot", 0, true, nullptr, "PATH  accepted, without effect"},
-  {"errroot", 0, true, nullptr, "PATH  accepted, without effect"},
-  {"servername", 0, true, nullptr, "NAME  accepted, without effect"},
-  {"gdb", 0, false, nullptr, "accepted, without effect"},
-  {"help", 'h', false, nullptr, "this text"},
+    {"docroot", 0, true, nullptr, "PATH[;P1,P2,...]  folder of static files (required)"},
+    {"http-address", 0, true, &ServerConfiguration::httpAddress, "ADDRESS  where to listen for HTTP"},
+    {"http-port", 0, true, &ServerConfiguration::httpPort, "PORT  (80)"},
+    {"https-address", 0, true, &ServerConfiguration::httpsAddress, "ADDRESS  where to listen for HTTPS"},
+    {"https-port", 0, true, &ServerConfiguration::httpsPort, "PORT  (443); may be the HTTP port"},
+    {"ssl-certificate", 0, true, &ServerConfiguration::sslCertificate, "FILE  certificate chain, PEM"},
+    {"ssl-private-key", 0, true, &ServerConfiguration::sslPrivateKey, "FILE  private key, PEM"},
+    {"ssl-tmp-dh", 0, true, &ServerConfiguration::sslTmpDh, "FILE  accepted; elliptic curves are used"},
+    {"threads", 't', true, &ServerConfiguration::threads, "COUNT  worker threads (-1: as configured)"},
+    {"deploy-path", 0, true, &ServerConfiguration::deployPath, "PATH  of the application (/)"},
+    {"config", 'c', true, &ServerConfiguration::configFile, "FILE  wt_config.xml"},
+    {"accesslog", 0, true, &ServerConfiguration::accessLog,
+     "FILE  log of requests (standard output); - for none"},
+    {"no-compression", 0, false, nullptr, "send files as they are"},
+    {"pid-file", 'p', true, &ServerConfiguration::pidFile, "FILE  to write the process number to"},
+    {"max-memory-request-size", 0, true, nullptr, "BYTES  accepted; bodies always go to files"},
+    {"session-id-prefix", 0, true, nullptr, "TEXT  accepted, without effect"},
+    {"approot", 0, true, nullptr, "PATH  accepted, without effect"},
+    {"errroot", 0, true, nullptr, "PATH  accepted, without effect"},
+    {"servername", 0, true, nullptr, "NAME  accepted, without effect"},
+    {"gdb", 0, false, nullptr, "accepted, without effect"},
+    {"help", 'h', false, nullptr, "this text"},
 };
 
 const Option *findOption(const std::string &name)
@@ -57,8 +60,8 @@ const Option *findOption(const std::string &name)
 bool parseInt(const std::string &text, long low, long high, long &value)
 {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  return !text.empty() && result.ec == std::errc() && result.ptr == text.data() + text.size() && value >= low &&
-         value <= high;
+  return !text.empty() && result.ec == std::errc() && result.ptr == text.data() + text.size() &&
+         value >= low && value <= high;
 }
 
 bool isDirectory(const std::string &path)
@@ -83,7 +86,8 @@ struct Argument {
   explicit Argument(const std::string &text)
   {
     const bool isLong = text.compare(0, 2, "--") == 0 && text.size() > 2;
-    isOption = isLong || (text.size() >= 2 && text[0] == '-' && text[1] != '-' && !(text[1] >= '0' && text[1] <= '9'));
+    isOption = isLong ||
+               (text.size() >= 2 && text[0] == '-' && text[1] != '-' && !(text[1] >= '0' && text[1] <= '9'));
     if (!isOption)
       return;
     const std::size_t start = isLong ? 2 : 1;
@@ -111,7 +115,7 @@ void readSection(const pugi::xml_node &section, ServerConfiguration &configurati
     configuration.maximumSessions = std::max(1, node.text().as_int(1));
   if (const pugi::xml_node node = section.child("max-request-size"))
     configuration.maximumRequestSize =
-      std::clamp<long long>(node.text().as_llong(128), 1, std::int64_t{1} << 40) * 1024;
+        std::clamp<long long>(node.text().as_llong(128), 1, std::int64_t{1} << 40) * 1024;
   if (const pugi::xml_node node = section.child("num-threads"))
     configuration.fileThreads = std::clamp(node.text().as_int(10), 1, 1000);
   if (const pugi::xml_node node = section.child("behind-reverse-proxy"))
@@ -140,8 +144,8 @@ void ServerConfiguration::parseArguments(const std::vector<std::string> &argumen
     if (!option) {
       unknown.push_back(argument.isOption ? "--" + argument.name : arguments[i]);
       // What follows an unknown option without being one is taken for its value.
-      const bool valueFollows =
-        argument.isOption && !argument.hasValue && i + 1 < arguments.size() && !Argument(arguments[i + 1]).isOption;
+      const bool valueFollows = argument.isOption && !argument.hasValue && i + 1 < arguments.size() &&
+                                !Argument(arguments[i + 1]).isOption;
       if (valueFollows)
         ++i;
       continue;
@@ -205,14 +209,16 @@ bool ServerConfiguration::readFile(const std::string &named, const std::string &
 
 bool ServerConfiguration::checkTls(std::string &error) const
 {
-  const std::pair<const char *, const std::string &> files[] = {
-    {"--ssl-certificate", sslCertificate}, {"--ssl-private-key", sslPrivateKey}, {"--ssl-tmp-dh", sslTmpDh}};
+  const std::pair<const char *, const std::string &> files[] = {{"--ssl-certificate", sslCertificate},
+                                                                {"--ssl-private-key", sslPrivateKey},
+                                                                {"--ssl-tmp-dh", sslTmpDh}};
   for (const auto &file : files) {
     const bool optional = &file.second == &sslTmpDh;
     if (file.second.empty() && !optional)
       error = std::string("HTTPS needs the option ") + file.first + ".";
     else if (!file.second.empty() && !isFile(file.second))
-      error = std::string("The option ") + file.first + " names \"" + file.second + "\", which is not a file.";
+      error =
+          std::string("The option ") + file.first + " names \"" + file.second + "\", which is not a file.";
     if (!error.empty())
       return false;
   }

@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// What the command line and the configuration file say.
 struct ServerConfiguration {
@@ -48,8 +50,9 @@ struct ServerConfiguration {
   void parseArguments(const std::vector<std::string> &arguments);
 
   /**
-   * Reads a wt_config.xml: the one named, or the first found in the usual places, or none. `location` chooses the
-   * section beside "*". False, with `error` saying why, if a named file cannot be read or a found one is malformed.
+   * Reads a wt_config.xml: the one named, or the first found in the usual places, or none. `location` chooses
+   * the section beside "*". False, with `error` saying why, if a named file cannot be read or a found one is
+   * malformed.
    */
   bool readFile(const std::string &named, const std::string &location, std::string &error);
 

@@ -1,25 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "http/SocketChannel.h"
 
-#include "session/Log.h"
-
-#include <openssl/err.h>
-#include <openssl/ssl.h>
-
-#include <boost/asio/post.hpp>
-
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#include <sys/uio.h>
+#include "base/Log.h"
 
 #include <algorithm>
 #include <array>
+#include <boost/asio/post.hpp>
 #include <cerrno>
+#include <netinet/tcp.h>
+#include <openssl/err.h>
+#include <openssl/ssl.h>
+#include <sys/socket.h>
+#include <sys/uio.h>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 constexpr unsigned char tlsHandshakeByte = 0x16;
 constexpr std::size_t readSize = 16 * 1024;
@@ -62,8 +62,9 @@ std::array<char, readSize> &readBuffer()
 
 SocketChannel::SocketChannel(HttpService &service, Socket socket, std::string address, Mode mode,
                              std::shared_ptr<TlsContext> tls)
-  : service_(service), socket_(std::move(socket)), address_(std::move(address)), mode_(mode), tls_(std::move(tls)),
-    phase_(Phase::Sniffing), deadline_(service.loop.now() + service.limits.head), stalled_(TimePoint::max())
+    : service_(service), socket_(std::move(socket)), address_(std::move(address)), mode_(mode),
+      tls_(std::move(tls)), phase_(Phase::Sniffing), deadline_(service.loop.now() + service.limits.head),
+      stalled_(TimePoint::max())
 {
 }
 
@@ -78,7 +79,8 @@ template <typename Function> void SocketChannel::guarded(Function function)
   try {
     function();
   } catch (const std::exception &e) {
-    Engine::log("error", std::string("A connection was closed because of an exception: ") + e.what());
+    Engine::log(Engine::LogLevel::Error, "http",
+                std::string("A connection was closed because of an exception: ") + e.what());
     abort();
   }
 }
@@ -431,7 +433,8 @@ void SocketChannel::closeAfterSending()
   postFlush();
 }
 
-/// Tells the peer that no more comes, and waits for it: closing at once could destroy what is still under way.
+/// Tells the peer that no more comes, and waits for it: closing at once could destroy what is still under
+/// way.
 void SocketChannel::endOfSending()
 {
   const auto self = shared_from_this();

@@ -7,19 +7,20 @@
 #include "http/TlsContext.h"
 
 #include <boost/asio/ip/tcp.hpp>
-
 #include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /**
- * One accepted socket, plain or TLS, with its connection. It holds no buffers while nothing happens: the reading
- * buffer is one for the whole thread, and what waits to be written was handed over by the connection.
+ * One accepted socket, plain or TLS, with its connection. It holds no buffers while nothing happens: the
+ * reading buffer is one for the whole thread, and what waits to be written was handed over by the connection.
  */
 class SocketChannel : public ByteChannel, public std::enable_shared_from_this<SocketChannel>
 {

@@ -3,14 +3,15 @@
 
 #include <cerrno>
 #include <cstdlib>
-
 #include <fcntl.h>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 SpoolFile::SpoolFile(SpoolFile &&other) noexcept
-  : file_(std::move(other.file_)), path_(std::exchange(other.path_, std::string()))
+    : file_(std::move(other.file_)), path_(std::exchange(other.path_, std::string()))
 {
 }
 

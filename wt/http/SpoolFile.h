@@ -7,8 +7,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// A file of its own in the system's folder for temporary files, readable by this user only; removed with the
 /// object unless released.

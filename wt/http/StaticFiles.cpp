@@ -7,17 +7,19 @@
 #include "http/MimeTypes.h"
 #include "http/RequestParser.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 // An image with scripts in it must stay an image when it is opened as a page of its own.
 const char imagePolicy[] = "default-src 'none'; style-src 'unsafe-inline'; img-src data:; sandbox";
@@ -104,7 +106,7 @@ void sendPart(Response &response, FileHandle file, std::uint64_t size, const Byt
 } // namespace
 
 StaticFiles::StaticFiles(const std::string &root, bool compression)
-  : root_(canonical(root)), compression_(compression)
+    : root_(canonical(root)), compression_(compression)
 {
   if (root_.back() != '/')
     root_ += '/';
@@ -173,7 +175,8 @@ void StaticFiles::shrinkCache()
 
 Response StaticFiles::respond(const std::string &requested, const ParsedHead &request)
 {
-  const std::string path = !requested.empty() && requested.back() == '/' ? requested + "index.html" : requested;
+  const std::string path =
+      !requested.empty() && requested.back() == '/' ? requested + "index.html" : requested;
   if (!isServable(path))
     return Response::plain(404);
   const MimeType &type = mimeTypeOf(path);

@@ -9,14 +9,16 @@
 #include <memory>
 #include <string>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 struct ParsedHead;
 
 /**
- * Answers requests for files below the document root. A file is only ever served when the opened file itself, with
- * all symbolic links followed, lies below the root. Used by the network thread alone.
+ * Answers requests for files below the document root. A file is only ever served when the opened file itself,
+ * with all symbolic links followed, lies below the root. Used by the network thread alone.
  */
 class StaticFiles
 {

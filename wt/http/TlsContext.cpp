@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "http/TlsContext.h"
 
-#include "session/Log.h"
+#include "base/Log.h"
 
 #include <openssl/err.h>
 #include <openssl/ssl.h>
 #include <openssl/x509.h>
-
 #include <sys/stat.h>
 
+namespace Wt
+{
+namespace Net
+{
 
-namespace Wt {
-namespace Net {
-
-namespace {
+namespace
+{
 
 const char cipherList[] = "ECDHE+AESGCM:ECDHE+CHACHA20:!aNULL";
 constexpr long sessionSeconds = 2 * 60 * 60;
@@ -31,8 +32,8 @@ bool isRegular(const std::string &path, struct stat &info)
   return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-int chooseProtocol(SSL *, const unsigned char **chosen, unsigned char *chosenSize, const unsigned char *offered,
-                   unsigned int offeredSize, void *)
+int chooseProtocol(SSL *, const unsigned char **chosen, unsigned char *chosenSize,
+                   const unsigned char *offered, unsigned int offeredSize, void *)
 {
   static const unsigned char http11[] = "\x08http/1.1";
   unsigned char *found = nullptr;
@@ -47,11 +48,12 @@ void setRules(SSL_CTX *context)
 {
   SSL_CTX_set_min_proto_version(context, TLS1_2_VERSION);
   SSL_CTX_set_cipher_list(context, cipherList);
-  SSL_CTX_set_options(context, SSL_OP_NO_COMPRESSION | SSL_OP_NO_RENEGOTIATION | SSL_OP_CIPHER_SERVER_PREFERENCE |
-                                 SSL_OP_PRIORITIZE_CHACHA | SSL_OP_SINGLE_ECDH_USE);
+  SSL_CTX_set_options(context, SSL_OP_NO_COMPRESSION | SSL_OP_NO_RENEGOTIATION |
+                                   SSL_OP_CIPHER_SERVER_PREFERENCE | SSL_OP_PRIORITIZE_CHACHA |
+                                   SSL_OP_SINGLE_ECDH_USE);
   // Buffers are given back while a connection rests: a thousand open pages then cost a few megabytes.
   SSL_CTX_set_mode(context, SSL_MODE_RELEASE_BUFFERS | SSL_MODE_ENABLE_PARTIAL_WRITE |
-                              SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER);
+                                SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER);
   // Sessions are resumed by tickets alone; the server keeps nothing, and the keys die with the process.
   SSL_CTX_set_session_cache_mode(context, SSL_SESS_CACHE_OFF);
   SSL_CTX_set_num_tickets(context, 1);
@@ -63,8 +65,8 @@ void setRules(SSL_CTX *context)
 
 } // namespace
 
-std::shared_ptr<TlsContext> TlsContext::create(const std::string &certificateChain, const std::string &privateKey,
-                                               std::string &error)
+std::shared_ptr<TlsContext> TlsContext::create(const std::string &certificateChain,
+                                               const std::string &privateKey, std::string &error)
 {
   SSL_CTX *made = SSL_CTX_new(TLS_server_method());
   if (!made) {
@@ -96,7 +98,8 @@ bool TlsContext::load(const std::string &certificateChain, const std::string &pr
   } else if (SSL_CTX_use_PrivateKey_file(context_, privateKey.c_str(), SSL_FILETYPE_PEM) != 1) {
     error = "The private key \"" + privateKey + "\" cannot be used: " + reason() + ".";
   } else if (SSL_CTX_check_private_key(context_) != 1) {
-    error = "The private key \"" + privateKey + "\" does not belong to the certificate \"" + certificateChain + "\".";
+    error = "The private key \"" + privateKey + "\" does not belong to the certificate \"" +
+            certificateChain + "\".";
   } else {
     warnOfDates();
     return true;
@@ -110,15 +113,16 @@ void TlsContext::warnOfDates() const
   if (!certificate)
     return;
   if (X509_cmp_current_time(X509_get0_notAfter(certificate)) < 0)
-    Engine::log("warning", "The TLS certificate has expired.");
+    Engine::log(Engine::LogLevel::Warning, "http", "The TLS certificate has expired.");
   else if (X509_cmp_current_time(X509_get0_notBefore(certificate)) > 0)
-    Engine::log("warning", "The TLS certificate is not valid yet.");
+    Engine::log(Engine::LogLevel::Warning, "http", "The TLS certificate is not valid yet.");
 }
 
 bool TlsContext::isSelfSigned() const
 {
   const X509 *certificate = SSL_CTX_get0_certificate(context_);
-  return certificate && X509_name_cmp(X509_get_subject_name(certificate), X509_get_issuer_name(certificate)) == 0;
+  return certificate &&
+         X509_name_cmp(X509_get_subject_name(certificate), X509_get_issuer_name(certificate)) == 0;
 }
 
 SSL *TlsContext::newSession(int socket) const

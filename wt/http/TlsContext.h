@@ -8,16 +8,19 @@
 typedef struct ssl_st SSL;
 typedef struct ssl_ctx_st SSL_CTX;
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// Certificate, key and rules for the server's TLS connections: version 1.2 or newer, forward secrecy only.
 class TlsContext
 {
 public:
-  /// Null, with `error` telling why, if the files cannot be used. The key file must be closed to group and others.
-  static std::shared_ptr<TlsContext> create(const std::string &certificateChain, const std::string &privateKey,
-                                            std::string &error);
+  /// Null, with `error` telling why, if the files cannot be used. The key file must be closed to group and
+  /// others.
+  static std::shared_ptr<TlsContext> create(const std::string &certificateChain,
+                                            const std::string &privateKey, std::string &error);
   ~TlsContext();
 
   /// A server's end for that connected, non-blocking socket, or null. The caller frees it.

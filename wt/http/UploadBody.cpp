@@ -3,8 +3,10 @@
 
 #include "http/UrlCodec.h"
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 UploadBody::UploadBody(const std::string &contentType)
 {

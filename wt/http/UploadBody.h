@@ -13,12 +13,15 @@
 #include <string_view>
 #include <vector>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /**
- * Takes in the body of a request for a resource: files of a form go to spool files, its texts become parameters;
- * a body of another type goes to one spool file without a field name. Spool files not taken are removed.
+ * Takes in the body of a request for a resource: files of a form go to spool files, its texts become
+ * parameters; a body of another type goes to one spool file without a field name. Spool files not taken are
+ * removed.
  */
 class UploadBody : private MultipartReader::Handler
 {

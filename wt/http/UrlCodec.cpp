@@ -3,10 +3,13 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 constexpr std::size_t maximumPairs = 100;
 
@@ -21,7 +24,8 @@ int hexValue(char c)
 bool isUnreserved(unsigned char c)
 {
   const unsigned char lower = c | 0x20;
-  return (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z') || c == '-' || c == '.' || c == '_' || c == '~';
+  return (c >= '0' && c <= '9') || (lower >= 'a' && lower <= 'z') || c == '-' || c == '.' || c == '_' ||
+         c == '~';
 }
 
 } // namespace

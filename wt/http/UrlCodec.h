@@ -6,10 +6,13 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-/// Undoes percent encoding. False, with `out` unspecified, for a "%" without two hexadecimal digits behind it.
+/// Undoes percent encoding. False, with `out` unspecified, for a "%" without two hexadecimal digits behind
+/// it.
 bool percentDecode(std::string_view text, bool plusIsBlank, std::string &out);
 
 /// All bytes but letters, digits and "-._~" become %XX, as in the extended values of header parameters.

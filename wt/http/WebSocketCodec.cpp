@@ -3,15 +3,17 @@
 
 #include "base/Utf8.h"
 
-#include <openssl/sha.h>
-
 #include <algorithm>
 #include <cstring>
+#include <openssl/sha.h>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
-namespace {
+namespace
+{
 
 constexpr unsigned char finalFrame = 0x80;
 constexpr unsigned char masked = 0x80;

@@ -7,11 +7,14 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 /// Close codes of the WebSocket protocol that the server uses or understands.
-namespace CloseCode {
+namespace CloseCode
+{
 constexpr int normal = 1000;
 constexpr int goingAway = 1001;
 constexpr int protocolError = 1002;
@@ -42,7 +45,8 @@ public:
     virtual void close(int code) = 0;
   };
 
-  /// Takes the next bytes, whole or in pieces. Returns 0, or the code to close with when the peer breaks the rules.
+  /// Takes the next bytes, whole or in pieces. Returns 0, or the code to close with when the peer breaks the
+  /// rules.
   int receive(std::string_view bytes, Handler &handler);
 
   /// Complete frames, ready to be sent.

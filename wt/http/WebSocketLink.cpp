@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "http/WebSocketLink.h"
 
+#include "base/Log.h"
 #include "http/ByteChannel.h"
-#include "session/Log.h"
 
 #include <utility>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 WebSocketLink::WebSocketLink(NetworkLoop &loop, ByteChannel &channel)
-  : loop_(loop), channel_(&channel), deadline_(loop.now() + quietTime)
+    : loop_(loop), channel_(&channel), deadline_(loop.now() + quietTime)
 {
 }
 
@@ -65,7 +67,7 @@ void WebSocketLink::flush()
   if (!channel_ || closing_)
     return;
   if (overflown || channel_->queued() + frames.size() > longestQueue) {
-    Engine::log("warning", "A page that does not take its messages was dropped.");
+    Engine::log(Engine::LogLevel::Warning, "http", "A page that does not take its messages was dropped.");
     closing_ = true;
     channel_->abort();
     return;
@@ -91,8 +93,9 @@ void WebSocketLink::received(std::string_view bytes)
   const auto self = shared_from_this();
   const int failure = codec_.receive(bytes, *this);
   if (failure != 0 && channel_ && !closing_) {
-    Engine::log("warning", "A page's connection broke the rules of its protocol and was closed with code " +
-                             std::to_string(failure) + ".");
+    Engine::log(Engine::LogLevel::Warning, "http",
+                "A page's connection broke the rules of its protocol and was closed with code " +
+                    std::to_string(failure) + ".");
     sayClose(failure, "");
     channel_->closeAfterSending();
     tellClosed(false);

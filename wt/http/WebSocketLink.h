@@ -11,17 +11,19 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Net {
+namespace Wt
+{
+namespace Net
+{
 
 class ByteChannel;
 
 /**
- * A page's open connection: frames on one side, the session's messages on the other. The session's part (send,
- * close) may be called from any thread, all else belongs to the network thread.
+ * A page's open connection: frames on one side, the session's messages on the other. The session's part
+ * (send, close) may be called from any thread, all else belongs to the network thread.
  *
- * An open page costs nothing while nothing happens but a ping of two bytes after a quiet minute, by which a peer
- * that vanished is noticed.
+ * An open page costs nothing while nothing happens but a ping of two bytes after a quiet minute, by which a
+ * peer that vanished is noticed.
  */
 class WebSocketLink : public Engine::Transport,
                       public std::enable_shared_from_this<WebSocketLink>,

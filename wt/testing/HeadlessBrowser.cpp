@@ -154,7 +154,8 @@ bool HeadlessBrowser::settle()
   bool any = false;
   for (std::string message; wire_ && wire_->take(message);) {
     any = true;
-    receive(message);
+    if (!deaf_)
+      receive(message);
   }
   if (wire_ && wire_->closed() && listener_) {
     const auto listener = std::move(listener_);
@@ -333,6 +334,15 @@ bool HeadlessBrowser::click(Node *node, int modifiers, int button)
   return true;
 }
 
+bool HeadlessBrowser::clickWithoutAnswer(Node *node)
+{
+  deaf_ = true;
+  const bool done = click(node);
+  disconnect();
+  deaf_ = false;
+  return done;
+}
+
 bool HeadlessBrowser::doubleClick(Node *node)
 {
   return fire(node, "dblclick", "{\"b\":1}");
@@ -415,7 +425,7 @@ bool HeadlessBrowser::check(Node *node, bool checked)
 {
   if (!actionable(node))
     return false;
-  const std::string value = checked ? "true" : "false";
+  const std::string value = checked ? "1" : "0";
   node->settings[".checked"] = value;
   std::string events;
   gather(node, "change", "{}", events);

@@ -67,6 +67,8 @@ public:
   bool click(Node *node, int modifiers = 0, int button = 1);
   /// Clicks the first visible element of that text.
   bool click(const std::string &text) { return click(byText(text)); }
+  /// A click that the server handles, but whose answer is lost with the connection.
+  bool clickWithoutAnswer(Node *node);
   bool doubleClick(Node *node);
   bool mouseDown(Node *node, int modifiers = 0);
   /// Replaces the text of a field, and leaves it: "change" is told.
@@ -152,6 +154,7 @@ private:
   bool reloaded_ = false;
   bool quit_ = false;
   bool resuming_ = false;
+  bool deaf_ = false; ///< what the server says is lost
 };
 
 } // namespace Testing

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 // The store access on the simulated switch, whose rules and answers are not the test's own.
@@ -22,6 +21,26 @@ protected:
   unsigned int login(const char *username, const char *password)
   {
     return Security_loginNevoUser(username, password, userIndex, passwordIsInitialized);
+  }
+
+  // Devices that nobody uses; the lab has sessions when it starts.
+  unsigned int freeReceiver(unsigned int after = 0)
+  {
+    return firstReady(after, [this](unsigned int rx) { return Db_db.getRxOverallStatus(rx, word, errors); });
+  }
+  unsigned int freeTransmitter()
+  {
+    return firstReady(0, [this](unsigned int tx) { return Db_db.getTxOverallStatus(tx, word, errors); });
+  }
+
+  template <typename GetStatus> unsigned int firstReady(unsigned int after, GetStatus getStatus)
+  {
+    for (unsigned int index = after + 1; index <= 16; ++index) {
+      if (getStatus(index) == 0 && word == "??[RSnnn]Ready??")
+        return index;
+    }
+    ADD_FAILURE() << "no device is free";
+    return 0;
   }
 
   TestStore store;
@@ -64,42 +83,48 @@ TEST_F(DbOnSwitch, refusesWrongPasswordsDisabledAccountsAndUsersWhoAreNoAdminist
 
 TEST_F(DbOnSwitch, connectsAndDisconnectsASession)
 {
-  EXPECT_EQ(Db_db.createKvmSession(kOperator, 1, 2, Info_ConnectionMode_Private, errors), 0U);
+  const unsigned int rx = freeReceiver();
+  const unsigned int tx = freeTransmitter();
+  EXPECT_EQ(Db_db.createKvmSession(kOperator, rx, tx, Info_ConnectionMode_Private, errors), 0U);
   EXPECT_THAT(errors, IsEmpty());
-  EXPECT_EQ(Db_db.getLoggedInUsernameFromRxIndex(1, word, errors), 0U);
+  EXPECT_EQ(Db_db.getLoggedInUsernameFromRxIndex(rx, word, errors), 0U);
   EXPECT_EQ(word, "operator");
-  EXPECT_EQ(Db_db.getConnectedUsernameFromTxIndex(2, word, errors), 0U);
+  EXPECT_EQ(Db_db.getConnectedUsernameFromTxIndex(tx, word, errors), 0U);
   EXPECT_EQ(word, "operator");
-  EXPECT_EQ(Db_db.getSessionModeFromTxIndex(2, word, errors), 0U);
+  EXPECT_EQ(Db_db.getSessionModeFromTxIndex(tx, word, errors), 0U);
   EXPECT_EQ(word, "??[RSnnn]Private only??");
-  EXPECT_EQ(Db_db.getTxOverallStatus(2, word, errors), 0U);
+  EXPECT_EQ(Db_db.getTxOverallStatus(tx, word, errors), 0U);
   EXPECT_EQ(word, "??[RSnnn]In use (private)??");
-  EXPECT_EQ(Db_db.getRxOverallStatus(1, word, errors), 0U);
+  EXPECT_EQ(Db_db.getRxOverallStatus(rx, word, errors), 0U);
   EXPECT_EQ(word, "??[RSnnn]In use??");
-  EXPECT_EQ(Db_db.getSessionDurationFromRxIndex(1, word, errors), 0U);
+  EXPECT_EQ(Db_db.getSessionDurationFromRxIndex(rx, word, errors), 0U);
 
   unsigned int connection = 0;
-  ASSERT_EQ(Db_db.findIndexOfUInt32Key("connection", "rxIndex", 1, connection, errors), 0U);
+  ASSERT_EQ(Db_db.findIndexOfUInt32Key("connection", "rxIndex", rx, connection, errors), 0U);
   EXPECT_EQ(Db_db.destroyKvmSession(connection, errors), 0U);
   EXPECT_FALSE(Db_db.userIsLoggedInToRx(kOperator, errors));
-  EXPECT_EQ(Db_db.getTxOverallStatus(2, word, errors), 0U);
+  EXPECT_EQ(Db_db.getTxOverallStatus(tx, word, errors), 0U);
   EXPECT_EQ(word, "??[RSnnn]Ready??");
 }
 
 TEST_F(DbOnSwitch, tellsWhyASessionCannotBe)
 {
-  ASSERT_EQ(Db_db.createKvmSession(kOperator, 1, 2, Info_ConnectionMode_Private, errors), 0U);
+  const unsigned int rx = freeReceiver();
+  const unsigned int tx = freeTransmitter();
+  ASSERT_EQ(Db_db.createKvmSession(kOperator, rx, tx, Info_ConnectionMode_Private, errors), 0U);
+  const unsigned int other = freeReceiver(rx);
   LogCapture log;
-  EXPECT_EQ(Db_db.createKvmSession(3, 2, 2, Info_ConnectionMode_Share, errors), 1U);
+  EXPECT_EQ(Db_db.createKvmSession(kOperator, other, tx, Info_ConnectionMode_Share, errors), 1U);
   EXPECT_THAT(errors, SizeIs(1));
   EXPECT_THAT(log.text(), testing::HasSubstr("connection_topology"));
 }
 
 TEST_F(DbOnSwitch, logsAUserOutOfAllReceivers)
 {
-  EXPECT_EQ(Security_logoutUserByUserIndex(kOperator, errors), 0U);
-  EXPECT_EQ(Security_loginRxUser(kOperator, 1, errors), 0U);
-  EXPECT_EQ(Security_loginRxUser(kOperator, 2, errors), 0U);
+  const unsigned int first = freeReceiver();
+  const unsigned int second = freeReceiver(first);
+  EXPECT_EQ(Security_loginRxUser(kOperator, first, errors), 0U);
+  EXPECT_EQ(Security_loginRxUser(kOperator, second, errors), 0U);
   EXPECT_TRUE(Db_db.userIsLoggedInToRx(kOperator, errors));
   EXPECT_EQ(Security_logoutUserByUserIndex(kOperator, errors), 0U);
   EXPECT_FALSE(Db_db.userIsLoggedInToRx(kOperator, errors));

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "NevoUtil.h"
 
-#include <Wt/WMenuItem>
 #include <Wt/WModelIndex>
 #include <Wt/WSortFilterProxyModel>
 #include <Wt/WStandardItemModel>
-#include <Wt/WString>
 #include <boost/any.hpp>
 #include <cstdio>
 
@@ -22,19 +20,6 @@ boost::any sourceData(const Wt::WModelIndex &index, Wt::WStandardItemModel *mode
 }
 
 } // namespace
-
-void NevoUtil_indicateChange(Wt::WMenuItem *menuItem, bool changed)
-{
-  std::string label = menuItem->text().toUTF8();
-  const bool isMarked = !label.empty() && label.back() == '*';
-  if (changed == isMarked)
-    return;
-  if (changed)
-    label += '*';
-  else
-    label.pop_back();
-  menuItem->setText(Wt::WString::fromUTF8(label));
-}
 
 void NevoUtil_modelIndexToZelIndex(const Wt::WModelIndex &index, Wt::WStandardItemModel *model,
                                    Wt::WSortFilterProxyModel *proxy, unsigned int &zelIndex)
