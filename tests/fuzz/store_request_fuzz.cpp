@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Requests as a hostile client may send them, carried out on a store in memory.
 #include "Frame.h"
+#include "data/Journal.h"
 #include "data/Password.h"
 #include "server/Reader.h"
 #include "server/Writer.h"
