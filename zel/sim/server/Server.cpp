@@ -363,6 +363,8 @@ void Server::dropStalled()
 void Server::drop(std::uint64_t id)
 {
   peers_.erase(id);
+  if (world_.clientGone)
+    world_.clientGone(id);
 }
 
 } // namespace zelsim
