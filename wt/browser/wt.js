@@ -64,6 +64,9 @@ const properties = {};
 
 let attaching = [];
 
+const fields = 'input,select,textarea';
+let unnamed = []; // new fields, which may lack a name
+
 function make([id, tag, settings, ...children]) {
   const alias = aliases[tag];
   const el = document.createElement(alias ? alias[0] : tag);
@@ -75,6 +78,7 @@ function make([id, tag, settings, ...children]) {
     el.setAttribute('role', alias[2]);
   }
   Object.assign(el, defaults[tag]);
+  if (el.matches(fields)) unnamed.push(el);
   for (const child of children) el.append(make(child));
   for (const key in settings) change(el, key, settings[key]);
   return el;
@@ -183,6 +187,7 @@ function apply(list) {
     operations[code]?.(...args);
     if (code === 'c' || code === 's') settle();
   }
+  nameFields();
 }
 
 /// Starts the behaviours of elements that have come into the page.
@@ -682,6 +687,26 @@ function isValid(text, rule) {
   }
 }
 
+/// The nearest cell with words, and without fields, before the one that the field stands in.
+function cellBefore(field) {
+  for (let cell = field.closest('td,th'); cell; cell = cell.parentElement.closest('td,th')) {
+    for (let before = cell.previousElementSibling; before; before = before.previousElementSibling)
+      if (before.textContent.trim() && !before.querySelector(fields + ',button')) return before;
+  }
+  return null;
+}
+
+/// Who cannot see that a field stands beside its words is told so.
+function nameFields() {
+  const made = unnamed;
+  unnamed = [];
+  for (const el of made) {
+    if (!el.isConnected || el.labels?.length || el.hasAttribute('aria-label') || el.hasAttribute('aria-labelledby')) continue;
+    const words = cellBefore(el);
+    if (words) el.setAttribute('aria-labelledby', nameOf(words));
+  }
+}
+
 const textToJudge = el => (el.tagName === 'SELECT' ? el.selectedOptions[0]?.text ?? '' : el.value);
 
 function judge(el) {
@@ -855,7 +880,7 @@ function coverPage() {
 
 function enterDialog({ el }) {
   if (!el.isConnected || el.contains(document.activeElement)) return;
-  (focusablesIn(el, 'input,select,textarea')[0] ?? el).focus({ preventScroll: true });
+  (focusablesIn(el, fields)[0] ?? el).focus({ preventScroll: true });
 }
 
 /// The focus goes back to where it came from, unless somebody else has it by now.
