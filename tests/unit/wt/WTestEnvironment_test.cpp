@@ -13,7 +13,7 @@ using namespace Wt;
 
 TEST(WTestEnvironment, letsATestMakeAnApplicationOnItsStack)
 {
-  Test::WTestEnvironment environment;
+  Wt::Test::WTestEnvironment environment;
   {
     WApplication app(environment);
     EXPECT_EQ(&app, WApplication::instance());
@@ -29,7 +29,7 @@ TEST(WTestEnvironment, letsATestMakeAnApplicationOnItsStack)
 
 TEST(WTestEnvironment, tellsOfDialogsThatAreExecuted)
 {
-  Test::WTestEnvironment environment;
+  Wt::Test::WTestEnvironment environment;
   WApplication app(environment);
   environment.dialogExecuted().connect(std::bind([](WDialog *dialog) { dialog->accept(); }, std::placeholders::_1));
   WDialog dialog("Sure?");
@@ -38,7 +38,7 @@ TEST(WTestEnvironment, tellsOfDialogsThatAreExecuted)
 
 TEST(WTestEnvironment, failsATestThatLeavesADialogOpen)
 {
-  Test::WTestEnvironment environment;
+  Wt::Test::WTestEnvironment environment;
   WApplication app(environment);
   WDialog dialog;
   EXPECT_THROW(dialog.exec(), WException);
