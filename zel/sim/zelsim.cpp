@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The simulated switch as a program: reads its options, opens its database, serves until it is told to end.
 #include "control/ServerCommands.h"
+#include "data/FleetNames.h"
 #include "data/Journal.h"
 #include "data/Password.h"
 #include "server/Server.h"
@@ -22,6 +23,7 @@ struct Options {
   Settings settings;
   std::string database = ":memory:";
   unsigned passwordIterations = 0;
+  bool accounts = false;
   bool describe = false;
   bool help = false;
 };
@@ -40,6 +42,7 @@ constexpr const char *usage =
     "  --settings DIR       where settings archives are written (default /data/settings)\n"
     "  --max-clients N      most connections at once (default 1024)\n"
     "  --password-rounds N  work of a password's hash (default: some 20 ms)\n"
+    "  --accounts           print the administrators of a new switch with their passwords, and end\n"
     "  --describe           print all resources with types, limits and defaults, and end\n"
     "  --help               print this, and end\n"
     "\n"
@@ -87,12 +90,22 @@ bool setOption(Options &options, const std::string &name, const char *value)
   return false;
 }
 
+// The option that takes no value; null if there is none of that name.
+bool *flagOf(Options &options, const std::string &name)
+{
+  if (name == "--accounts")
+    return &options.accounts;
+  if (name == "--describe")
+    return &options.describe;
+  return name == "--help" ? &options.help : nullptr;
+}
+
 bool readOptions(int argc, char **argv, Options &options)
 {
   for (int i = 1; i < argc; ++i) {
     std::string name = argv[i];
-    if (name == "--describe" || name == "--help") {
-      (name == "--help" ? options.help : options.describe) = true;
+    if (bool *flag = flagOf(options, name)) {
+      *flag = true;
       continue;
     }
     if (i + 1 == argc || !setOption(options, name, argv[i + 1])) {
@@ -107,6 +120,16 @@ bool readOptions(int argc, char **argv, Options &options)
   if (options.server.control.empty())
     options.server.control = options.server.socket + ".control";
   return true;
+}
+
+void printAccounts()
+{
+  std::size_t count = 0;
+  const Account *accounts = fleetAccounts(count);
+  for (std::size_t i = 0; i < count; ++i)
+    if (accounts[i].administrator && accounts[i].enabled)
+      std::printf("%s, password %s%s\n", accounts[i].name, accounts[i].password,
+                  accounts[i].passwordIsInitialized ? "" : " (the first login asks for a new one)");
 }
 
 int fail(const std::string &problem)
@@ -155,6 +178,10 @@ int main(int argc, char **argv)
     return 2;
   if (options.help) {
     std::fputs(usage, stdout);
+    return 0;
+  }
+  if (options.accounts) {
+    printAccounts();
     return 0;
   }
   if (options.describe) {

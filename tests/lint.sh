@@ -1,0 +1,88 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+# Rules of the sources that a machine can check. Each rule is one test; the last line tells the numbers.
+set -uo pipefail
+shopt -s lastpipe
+export LC_ALL=C.UTF-8
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+passed=0 failed=0
+# rule NAME: takes the places where it is broken on standard input.
+rule() {
+  local found
+  found=$(cat)
+  if [[ -z $found ]]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    printf 'broken: %s\n%s\n' "$1" "$(head -n 40 <<<"$found" | sed 's/^/  /')"
+  fi
+}
+sources() { git ls-files "$@" | grep -v -E '^(build|node_modules)/'; }
+# look PATTERN FILE_PATTERN...: lines that match an extended regular expression.
+look() {
+  local pattern=$1
+  shift
+  sources "$@" | xargs -r -d '\n' grep -n -E -e "$pattern" -- /dev/null
+}
+cpp=('*.cpp' '*.h')
+
+sources "${cpp[@]}" '*.js' '*.mjs' | while read -r file; do
+  head -n 1 "$file" | grep -q 'SPDX-License-Identifier: MIT' || echo "$file"
+done | rule "the first line names the licence"
+
+look '\b(TODO|FIXME|XXX|HACK)\b' "${cpp[@]}" '*.js' '*.css' '*.txt' '*.cmake' '*.xml' | rule "nothing is left to be done later"
+
+look $'\t|[[:blank:]]$' "${cpp[@]}" '*.js' '*.mjs' '*.css' '*.cmake' 'CMakeLists.txt' | rule "no tabs, no blanks at the end of a line"
+
+look '\beval *\(|new Function|\.(innerHTML|outerHTML)|insertAdjacentHTML|document\.write|createContextualFragment|set(Timeout|Interval) *\( *["`'"'"']' \
+  'wt/browser/*.js' | rule "the page's script makes no code and no markup out of text"
+
+look '\bstd::sto(i|l|ul|ll|ull|f|d)\b|[^_[:alnum:]](atoi|atol|strcpy|strcat|sprintf|vsprintf|gets|tmpnam|mktemp|popen|system) *\(' \
+  'app/*.cpp' 'views/*.cpp' 'widgets/*.cpp' 'store/*.cpp' 'platform/*.cpp' 'wt/*.cpp' 'zel/*.cpp' |
+  grep -v -E ':[[:blank:]]*//' | rule "no call that throws on, overruns at or executes what comes from outside"
+
+look '^[[:blank:]]*using namespace (std|Wt|boost)\b' "${cpp[@]}" | grep -v '^tests/\|^wt/' | rule "names are written with where they come from"
+
+look 'GTEST_SKIP|DISABLED_|\.(skip|only|todo)\(|\b(skip|only|todo): *true' 'tests/*.cpp' 'tests/*.h' 'tests/*.mjs' |
+  grep -v '^tests/lint' | rule "no test is switched off"
+
+look '#include [<"](Wt/[A-Z][A-Za-z]*\.h|dom/|session/|http/|browser/|base/)' 'app/*' 'views/*' 'widgets/*' 'store/*' |
+  rule "the system includes the public headers of the toolkit only, without .h"
+
+look '"resolved"' 'tests/browser/package-lock.json' | rule "the lock file names no registry"
+
+# ---- Folders include downwards only -------------------------------------------------------------------------
+
+# What a folder may include from beside itself.
+declare -A below=(
+  [app]="views widgets store wt platform" [views]="widgets store wt platform" [widgets]="store wt platform"
+  [store]="wt platform" [platform]="" [wt]="" [zel]="store/client" [bench]="*" [tests]="*"
+)
+sources '*.h' | awk -F/ '{ print $NF, $0 }' | sort >"${TMPDIR:-/tmp}/nevo-headers.$$"
+look '^#include "' 'app/*' 'views/*' 'widgets/*' 'store/*' 'platform/*' 'wt/*' 'zel/*' |
+  sed -n 's/^\([^:]*\):[0-9]*:#include "\([^"]*\)".*/\1 \2/p' |
+  while read -r file header; do
+    folder=${file%%/*}
+    ok=no known=no
+    while read -r _ path; do
+      [[ $path == *"/$header" || $path == "$header" ]] || continue
+      known=yes
+      [[ ${path%%/*} == "$folder" ]] && ok=yes
+      for lower in ${below[$folder]}; do [[ $path == "$lower"/* ]] && ok=yes; done
+    done < <(grep "^${header##*/} " "${TMPDIR:-/tmp}/nevo-headers.$$")
+    [[ $known == yes && $ok == no ]] && echo "$file includes $header"
+  done | rule "a folder includes only what lies below it"
+rm -f "${TMPDIR:-/tmp}/nevo-headers.$$"
+
+# ---- Format --------------------------------------------------------------------------------------------------
+
+# LINT_FORMAT=1 asks for it.
+if [[ ${LINT_FORMAT-} == 1 ]]; then
+  sources "${cpp[@]}" | xargs -r -d '\n' -n40 clang-format --dry-run --ferror-limit=1 2>&1 |
+    grep -oE '^[^ :]+\.(cpp|h):[0-9]+' | cut -d: -f1 | sort -u |
+    rule "the sources are formatted (clang-format -i)"
+fi
+
+printf '%d passed, %d failed\n' "$passed" "$failed"
+((failed == 0))
