@@ -464,9 +464,12 @@ function overlay(on, text) {
 
 const sizes = new WeakMap();
 const sizeObserver = new ResizeObserver(entries => {
-  for (const { target, contentRect } of entries) {
+  for (const { target, contentRect, borderBoxSize: [border] } of entries) {
     if (!target.isConnected || !target.getClientRects().length) continue;
-    const w = Math.round(contentRect.width), h = Math.round(contentRect.height);
+    // Told is what the element's own width and height would have to be to stay as it is.
+    const whole = getComputedStyle(target).boxSizing === 'border-box';
+    const w = Math.round(whole ? border.inlineSize : contentRect.width);
+    const h = Math.round(whole ? border.blockSize : contentRect.height);
     const told = sizes.get(target);
     if (told && told[0] === w && told[1] === h) continue;
     sizes.set(target, [w, h]);
@@ -474,7 +477,7 @@ const sizeObserver = new ResizeObserver(entries => {
   }
 });
 behaviours.size = {
-  attach(el) { sizeObserver.observe(el); },
+  attach(el) { sizeObserver.observe(el, { box: getComputedStyle(el).boxSizing }); },
   detach(el) {
     sizeObserver.unobserve(el);
   },

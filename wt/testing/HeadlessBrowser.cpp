@@ -405,7 +405,7 @@ bool HeadlessBrowser::choose(Node *node, int index)
   if (!actionable(node) || node->tag != "select")
     return false;
   const std::string value = std::to_string(index);
-  node->settings[".selectedIndex"] = value;
+  node->settings[".value"] = value;
   std::string events;
   gather(node, "change", "{}", events);
   sendNumbered(focusMember(node) + ",\"v\":{\"" + number(node->id) + "\":\"" + value + "\"}" +
