@@ -16,7 +16,7 @@ if(NEVO_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${NEVO_CCACHE})
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor -Wshadow=local
+add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
                     -ffunction-sections -fdata-sections -fstack-protector-strong)
 add_link_options(-Wl,--gc-sections -Wl,-z,relro,-z,now)
 add_compile_definitions(BOOST_BIND_GLOBAL_PLACEHOLDERS BOOST_ALL_NO_LIB)
@@ -27,6 +27,11 @@ endif()
 if(NEVO_SANITIZE)
   add_compile_options(-fsanitize=${NEVO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${NEVO_SANITIZE})
+endif()
+
+# Fuzzers steer by the coverage of the libraries that they drive.
+if(NEVO_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # nevo_library(NAME DIRS dir... [LINKS lib...] [PRIVATE_LINKS lib...])
