@@ -76,8 +76,8 @@ test('a wrong password is refused, the right one opens the dashboard', onSwitch(
   await box(page, 'Authentication failure').waitFor();
   assert.match(await box(page, 'Authentication failure').innerText(), /Incorrect username, password, or privileges\./);
   await closeBox(page, 'Authentication failure');
-  assert.equal(await page.getByLabel('Username').inputValue(), '');
-  assert.equal(await page.getByLabel('Password').inputValue(), '');
+  assert.equal(await page.getByRole('textbox', { name: 'Username' }).inputValue(), '');
+  assert.equal(await page.getByRole('textbox', { name: 'Password' }).inputValue(), '');
   await tryToLogIn(page, operator);
   await dashboardShown(page);
   await page.getByText('user: operator').waitFor();
@@ -163,7 +163,7 @@ test('help for a forgotten password is one click away and leads back', onSwitch(
 test('the keyboard alone goes through the front door', onSwitch({}, async ({ rig, page }) => {
   await page.goto(rig.url);
   await loginForm(page).waitFor();
-  await eventually(() => page.getByLabel('Username').evaluate(el => el === document.activeElement), focused => focused);
+  await eventually(() => page.getByRole('textbox', { name: 'Username' }).evaluate(el => el === document.activeElement), focused => focused);
   await page.keyboard.type(operator.name);
   await page.keyboard.press('Tab');
   await page.keyboard.type(operator.password);

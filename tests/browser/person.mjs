@@ -41,8 +41,8 @@ export function assertNoProblems(page, except = /^$/) {
 export const loginForm = page => page.locator('.Wt-dialog', { has: page.getByRole('button', { name: 'Log In' }) });
 
 export async function fillLogin(page, { name, password }) {
-  await page.getByLabel('Username').fill(name);
-  await page.getByLabel('Password').fill(password);
+  await page.getByRole('textbox', { name: 'Username' }).fill(name);
+  await page.getByRole('textbox', { name: 'Password' }).fill(password);
 }
 
 /// Goes to the front door and through it, to the dashboard.

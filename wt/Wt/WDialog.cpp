@@ -173,14 +173,15 @@ WDialog::DialogCode WDialog::exec(const WAnimation &animation)
 {
   if (execution_)
     throw WException("WDialog::exec(): the dialog runs already");
+  WApplication *application = WApplication::instance();
   Execution execution;
   execution_ = &execution;
   animateShow(animation);
   try {
-    // A test without a browser ends the dialog itself.
-    if (!Engine::Session::current()->dialogExecuted(this))
-      while (execution.running && execution.alive)
-        WApplication::instance()->waitForEvent();
+    if (Engine::Session::current()->dialogExecuted(this) && execution.running && execution.alive)
+      throw WException("WDialog::exec(): a test must end the dialog");
+    while (execution.running && execution.alive)
+      application->waitForEvent();
   } catch (...) {
     if (execution.alive)
       execution_ = nullptr;

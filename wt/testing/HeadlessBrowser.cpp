@@ -107,9 +107,9 @@ void HeadlessBrowser::open()
 
 void HeadlessBrowser::close()
 {
+  settle();
   if (!listener_)
     return;
-  settle();
   const auto listener = std::move(listener_);
   listener_ = nullptr;
   listener->closed(true);
@@ -188,6 +188,19 @@ void HeadlessBrowser::send(const std::string &message)
 void HeadlessBrowser::sendRaw(const std::string &text)
 {
   send(text);
+  run();
+}
+
+void HeadlessBrowser::sendRawFirst(const std::string &text)
+{
+  connect();
+  sendRaw(text);
+}
+
+void HeadlessBrowser::flood(const std::string &text, int times)
+{
+  for (int i = 0; i < times; ++i)
+    send(text);
   run();
 }
 
