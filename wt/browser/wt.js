@@ -193,7 +193,10 @@ const pageCommands = {
     link.rel = 'stylesheet';
     link.href = url;
     root.classList.add('Wt-unstyled');
-    link.onload = link.onerror = () => root.classList.remove('Wt-unstyled');
+    link.onload = link.onerror = () => {
+      root.classList.remove('Wt-unstyled');
+      if (document.activeElement === document.body) focusWanted?.focus();
+    };
     document.head.append(link);
   },
 };
@@ -206,7 +209,12 @@ function go(url) {
   else location.assign(target);
 }
 
-commands.focus = el => el.focus();
+/// What was to have the focus last; a page that waits for its style sheet cannot give it yet.
+let focusWanted = null;
+commands.focus = el => {
+  focusWanted = el;
+  el.focus();
+};
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 
