@@ -880,15 +880,18 @@ behaviours.split = {
   attach(el, axis) {
     const vertical = axis === 'y';
     const side = vertical ? 'height' : 'width';
+    const told = size => el.setAttribute('aria-valuenow', Math.round(size));
     const resize = (targets, sizes, by) => targets.forEach((target, i) => {
-      const size = Math.max(leastSize, sizes[i] + by) + 'px';
-      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = '0 0 ' + size;
-      else target.style[side] = size;
+      const size = Math.max(leastSize, sizes[i] + by);
+      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = `0 0 ${size}px`;
+      else target.style[side] = size + 'px';
+      told(size);
     });
     const start = () => {
       const targets = resizedBy(el, vertical).filter(Boolean);
       return [targets, targets.map(target => target.getBoundingClientRect()[side])];
     };
+    told(start()[1][0] ?? 0);
     el.onpointerdown = e => {
       const [targets, sizes] = start();
       el.classList.add(vertical ? 'Wt-vsh2' : 'Wt-hsh2');
