@@ -262,7 +262,11 @@ function hide(el, hidden) {
   };
 }
 
-commands.focus = el => el.focus();
+commands.focus = el => {
+  el.focus();
+  // The server knows already.
+  if (document.activeElement === el && !flushTimer) focusTold = focusedId();
+};
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 
