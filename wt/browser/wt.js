@@ -263,9 +263,10 @@ function hide(el, hidden) {
 }
 
 commands.focus = el => {
+  const quiet = !flushTimer;
   el.focus();
   // The server knows already.
-  if (document.activeElement === el && !flushTimer) focusTold = focusedId();
+  if (quiet && document.activeElement === el) focusTold = focusedId();
 };
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
