@@ -269,7 +269,10 @@ function hide(el, hidden) {
 let focusWanted = null;
 commands.focus = el => {
   focusWanted = el;
+  const quiet = !flushTimer;
   el.focus();
+  // The server knows already.
+  if (quiet && document.activeElement === el) focusTold = focusedId();
 };
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
