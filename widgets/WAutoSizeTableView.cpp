@@ -8,6 +8,7 @@ namespace {
 
 const int frameAndScrollBar = 20; ///< pixels of a view's width that no column gets
 const int cellPadding = 7;        ///< pixels that each column takes beside its width
+const int lineHeight = 28;        ///< pixels of a row and of the heading
 
 } // namespace
 
@@ -15,6 +16,8 @@ WAutoSizeTableView::WAutoSizeTableView(int columns, Wt::WContainerWidget *parent
     : Wt::WTableView(parent), columnCount(static_cast<std::int8_t>(columns)), hiddenColumnCount(0),
       firstAdaptDone(false), columnWidths(columns > 0 ? columns : 0, 0), lastWidth(0)
 {
+  setRowHeight(Wt::WLength(lineHeight));
+  setHeaderHeight(Wt::WLength(lineHeight));
   setLayoutSizeAware(true);
   columnResized().connect(this, &WAutoSizeTableView::columnResizedHandler);
 }

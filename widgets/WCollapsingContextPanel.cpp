@@ -24,6 +24,7 @@ WCollapsingContextPanel::WCollapsingContextPanel(const Wt::WString &title, Heigh
       lastHeight(height), collapsed(false), contentHidden(false)
 {
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
   setLayout(layout);
   resize(Wt::WLength::Auto, Wt::WLength(height));
   setLayoutSizeAware(heightType == HeightAdaptive);

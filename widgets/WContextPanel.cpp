@@ -10,6 +10,7 @@ WContextPanel::WContextPanel(const Wt::WString &title, Wt::WContainerWidget *par
       content(0)
 {
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
   setLayout(layout);
   setLayoutSizeAware(true);
   layout->addWidget(titleBar);

@@ -24,6 +24,13 @@ std::string rowText(json_t *response, int row, const char *parameter)
   return value ? value : "";
 }
 
+/// The style class that puts the severity's sign before its word.
+std::string severityClass(const std::string &severity)
+{
+  return severity == "error" || severity == "warning" || severity == "info" ? "nevo-severity-" + severity
+                                                                            : std::string();
+}
+
 std::string dateText(json_t *response, int row)
 {
   char buffer[64];
@@ -38,6 +45,7 @@ WDashViewEventList::WDashViewEventList(Wt::WContainerWidget *parent)
 {
   setColumns({"InstanceID", text("Date/Time").toUTF8(), text("Type").toUTF8(), text("Originator EID").toUTF8(),
               text("Message").toUTF8()});
+  tableView->setAttributeValue("data-empty", text("There are no unacknowledged events."));
 }
 
 void WDashViewEventList::eventLogClear()
@@ -66,6 +74,7 @@ void WDashViewEventList::readFromDatabase()
     model->setData(row, InstanceColumn, boost::any(instance), Wt::EditRole);
     model->setData(row, DateColumn, boost::any(dateText(alerts.get(), row)), Wt::EditRole);
     model->setData(row, TypeColumn, boost::any(Convert_alertSeverityDbStringToUiString(severity)), Wt::EditRole);
+    model->setData(row, TypeColumn, boost::any(severityClass(severity)), Wt::StyleClassRole);
     model->setData(row, OriginatorColumn, boost::any(rowText(alerts.get(), row, "originatorEid")), Wt::EditRole);
     model->setData(row, MessageColumn, boost::any(rowText(alerts.get(), row, "alertMsg")), Wt::EditRole);
   }

@@ -58,6 +58,7 @@ WDashViewSesList::WDashViewSesList(Wt::WContainerWidget *parent)
 {
   setColumns({"index", text("Username").toUTF8(), text("Receiver").toUTF8(), text("Transmitter").toUTF8(),
               text("Mode").toUTF8(), text("Duration").toUTF8()});
+  tableView->setAttributeValue("data-empty", text("Nobody is logged in at a receiver."));
   tableView->setColumnAlignment(DurationColumn, Wt::AlignRight);
   tableView->setHeaderAlignment(DurationColumn, Wt::AlignRight);
   proxyModel->sort(UsernameColumn, Wt::AscendingOrder);

@@ -21,16 +21,15 @@ struct WComboBox::Signals {
 WComboBox::WComboBox(WContainerWidget *parent) : WFormWidget(parent)
 {
   setInline(true);
+  changed().connect(this, &WComboBox::tellChoice);
 }
 
 WComboBox::~WComboBox() = default;
 
 WComboBox::Signals &WComboBox::userSignals()
 {
-  if (!signals_) {
+  if (!signals_)
     signals_ = std::make_unique<Signals>(this);
-    changed().connect(this, &WComboBox::tellChoice);
-  }
   return *signals_;
 }
 
@@ -46,6 +45,8 @@ Signal<WString> &WComboBox::sactivated()
 
 void WComboBox::tellChoice()
 {
+  if (!signals_)
+    return;
   const int index = currentIndex_;
   const WString text = currentText();
   bool alive = true;

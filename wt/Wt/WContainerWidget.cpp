@@ -214,9 +214,9 @@ void WContainerWidget::addOwnClasses(std::string &classes) const
 {
   const int horizontal = alignment_.value() & AlignHorizontalMask;
   if (horizontal == AlignCenter)
-    classes += classes.empty() ? "Wt-center" : " Wt-center";
+    classes += classes.empty() ? "Wt-align-center" : " Wt-align-center";
   else if (horizontal == AlignRight)
-    classes += classes.empty() ? "Wt-right" : " Wt-right";
+    classes += classes.empty() ? "Wt-align-right" : " Wt-align-right";
 }
 
 void WContainerWidget::render(Dom::Element &e)

@@ -178,6 +178,8 @@ WDialog::DialogCode WDialog::exec(const WAnimation &animation)
   execution_ = &execution;
   animateShow(animation);
   try {
+    if (Engine::Session::current()->dialogExecuted(this) && execution.running && execution.alive)
+      throw WException("WDialog::exec(): a test must end the dialog");
     while (execution.running && execution.alive)
       application->waitForEvent();
   } catch (...) {

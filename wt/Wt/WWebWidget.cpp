@@ -593,7 +593,8 @@ void WWebWidget::render(Dom::Element &e)
 {
   std::string classes = rare_ ? rare_->styleClass : std::string();
   addOwnClasses(classes);
-  e.setIf(!classes.empty(), "class", classes);
+  const std::string_view trimmed = std::string_view(classes).substr(!classes.empty() && classes[0] == ' ');
+  e.setIf(!trimmed.empty(), "class", trimmed);
   if (!objectName().empty())
     e.set("id", id());
   renderHidden(e);

@@ -30,6 +30,14 @@ td,th{vertical-align:top;text-align:left}
 .Wt-tv-row{position:absolute;left:0;height:var(--wt-row)}
 .Wt-tv-c{overflow:hidden;text-overflow:ellipsis;white-space:nowrap}
 .Wt-right{text-align:right}.Wt-center{text-align:center}
+.Wt-align-center>:is(div,table,ul){margin-left:auto;margin-right:auto}
+.Wt-align-right>:is(div,table,ul){margin-left:auto}
+@layer wt{
+.Wt-loading{position:fixed;inset:0 0 auto;height:3px;z-index:1000;background:Highlight;opacity:0;animation:wt-loading .8s .3s infinite alternate}
+.Wt-offline{position:fixed;inset:0;z-index:1001;display:grid;place-items:center;background:#000a;color:#fff;font:18px sans-serif}
+.Wt-tooltip{position:fixed;z-index:1002;margin:0;max-width:360px;padding:4px 8px;border:1px solid;background:Canvas;color:CanvasText}
+}
+@keyframes wt-loading{from{opacity:.3}to{opacity:1}}
 `);
 document.adoptedStyleSheets = [sheet];
 
@@ -56,6 +64,9 @@ const properties = {};
 
 let attaching = [];
 
+const fields = 'input,select,textarea';
+let unnamed = []; // new fields, which may lack a name
+
 function make([id, tag, settings, ...children]) {
   const alias = aliases[tag];
   const el = document.createElement(alias ? alias[0] : tag);
@@ -67,6 +78,7 @@ function make([id, tag, settings, ...children]) {
     el.setAttribute('role', alias[2]);
   }
   Object.assign(el, defaults[tag]);
+  if (el.matches(fields)) unnamed.push(el);
   for (const child of children) el.append(make(child));
   for (const key in settings) change(el, key, settings[key]);
   return el;
@@ -106,7 +118,8 @@ function attribute(el, name, value) {
   if (name === 'class') {
     const { base } = stateOf(el);
     el.className = base && value ? base + ' ' + value : value ?? base;
-  } else if (value === null) el.removeAttribute(name);
+  } else if (name === 'hidden') hide(el, value !== null);
+  else if (value === null) el.removeAttribute(name);
   else el.setAttribute(name, value);
 }
 
@@ -174,6 +187,7 @@ function apply(list) {
     operations[code]?.(...args);
     if (code === 'c' || code === 's') settle();
   }
+  nameFields();
 }
 
 /// Starts the behaviours of elements that have come into the page.
@@ -186,17 +200,24 @@ function settle() {
 const pageCommands = {
   title(text) { document.title = text; },
   lang(text) { root.lang = text; },
-  htmlClass(names) { root.className = names; },
+  htmlClass(names) {
+    const unstyled = root.classList.contains('Wt-unstyled');
+    root.className = names;
+    root.classList.toggle('Wt-unstyled', unstyled);
+  },
   redirect(url) { go(url); },
   style(url) {
     const link = document.createElement('link');
     link.rel = 'stylesheet';
     link.href = url;
+    // Nothing flashes up without its style, but nothing waits for ever for a style that does not come either.
     root.classList.add('Wt-unstyled');
-    link.onload = link.onerror = () => {
+    const styled = () => {
       root.classList.remove('Wt-unstyled');
       if (document.activeElement === document.body) focusWanted?.focus();
     };
+    link.onload = link.onerror = styled;
+    setTimeout(styled, 4000);
     document.head.append(link);
   },
 };
@@ -207,6 +228,41 @@ function go(url) {
   leaving = true;
   if (target.href === location.href || url === '?') location.reload();
   else location.assign(target);
+}
+
+/// The ways in which an element comes and goes, as WAnimation numbers them.
+const slides = { 1: 'translateX(-100%)', 2: 'translateX(100%)', 3: 'translateY(100%)', 4: 'translateY(-100%)', 5: 'scale(.2)' };
+const easings = ['ease', 'linear', 'ease-in', 'ease-out', 'ease-in-out', 'ease'];
+const leavings = new WeakMap(); // elements that are to be hidden in a moment: how
+
+/// Animates an element that has just been shown, or (going) is about to be hidden.
+commands.anim = (el, going, effects, easing, duration) => {
+  if (reduced.matches || !el.animate) return;
+  const away = {};
+  if (slides[effects & 255]) away.transform = slides[effects & 255];
+  if (effects & 256) away.opacity = 0;
+  const options = { duration, easing: easings[easing] };
+  if (going) leavings.set(el, [away, options]);
+  else el.animate([away, {}], options);
+};
+
+/// Sets or takes away the attribute "hidden", after the animation that was ordered.
+function hide(el, hidden) {
+  const leaving = leavings.get(el);
+  leavings.delete(el);
+  const state = stateOf(el);
+  state.leaving?.cancel();
+  state.leaving = null;
+  el.hidden = hidden;
+  if (!hidden || !leaving) return;
+  el.hidden = false;
+  const [away, options] = leaving;
+  const animation = state.leaving = el.animate([{}, away], options);
+  animation.onfinish = () => {
+    if (state.leaving !== animation) return;
+    state.leaving = null;
+    el.hidden = true;
+  };
 }
 
 /// What was to have the focus last; a page that waits for its style sheet cannot give it yet.
@@ -223,6 +279,10 @@ commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 const point = (x, y) => (x || y ? [Math.round(x), Math.round(y)] : undefined);
 const modifiers = e => (e.shiftKey && 1) | (e.ctrlKey && 2) | (e.altKey && 4) | (e.metaKey && 8) || undefined;
 
+/// Where the mouse button went down.
+let pressedAt = [0, 0];
+document.addEventListener('mousedown', e => { pressedAt = [e.clientX, e.clientY]; }, true);
+
 /// What a mouse event tells: see PROTOCOL.md.
 function mouseData(el, e) {
   const box = el.getBoundingClientRect();
@@ -233,6 +293,7 @@ function mouseData(el, e) {
     w: point(e.clientX, e.clientY),
     s: point(e.screenX, e.screenY),
     o: point(e.clientX - box.left, e.clientY - box.top),
+    g: e.buttons || e.type === 'mouseup' ? point(e.clientX - pressedAt[0], e.clientY - pressedAt[1]) : undefined,
     l: e.type === 'wheel' ? -Math.sign(e.deltaY) || undefined : undefined,
   };
 }
@@ -329,6 +390,7 @@ let ready = false;      // messages may be sent
 let leaving = false;
 let ended = '';         // why the session is over
 let attempts = 0;
+let retry = 0;
 let sent = 0;           // number of the last message to the server
 let outbox = [];        // messages that the server has not acknowledged: [number, object]
 let seen = 0;           // number of the last update
@@ -379,12 +441,15 @@ const receivers = {
   },
   reload() {
     leaving = true;
-    location.reload();
+    // A server that sends every page away again is not to be asked without pause.
+    setTimeout(() => location.reload(), performance.now() < 5000 ? 3000 : 0);
   },
   quit({ quit }) {
-    ended = quit.text || 'This session has ended. Reload the page to start again.';
+    ended = quit.text || 'This session has ended. Reload the page to begin a new one.';
     token = '';
+    busy(false);
     if (quit.url !== undefined) go(quit.url);
+    else if (quit.now) overlay(true, ended);
     else for (const type of ['click', 'keydown']) document.addEventListener(type, () => overlay(true, ended), { once: true });
   },
   busy({ busy: text }) {
@@ -422,8 +487,9 @@ function connect() {
   socket.onclose = () => {
     ready = false;
     if (leaving || ended) return;
-    overlay(true, 'The connection to the switch is lost. Trying to reconnect.');
-    setTimeout(connect, resendAfter[Math.min(attempts++, resendAfter.length - 1)]);
+    overlay(true, 'The connection to the server is lost. Trying to reconnect…');
+    clearTimeout(retry);
+    retry = setTimeout(connect, resendAfter[Math.min(attempts++, resendAfter.length - 1)]);
   };
 }
 
@@ -432,7 +498,11 @@ addEventListener('pagehide', () => {
   socket?.close(4000);
 });
 addEventListener('pageshow', e => { if (e.persisted) location.reload(); });
-addEventListener('online', () => { if (socket?.readyState === WebSocket.CLOSED && !ended) connect(); });
+addEventListener('online', () => {
+  if (socket?.readyState !== WebSocket.CLOSED || ended || leaving) return;
+  clearTimeout(retry);
+  connect();
+});
 
 // ---- waiting and absence -----------------------------------------------------------------------------------------
 
@@ -472,9 +542,12 @@ function overlay(on, text) {
 
 const sizes = new WeakMap();
 const sizeObserver = new ResizeObserver(entries => {
-  for (const { target, contentRect } of entries) {
+  for (const { target, contentRect, borderBoxSize: [border] } of entries) {
     if (!target.isConnected || !target.getClientRects().length) continue;
-    const w = Math.round(contentRect.width), h = Math.round(contentRect.height);
+    // Told is what the element's own width and height would have to be to stay as it is.
+    const whole = getComputedStyle(target).boxSizing === 'border-box';
+    const w = Math.round(whole ? border.inlineSize : contentRect.width);
+    const h = Math.round(whole ? border.blockSize : contentRect.height);
     const told = sizes.get(target);
     if (told && told[0] === w && told[1] === h) continue;
     sizes.set(target, [w, h]);
@@ -482,11 +555,69 @@ const sizeObserver = new ResizeObserver(entries => {
   }
 });
 behaviours.size = {
-  attach(el) { sizeObserver.observe(el); },
+  attach(el) { sizeObserver.observe(el, { box: getComputedStyle(el).boxSizing }); },
   detach(el) {
     sizeObserver.unobserve(el);
   },
 };
+
+// ---- tool tips ---------------------------------------------------------------------------------------------------
+
+let tip = null; // the shown one: { el, of }
+
+/// Shows nodes as the tool tip of an element.
+function showTip(of, nodes) {
+  hideTip();
+  const el = document.createElement('div');
+  el.className = 'Wt-tooltip';
+  el.id = 'wt-tip';
+  el.setAttribute('role', 'tooltip');
+  el.append(...nodes);
+  document.body.append(el);
+  of.setAttribute('aria-describedby', el.id);
+  const box = of.getBoundingClientRect();
+  const below = box.bottom + 6 + el.offsetHeight < innerHeight;
+  el.style.left = Math.max(4, Math.min(box.left, innerWidth - el.offsetWidth - 4)) + 'px';
+  el.style.top = Math.max(4, below ? box.bottom + 6 : box.top - el.offsetHeight - 6) + 'px';
+  tip = { el, of };
+}
+
+function hideTip() {
+  tip?.el.remove();
+  tip?.of.removeAttribute('aria-describedby');
+  tip = null;
+}
+
+/// A tool tip of rich text.
+behaviours.tip = {
+  attach(el) {
+    const { signal } = (stateOf(el).tip = new AbortController());
+    let waiting = 0;
+    el.addEventListener('mouseenter', () => {
+      waiting = setTimeout(() => el.isConnected && showTip(el, stateOf(el).behaviours.tip.map(rich)), 500);
+    }, { signal });
+    el.addEventListener('mouseleave', () => {
+      clearTimeout(waiting);
+      if (tip?.of === el) hideTip();
+    }, { signal });
+  },
+  detach(el) {
+    stateOf(el).tip?.abort();
+    if (tip?.of === el) hideTip();
+  },
+};
+
+// Who comes by keyboard gets the tips too: those of rich text, and those that the browser shows to mice only.
+document.addEventListener('focusin', ({ target }) => {
+  hideTip();
+  if (!target.matches(':focus-visible')) return;
+  const of = target.closest('[title]') ?? target;
+  const config = stateOf(target)?.behaviours.tip;
+  if (config) showTip(target, config.map(rich));
+  else if (of.title) showTip(of, [of.title]);
+});
+document.addEventListener('focusout', hideTip);
+document.addEventListener('keydown', e => { if (e.key === 'Escape') hideTip(); }, true);
 
 // ==== behaviours of form widgets, dialogs and tabs ================================================================
 
@@ -561,6 +692,26 @@ function isValid(text, rule) {
     return new RegExp(`^(?:${rule.re})$`, rule.i ? 'i' : '').test(text);
   } catch {
     return true; // Only the server can tell.
+  }
+}
+
+/// The nearest cell with words, and without fields, before the one that the field stands in.
+function cellBefore(field) {
+  for (let cell = field.closest('td,th'); cell; cell = cell.parentElement.closest('td,th')) {
+    for (let before = cell.previousElementSibling; before; before = before.previousElementSibling)
+      if (before.textContent.trim() && !before.querySelector(fields + ',button')) return before;
+  }
+  return null;
+}
+
+/// Who cannot see that a field stands beside its words is told so.
+function nameFields() {
+  const made = unnamed;
+  unnamed = [];
+  for (const el of made) {
+    if (!el.isConnected || el.labels?.length || el.hasAttribute('aria-label') || el.hasAttribute('aria-labelledby')) continue;
+    const words = cellBefore(el);
+    if (words) el.setAttribute('aria-labelledby', nameOf(words));
   }
 }
 
@@ -737,7 +888,7 @@ function coverPage() {
 
 function enterDialog({ el }) {
   if (!el.isConnected || el.contains(document.activeElement)) return;
-  (focusablesIn(el, 'input,select,textarea')[0] ?? el).focus({ preventScroll: true });
+  (focusablesIn(el, fields)[0] ?? el).focus({ preventScroll: true });
 }
 
 /// The focus goes back to where it came from, unless somebody else has it by now.

@@ -20,18 +20,25 @@ using Wt::WString;
 
 namespace {
 
-const char *const Square = "data:image/svg+xml,%3Csvg xmlns='http://www.w3.org/2000/svg' width='16' height='16'"
-                           "%3E%3Crect width='16' height='16' fill='teal'/%3E%3C/svg%3E";
-const char *const Circle = "data:image/svg+xml,%3Csvg xmlns='http://www.w3.org/2000/svg' width='16' height='16'"
-                           "%3E%3Ccircle cx='8' cy='8' r='8' fill='maroon'/%3E%3C/svg%3E";
+const char *const Teal = "data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
+const char *const Maroon = "data:image/gif;base64,R0lGODlhAQABAPAAAIAAAP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
+
+Wt::WImage *square(const char *url, const char *text)
+{
+  Wt::WImage *image = new Wt::WImage(Wt::WLink(url), text);
+  image->resize(16, 16);
+  return image;
+}
 
 void addIconPair(Section *section, const char *name, bool clickIsSwitch)
 {
   Wt::WContainerWidget *place = section->row(name);
   place->clicked().connect(std::bind(section->teller(std::string("click reached the row of ") + name)));
-  Wt::WIconPair *pair = new Wt::WIconPair(Square, Circle, clickIsSwitch, place);
+  Wt::WIconPair *pair = new Wt::WIconPair(Teal, Maroon, clickIsSwitch, place);
   pair->icon1()->setAlternateText(WString::fromUTF8(std::string("Fold ") + name));
   pair->icon2()->setAlternateText(WString::fromUTF8(std::string("Unfold ") + name));
+  pair->icon1()->resize(16, 16);
+  pair->icon2()->resize(16, 16);
   pair->icon1Clicked().connect(std::bind(section->teller(std::string("folded ") + name)));
   pair->icon2Clicked().connect(std::bind(section->teller(std::string("unfolded ") + name)));
 }
@@ -45,7 +52,7 @@ void addTextsAndLinks(Wt::WContainerWidget *page)
   new Wt::WText(WString::fromUTF8(MarkupText), Wt::PlainText, section->row("plain text"));
   new Wt::WText(WString::fromUTF8(LongText), Wt::PlainText, section->row("long text"));
   new Wt::WText(WString::fromUTF8(HebrewText), Wt::PlainText, section->row("right-to-left text"));
-  new Wt::WImage(Wt::WLink(Square), "A square", section->row("image"));
+  section->row("image")->addWidget(square(Teal, "A square"));
   new Wt::WAnchor(Wt::WLink("#end"), "To the end", section->row("link"));
   Wt::WAnchor *away = new Wt::WAnchor(Wt::WLink("https://[::1]/"), "New window", section->row("link away"));
   away->setTarget(Wt::TargetNewWindow);
@@ -54,7 +61,7 @@ void addTextsAndLinks(Wt::WContainerWidget *page)
   Wt::WAnchor *act = new Wt::WAnchor(section->row("link without address"));
   act->setText("Just a click");
   act->clicked().connect(std::bind(section->teller("clicked the link")));
-  new Wt::WAnchor(Wt::WLink("#end"), new Wt::WImage(Wt::WLink(Circle), "A circle"), section->row("image link"));
+  new Wt::WAnchor(Wt::WLink("#end"), square(Maroon, "Another square"), section->row("image link"));
 }
 
 void addIconPairs(Wt::WContainerWidget *page)

@@ -75,8 +75,8 @@ void addButtons(Wt::WContainerWidget *page)
   button(section, "plain button", "Press me");
   button(section, "default button", "Save")->setDefault(true);
   button(section, "disabled button", "Not now")->disable();
-  button(section, "button with icon", "With icon")->setIcon(Wt::WLink("data:image/gif;base64,R0lGODlhAQABAIAA"
-                                                                    "AAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"));
+  button(section, "button with icon", "With icon")->setIcon(
+      Wt::WLink("data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw=="));
   button(section, "button with link", "Go to the end")->setLink(Wt::WLink("#end"));
   button(section, "long button", LongText);
   button(section, "right-to-left button", HebrewText);

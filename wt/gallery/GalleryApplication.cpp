@@ -4,6 +4,7 @@
 #include "sections.h"
 
 #include <Wt/WContainerWidget>
+#include <Wt/WEnvironment>
 #include <Wt/WText>
 
 namespace gallery {
@@ -18,7 +19,8 @@ const char *const MarkupText = "<b onclick=\"alert(1)\">not bold</b> & <script>a
 GalleryApplication::GalleryApplication(const Wt::WEnvironment &environment) : Wt::WApplication(environment)
 {
   setTitle("Widget gallery");
-  setCssTheme("");
+  const std::string *theme = environment.getParameter("theme");
+  setCssTheme(theme ? *theme : "unknown");
   enableUpdates(true);
   Wt::WContainerWidget *page = new Wt::WContainerWidget(root());
   page->addStyleClass("gallery");

@@ -2,6 +2,7 @@
 #include "http/RequestParser.h"
 
 #include <algorithm>
+#include <limits>
 #include <boost/asio/buffer.hpp>
 #include <boost/beast/http/basic_parser.hpp>
 #include <boost/beast/http/error.hpp>
@@ -99,7 +100,7 @@ public:
 RequestParser::RequestParser() : parser_(std::make_unique<Parser>())
 {
   parser_->header_limit(static_cast<std::uint32_t>(maximumHeadSize));
-  parser_->body_limit(boost::none);
+  parser_->body_limit(std::numeric_limits<std::uint64_t>::max());
   parser_->eager(false);
 }
 

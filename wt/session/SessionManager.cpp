@@ -3,10 +3,10 @@
 
 #include "base/Log.h"
 #include "base/ResourceUrl.h"
-#include "base/StringResolver.h"
 #include "dom/JsonText.h"
 #include "session/Random.h"
 #include "session/Session.h"
+#include "session/TextSources.h"
 
 #include <algorithm>
 #include <atomic>
@@ -36,22 +36,6 @@ std::string escaped(const std::string &text)
     }
   }
   return result;
-}
-
-void installTextSources()
-{
-  setStringResolver([](const std::string &key, std::string &result) {
-    WApplication *application = WApplication::instance();
-    return application && application->messageResourceBundle().resolveKey(key, result);
-  });
-  setPluralResolver([](const std::string &key, std::string &result, std::uint64_t amount) {
-    WApplication *application = WApplication::instance();
-    return application && application->messageResourceBundle().resolvePluralKey(key, result, amount);
-  });
-  setLocaleSource([] {
-    const WApplication *application = WApplication::instance();
-    return application ? application->locale().name() : std::string();
-  });
 }
 
 } // namespace

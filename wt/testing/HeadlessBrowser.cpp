@@ -107,9 +107,9 @@ void HeadlessBrowser::open()
 
 void HeadlessBrowser::close()
 {
+  settle();
   if (!listener_)
     return;
-  settle();
   const auto listener = std::move(listener_);
   listener_ = nullptr;
   listener->closed(true);
@@ -188,6 +188,19 @@ void HeadlessBrowser::send(const std::string &message)
 void HeadlessBrowser::sendRaw(const std::string &text)
 {
   send(text);
+  run();
+}
+
+void HeadlessBrowser::sendRawFirst(const std::string &text)
+{
+  connect();
+  sendRaw(text);
+}
+
+void HeadlessBrowser::flood(const std::string &text, int times)
+{
+  for (int i = 0; i < times; ++i)
+    send(text);
   run();
 }
 
@@ -405,7 +418,7 @@ bool HeadlessBrowser::choose(Node *node, int index)
   if (!actionable(node) || node->tag != "select")
     return false;
   const std::string value = std::to_string(index);
-  node->settings[".selectedIndex"] = value;
+  node->settings[".value"] = value;
   std::string events;
   gather(node, "change", "{}", events);
   sendNumbered(focusMember(node) + ",\"v\":{\"" + number(node->id) + "\":\"" + value + "\"}" +

@@ -89,6 +89,10 @@ public:
   bool size(Node *node, int width, int height);
   /// Sends a text as a message, whatever it is.
   void sendRaw(const std::string &text);
+  /// The same, as the first message of a connection of its own.
+  void sendRawFirst(const std::string &text);
+  /// Sends a text many times before the session can handle any.
+  void flood(const std::string &text, int times);
 
   /// Moves the clock.
   void advance(std::chrono::milliseconds time);

@@ -118,3 +118,13 @@ TEST_F(DbNoEntries, stillFailsTheReadThatMetIt)
   EXPECT_EQ(Db_db.readUInt32("rx", 1, "n", value, errors), 1U);
   EXPECT_THAT(errors, ElementsAre(shown("No entries") + "."));
 }
+
+TEST(DbErrors, showsTextsAndDetailsInTheLanguageOfTheSession)
+{
+  TestSession session;
+  session.useTexts();
+  LogCapture log;
+  EXPECT_THAT(interpreted(R"([{"errno": 9, "detail": "[RSnnn]Offline"}, {"errno": 1009}])"),
+              ElementsAre("Invalid parameter: Offline.", "No entries."));
+  EXPECT_EQ(log.text(), "");
+}

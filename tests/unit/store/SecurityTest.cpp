@@ -27,7 +27,7 @@ TEST_F(Security, logsInWithTheAddressOfTheBrowser)
   EXPECT_THAT(
       store.requests(),
       ElementsAre(
-          R"({"method":"CREATE","params":{"ipAddress":"192.0.2.17","password":"s3cret",)"
+          R"({"method":"CREATE","params":{"ipAddress":"127.0.0.1","password":"s3cret",)"
           R"("sessionType":"nevo","username":"anna"},"resource":"adminSession"})",
           R"({"method":"GET","query":{"index":3},"resource":"user","select":["passwordIsInitialized"]})"));
 }
@@ -70,7 +70,7 @@ TEST_F(Security, sendsAnyUsernameAndPasswordAsTheyAre)
   EXPECT_EQ(login("\"},{\"x\":\"%n", "\\u0000'; --"), 1U);
   EXPECT_EQ(login(nullptr, nullptr), 1U);
   EXPECT_THAT(store.requests().front(),
-              R"({"method":"CREATE","params":{"ipAddress":"192.0.2.17","password":"\\u0000'; --",)"
+              R"({"method":"CREATE","params":{"ipAddress":"127.0.0.1","password":"\\u0000'; --",)"
               R"("sessionType":"nevo","username":"\"},{\"x\":\"%n"},"resource":"adminSession"})");
 }
 

@@ -3,51 +3,47 @@
 
 #include "ZelClient.h"
 
-namespace
+#include <Wt/WMessageResourceBundle>
+
+class TestSession::Application : public Wt::WApplication, public StoreSession
 {
+public:
+  explicit Application(const Wt::WEnvironment &environment) : Wt::WApplication(environment) {}
+  ~Application() override { closeZelClient(); }
 
-TestSession *sCurrent = nullptr;
-
-} // namespace
-
-// These stand in for the ones that ask the web application, of which there is none here.
-StoreSession *StoreSession::current()
-{
-  return sCurrent;
-}
-
-std::string StoreSession::currentClientAddress()
-{
-  return sCurrent ? "192.0.2.17" : "";
-}
-
-TestSession::TestSession()
-{
-  sCurrent = this;
-}
-
-TestSession::~TestSession()
-{
-  closeZelClient();
-  sCurrent = nullptr;
-}
-
-ZelClient_s *TestSession::getZelClient()
-{
-  if (!ZelClient_isValid(client_)) {
-    ZelClient_close(client_);
-    client_ = ZelClient_new();
+  ZelClient_s *getZelClient() override
+  {
+    if (!ZelClient_isValid(client_)) {
+      ZelClient_close(client_);
+      client_ = ZelClient_new();
+    }
+    return client_;
   }
-  return client_;
-}
 
-void TestSession::closeZelClient()
+  void closeZelClient() override
+  {
+    ZelClient_close(client_);
+    client_ = nullptr;
+  }
+
+  unsigned int getIndexOfCurrentlyLoggedInUsr() override { return 7; }
+
+  bool hasOpenClient() const { return ZelClient_isValid(client_); }
+
+private:
+  ZelClient_s *client_ = nullptr;
+};
+
+TestSession::TestSession() : application_(std::make_unique<Application>(environment_)) {}
+
+TestSession::~TestSession() = default;
+
+void TestSession::useTexts()
 {
-  ZelClient_close(client_);
-  client_ = nullptr;
+  application_->messageResourceBundle().use(NEVO_SOURCE_DIR "/resources/msgs-general");
 }
 
 bool TestSession::hasOpenClient() const
 {
-  return ZelClient_isValid(client_);
+  return application_->hasOpenClient();
 }

@@ -4,23 +4,28 @@
 
 #include "StoreSession.h"
 
-// A session without a browser: while it lives, it is the current one.
-class TestSession : public StoreSession
+#include <Wt/Test/WTestEnvironment>
+#include <Wt/WApplication>
+#include <memory>
+
+// A session without a browser, whose application is the current one while it lives.
+class TestSession
 {
 public:
   TestSession();
-  ~TestSession() override;
+  ~TestSession();
   TestSession(const TestSession &) = delete;
   TestSession &operator=(const TestSession &) = delete;
 
-  ZelClient_s *getZelClient() override;
-  void closeZelClient() override;
-  unsigned int getIndexOfCurrentlyLoggedInUsr() override { return 7; }
-
+  // Shows the English texts from now on; until then, keys show as "??key??".
+  void useTexts();
   bool hasOpenClient() const;
 
 private:
-  ZelClient_s *client_ = nullptr;
+  class Application;
+
+  Wt::Test::WTestEnvironment environment_;
+  std::unique_ptr<Application> application_;
 };
 
 #endif

@@ -2,6 +2,7 @@
 #include <Wt/Test/WTestEnvironment>
 
 #include "session/Session.h"
+#include "session/TextSources.h"
 #include "testing/ManualScheduler.h"
 
 #include <Wt/WApplication>
@@ -18,6 +19,7 @@ struct WTestEnvironment::Host {
 WTestEnvironment::WTestEnvironment(const std::string &, const std::string &, EntryPointType)
     : host_(std::make_unique<Host>())
 {
+  Engine::installTextSources();
   Engine::Session::Origin origin;
   origin.entryPoint.path = "/";
   origin.publicId = "testwtd";

@@ -453,6 +453,9 @@ constexpr Parameter adminSessionRows[] = {
     text("ipAddress", 0, 64).with(kFixed),
     integer("userIndex", 0, anyNumber).with(kReadOnly),
     integer("sessionStartTime", 0, anyNumber).with(kReadOnly),
+    integer("client", 0, INT64_MAX)
+        .with(kReadOnly | kVolatile | kUncounted)
+        .that("the connection that logged in"),
 };
 
 constexpr Parameter userRows[] = {
@@ -585,7 +588,7 @@ const Resource catalogue[] = {
     counted(many("userSession", kGet | kCreate | kDelete, capacityOfDevices, userSessionRows,
                  "logins at receivers"),
             13),
-    counted(many("adminSession", kGet | kCreate | kDelete, 64, adminSessionRows, "logins of administrators"),
+    counted(many("adminSession", kGet | kCreate | kDelete, 512, adminSessionRows, "logins of administrators"),
             14),
     counted(many("user", kGet | kSet | kCreate | kDelete, 1024, userRows, "accounts"), 6),
     counted(

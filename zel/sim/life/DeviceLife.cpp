@@ -4,6 +4,7 @@
 #include "rules/Alerts.h"
 #include "rules/FactoryDefaults.h"
 #include "rules/GoDark.h"
+#include "rules/Management.h"
 #include "rules/Ports.h"
 #include "rules/Sessions.h"
 #include "rules/SettingsText.h"
@@ -122,6 +123,7 @@ void installPendingSettings(World &world)
     return;
   world.store.setText("systemGlobals", 0, "pendingSettings", "");
   installSettings(world, text);
+  followManagedSetting(world);
 }
 
 void becomeReady(World &world, const Device &device)

@@ -5,6 +5,7 @@
 #include "life/DeviceLife.h"
 #include "life/Events.h"
 #include "life/UpgradeLife.h"
+#include "rules/AdminSessions.h"
 #include "rules/Management.h"
 #include "rules/Ports.h"
 
@@ -52,6 +53,8 @@ void startStory(World &world)
   resumeDevices(world);
   resumeUpdates(world);
   followManagedSetting(world);
+  endSessionsOfClient(world, 0);
+  world.clientGone = [&world](std::uint64_t client) { endSessionsOfClient(world, client); };
   setLiveliness(world, world.settings.liveliness);
 }
 

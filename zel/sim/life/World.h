@@ -7,6 +7,7 @@
 #include "rules/Rule.h"
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 
@@ -35,6 +36,8 @@ struct World {
   // For life: the same seed gives the same numbers. Never for secrets.
   std::mt19937_64 random;
   Story *story = nullptr;   // what the life keeps for itself; the clock's actions own it
+  // Told by the server of every connection that has ended.
+  std::function<void(std::uint64_t client)> clientGone;
   Faults *faults = nullptr; // the server's, for a switch that restarts; null where there is no server
 
   World(Settings switchSettings, Store &records)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/Password.h"
+#include "rules/AdminSessions.h"
 #include "rules/Alerts.h"
 #include "rules/Device.h"
 #include "rules/RuleBook.h"
@@ -55,6 +56,7 @@ Problem beginSession(World &world, Call &call)
   const unsigned user = store.findText("user", "name", call.text("username"));
   store.setNumber("adminSession", call.index, "userIndex", user);
   store.setNumber("adminSession", call.index, "sessionStartTime", world.clock.now());
+  store.setNumber("adminSession", call.index, "client", static_cast<std::int64_t>(call.client));
   json_object_set_new(call.answer, "userIndex", json_integer(user));
   raiseAlert(world,
              alertOf(store.text("adminSession", call.index, "sessionType"), AlertKind::NevoAdminLogin,
@@ -72,7 +74,23 @@ Problem endSession(World &world, Call &call)
   return kOk;
 }
 
+// A page that was closed, or an interface that ended, logs nobody out. Its sessions go a while after its
+// connection: a connection that only broke down is made anew, and its person is still there.
+constexpr Clock::Milliseconds lingerTime = 10 * 60 * 1000;
+
 } // namespace
+
+void endSessionsOfClient(World &world, std::uint64_t client)
+{
+  const auto number = static_cast<std::int64_t>(client);
+  for (const unsigned session : world.store.indexes("adminSession"))
+    if (world.store.number("adminSession", session, "client") == number)
+      world.clock.after(lingerTime, [&world, session, number] {
+        if (world.store.exists("adminSession", session) &&
+            world.store.number("adminSession", session, "client") == number)
+          world.store.remove("adminSession", session);
+      });
+}
 
 void registerAdminRules(Rules &rules)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rules/MonitorData.h"
 
-#include <openssl/evp.h>
+#include "Base64.h"
 
 namespace zelsim
 {
@@ -11,18 +11,10 @@ namespace
 
 std::string encoded(const MonitorBlock &block)
 {
-  return base64Of(block.data(), block.size());
+  return zelwire::encodeBase64(block.data(), block.size());
 }
 
 } // namespace
-
-std::string base64Of(const unsigned char *bytes, std::size_t count)
-{
-  std::string text(4 * ((count + 2) / 3), '\0');
-  // One byte more is written than the text has: its terminator takes it.
-  EVP_EncodeBlock(reinterpret_cast<unsigned char *>(text.data()), bytes, static_cast<int>(count));
-  return text;
-}
 
 unsigned addMonitor(World &world, const std::string &name, const std::string &description,
                     const MonitorBlock &block, bool isProtected)

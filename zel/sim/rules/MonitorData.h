@@ -10,9 +10,6 @@
 namespace zelsim
 {
 
-// Bytes as the store keeps them.
-std::string base64Of(const unsigned char *bytes, std::size_t count);
-
 // Adds a record to the monitor library. Returns its index, or 0 if the library is full.
 unsigned addMonitor(World &world, const std::string &name, const std::string &description,
                     const MonitorBlock &block, bool isProtected);

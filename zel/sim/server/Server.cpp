@@ -131,7 +131,7 @@ void Server::turn(int ready)
   std::vector<std::uint64_t> leftOver;
   leftOver.swap(backlog_);
   for (std::uint64_t id : leftOver)
-    if (auto entry = peers_.find(id); entry != peers_.end())
+    if (auto entry = peers_.find(id); entry != peers_.end() && entry->second.peer->wantsToRead())
       serve(*entry->second.peer);
   for (int i = 0; i < ready; ++i) {
     epoll_event event;
@@ -151,7 +151,7 @@ void Server::turn(int ready)
     Peer &peer = *entry->second.peer;
     if ((event.events & EPOLLOUT) != 0) {
       flush(peer);
-    } else if ((event.events & EPOLLIN) != 0 && peer.wantsToRead()) {
+    } else if ((event.events & EPOLLIN) != 0 && peer.wantsToRead() && !peer.hasWholeFrame()) {
       if (peer.read())
         serve(peer);
       else
@@ -200,7 +200,8 @@ void Server::serve(Peer &peer)
   }
   if (peer.hasHeld() && !hadHeld)
     touched_.push_back(peer.id());
-  if (!peer.isFinishing() && peer.hasWholeFrame())
+  // With answers on their way, flush() is where it goes on.
+  if (!peer.hasHeld() && !peer.isFinishing() && peer.hasWholeFrame())
     backlog_.push_back(peer.id());
 }
 
@@ -308,10 +309,13 @@ void Server::sendDue()
 void Server::flush(Peer &peer)
 {
   std::uint64_t id = peer.id();
-  if (!peer.flush(now_))
+  if (!peer.flush(now_)) {
     drop(id);
-  else
-    setInterest(peers_[id]);
+    return;
+  }
+  setInterest(peers_[id]);
+  if (peer.wantsToRead() && peer.hasWholeFrame())
+    backlog_.push_back(id);
 }
 
 void Server::setInterest(Entry &entry)
@@ -363,6 +367,8 @@ void Server::dropStalled()
 void Server::drop(std::uint64_t id)
 {
   peers_.erase(id);
+  if (world_.clientGone)
+    world_.clientGone(id);
 }
 
 } // namespace zelsim

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "StoreTest.h"
+#include "ZelReq.h"
+#include "ZelRspUtil.h"
+#include "rules/Form.h"
+
+#include <fstream>
+#include <set>
+
+namespace
+{
+
+class Lab : public StoreTest
+{
+};
+
+TEST_F(Lab, HasSwitchesReceiversTransmittersAndPeople)
+{
+  EXPECT_EQ(3u, rows("swx"));
+  EXPECT_EQ(16u, rows("rx"));
+  EXPECT_EQ(16u, rows("tx"));
+  EXPECT_EQ(10u, rows("user"));
+  EXPECT_GT(rows("userSession"), 3u);
+  EXPECT_GT(rows("connection"), 3u);
+  EXPECT_GT(rows("historicalAlerts"), rows("unacknowledgedAlerts"));
+}
+
+TEST_F(Lab, IsLedByThisSwitch)
+{
+  EXPECT_EQ("master", text("swx", 1, "mode"));
+  EXPECT_EQ("controller", text("swx", 1, "cascadeRole"));
+  EXPECT_EQ("ready", text("swx", 1, "status"));
+  EXPECT_EQ("non_managed", text("systemGlobals", 0, "managedSetting"));
+  EXPECT_EQ(text("swx", 1, "eid"), text("systemGlobals", 0, "masterSwitchEid"));
+}
+
+TEST_F(Lab, HasIconsOfEveryBrand)
+{
+  for (const std::string brand : {"unknown", "halden", "greyfen"})
+    for (const char *name : {"icon00.png", "icon16.png", "icon17.png", "icon24.png"}) {
+      std::ifstream file(store.iconDirectory() + "/" + brand + "/" + name, std::ios::binary);
+      char head[24] = {};
+      file.read(head, sizeof head);
+      const char expected[] = "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\x18\0\0\0\x18";
+      EXPECT_EQ(std::string(expected, 24), std::string(head, 24)) << brand << name;
+    }
+}
+
+TEST_F(Lab, KeepsAnIconThatWasReplaced)
+{
+  const std::string path = store.iconDirectory() + "/unknown/icon17.png";
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << "mine";
+  store.kill();
+  store.restart();
+  std::string content;
+  std::getline(std::ifstream(path), content);
+  EXPECT_EQ("mine", content);
+}
+
+class LargeFleet : public StoreTest
+{
+protected:
+  LargeFleet() : StoreTest(options()) {}
+  static TestStore::Options options()
+  {
+    TestStore::Options large;
+    large.fleet = 2500;
+    return large;
+  }
+
+  std::set<std::string> eids(json_t *response)
+  {
+    std::set<std::string> all;
+    for (unsigned i = 0; response && i < static_cast<unsigned>(ZelRspUtil_numEntries(response)); ++i)
+      all.insert(ZelRspUtil_getIndexedStringParam(response, i, "eid"));
+    if (response)
+      ZelRspUtil_free(response);
+    return all;
+  }
+};
+
+TEST_F(LargeFleet, HasFiveThousandDevicesWithEidsOfTheirOwn)
+{
+  std::set<std::string> all = eids(ZelReq_rxRetrieve(client, "[\"index\",\"eid\",\"name\"]"));
+  EXPECT_EQ(2500u, all.size());
+  all.merge(eids(ZelReq_txRetrieve(client, "[\"index\",\"eid\",\"name\"]")));
+  EXPECT_EQ(5000u, all.size());
+  all.merge(eids(ZelReq_swxRetrieve(client, "[\"index\",\"eid\",\"name\"]")));
+  EXPECT_EQ(5025u, all.size());
+  for (const std::string &eid : all)
+    EXPECT_TRUE(!eid.empty() && zelsim::hasForm(eid, zelsim::Form::EidOrEmpty)) << eid;
+}
+
+TEST_F(LargeFleet, NeedsLittleMemory)
+{
+  std::ifstream status("/proc/" + std::to_string(store.pid()) + "/status");
+  std::string word;
+  unsigned long kilobytes = 0;
+  while (status >> word)
+    if (word == "VmRSS:")
+      status >> kilobytes;
+  EXPECT_GT(kilobytes, 0u);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+  EXPECT_LT(kilobytes, 60u * 1024);
+#endif
+}
+
+TEST_F(LargeFleet, ConnectsAcrossItsSwitches)
+{
+  ASSERT_EQ(0, logIn(3, 1));
+  EXPECT_EQ(0, connect(1, 2500, "private_mode"));
+}
+
+} // namespace
