@@ -188,6 +188,7 @@ function apply(list) {
     if (code === 'c' || code === 's') settle();
   }
   nameFields();
+  if (focusNext) giveFocus();
 }
 
 /// Starts the behaviours of elements that have come into the page.
@@ -267,13 +268,19 @@ function hide(el, hidden) {
 
 /// What was to have the focus last; a page that waits for its style sheet cannot give it yet.
 let focusWanted = null;
-commands.focus = el => {
-  focusWanted = el;
+/// What gets the focus once the present operations are done: until then a dialog that goes may still hold it.
+let focusNext = null;
+commands.focus = el => { focusWanted = focusNext = el; };
+
+function giveFocus() {
+  const el = focusNext;
+  focusNext = null;
   const quiet = !flushTimer;
   el.focus();
   // The server knows already.
   if (quiet && document.activeElement === el) focusTold = focusedId();
-};
+}
+
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 
