@@ -212,7 +212,10 @@ const pageCommands = {
     link.href = url;
     // Nothing flashes up without its style, but nothing waits for ever for a style that does not come either.
     root.classList.add('Wt-unstyled');
-    const styled = () => root.classList.remove('Wt-unstyled');
+    const styled = () => {
+      root.classList.remove('Wt-unstyled');
+      if (document.activeElement === document.body) focusWanted?.focus();
+    };
     link.onload = link.onerror = styled;
     setTimeout(styled, 4000);
     document.head.append(link);
@@ -262,7 +265,10 @@ function hide(el, hidden) {
   };
 }
 
+/// What was to have the focus last; a page that waits for its style sheet cannot give it yet.
+let focusWanted = null;
 commands.focus = el => {
+  focusWanted = el;
   const quiet = !flushTimer;
   el.focus();
   // The server knows already.
@@ -1028,15 +1034,18 @@ behaviours.split = {
   attach(el, axis) {
     const vertical = axis === 'y';
     const side = vertical ? 'height' : 'width';
+    const told = size => el.setAttribute('aria-valuenow', Math.round(size));
     const resize = (targets, sizes, by) => targets.forEach((target, i) => {
-      const size = Math.max(leastSize, sizes[i] + by) + 'px';
-      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = '0 0 ' + size;
-      else target.style[side] = size;
+      const size = Math.max(leastSize, sizes[i] + by);
+      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = `0 0 ${size}px`;
+      else target.style[side] = size + 'px';
+      told(size);
     });
     const start = () => {
       const targets = resizedBy(el, vertical).filter(Boolean);
       return [targets, targets.map(target => target.getBoundingClientRect()[side])];
     };
+    told(start()[1][0] ?? 0);
     el.onpointerdown = e => {
       const [targets, sizes] = start();
       el.classList.add(vertical ? 'Wt-vsh2' : 'Wt-hsh2');
