@@ -11,6 +11,7 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
+#include <functional>
 #include <sstream>
 
 namespace Wt {
@@ -302,6 +303,8 @@ void WDialog::coverPage()
     if (word != "Wt-disabled")
       classes += ' ' + word + "-cover";
   cover_ = new WContainerWidget();
+  // At the end of a session the page deletes the cover before the dialog.
+  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
   cover_->setStyleClass(WString::fromUTF8(classes));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }
