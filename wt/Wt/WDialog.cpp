@@ -11,6 +11,7 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
+#include <functional>
 #include <sstream>
 
 namespace Wt {
