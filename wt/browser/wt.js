@@ -188,7 +188,8 @@ function apply(list) {
     if (code === 'c' || code === 's') settle();
   }
   nameFields();
-  if (focusNext) giveFocus();
+  // What dialogs do about the focus when they come and go is done by then.
+  if (focusNext) queueMicrotask(giveFocus);
 }
 
 /// Starts the behaviours of elements that have come into the page.
@@ -275,6 +276,7 @@ commands.focus = el => { focusWanted = focusNext = el; };
 function giveFocus() {
   const el = focusNext;
   focusNext = null;
+  if (!el?.isConnected) return;
   const quiet = !flushTimer;
   el.focus();
   // The server knows already.
