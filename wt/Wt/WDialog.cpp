@@ -11,6 +11,7 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
+#include <functional>
 #include <sstream>
 
 namespace Wt {
@@ -303,6 +304,8 @@ void WDialog::coverPage()
       classes += ' ' + word + "-cover";
   cover_ = new WContainerWidget();
   cover_->setStyleClass(WString::fromUTF8(classes));
+  // When the page goes as a whole, the cover goes before the dialog.
+  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }
 
