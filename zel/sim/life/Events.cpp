@@ -25,12 +25,35 @@ unsigned anyRecord(World &world, const char *resource)
   return anyOf(world, world.store.indexes(resource));
 }
 
+// A person who may not have one target takes another.
+constexpr int choicesOfTarget = 6;
+
+void connectStation(World &world, unsigned rx)
+{
+  const char *mode = drawn(world, 3) == 0 ? "private_mode" : "share_mode";
+  for (int i = 0; i < choicesOfTarget; ++i) {
+    const unsigned tx = anyRecord(world, "tx");
+    if (tx && connect(world, rx, tx, mode))
+      return;
+  }
+}
+
+Clock::Milliseconds firstLook(World &world)
+{
+  return static_cast<Clock::Milliseconds>(2000 + drawn(world, 10000));
+}
+
 void logSomebodyIn(World &world)
 {
   const unsigned user = anyRecord(world, "user"), rx = anyRecord(world, "rx");
   // Administrators sit at the interface, not at desks.
-  if (user && rx && world.store.text("user", user, "role") != "admin")
-    logIn(world, user, rx, false);
+  if (!user || !rx || world.store.text("user", user, "role") == "admin" || !logIn(world, user, rx, false))
+    return;
+  // Whoever sits down soon takes a target.
+  world.clock.after(firstLook(world), [&world, rx] {
+    if (world.store.findNumber("userSession", "rxIndex", rx) && !world.store.findNumber("connection", "rxIndex", rx))
+      connectStation(world, rx);
+  });
 }
 
 void logSomebodyOut(World &world)
@@ -43,10 +66,8 @@ void logSomebodyOut(World &world)
 
 void connectSomebody(World &world)
 {
-  const unsigned session = anyRecord(world, "userSession"), tx = anyRecord(world, "tx");
-  const char *mode = drawn(world, 3) == 0 ? "private_mode" : "share_mode";
-  if (session && tx)
-    connect(world, static_cast<unsigned>(world.store.number("userSession", session, "rxIndex")), tx, mode);
+  if (const unsigned session = anyRecord(world, "userSession"))
+    connectStation(world, static_cast<unsigned>(world.store.number("userSession", session, "rxIndex")));
 }
 
 void disconnectSomebody(World &world)
@@ -81,8 +102,8 @@ struct Turn {
 };
 
 constexpr Turn turns[] = {
-    {26, logSomebodyIn}, {10, logSomebodyOut}, {28, connectSomebody}, {12, disconnectSomebody},
-    {7, loseDevice},     {1, loseSwitch},      {6, haveFault},        {10, haveReport},
+    {26, logSomebodyIn}, {9, logSomebodyOut}, {30, connectSomebody}, {10, disconnectSomebody},
+    {4, loseDevice},     {1, loseSwitch},      {6, haveFault},        {10, haveReport},
 };
 
 constexpr unsigned totalWeight()
