@@ -314,6 +314,8 @@ void WDialog::coverPage()
       classes += ' ' + word + "-cover";
   cover_ = new Cover(*this);
   cover_->setStyleClass(WString::fromUTF8(classes));
+  // When the page goes as a whole, the cover goes before the dialog.
+  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }
 

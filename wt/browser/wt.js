@@ -943,10 +943,10 @@ document.addEventListener('keydown', e => {
 });
 
 function moveDialog(el, e) {
-  const inBar = e.target.closest('.titlebar');
-  if (!configOf(el, 'dialog').v || e.button !== 0 || !inBar || e.target.closest(focusable)) return;
+  const bar = e.target.closest('.titlebar');
+  if (!configOf(el, 'dialog').v || e.button !== 0 || !bar || bar.contains(e.target.closest(focusable))) return;
   const box = el.getBoundingClientRect();
-  followPointer(inBar, e, (dx, dy) => {
+  followPointer(bar, e, (dx, dy) => {
     const left = Math.min(Math.max(box.left + dx, 48 - box.width), innerWidth - 48);
     const top = Math.min(Math.max(box.top + dy, 0), innerHeight - 24);
     Object.assign(el.style, { left: left + 'px', top: top + 'px', right: 'auto', bottom: 'auto', margin: '0' });
