@@ -11,7 +11,6 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
-#include <functional>
 #include <sstream>
 
 namespace Wt {
@@ -121,6 +120,17 @@ protected:
 struct WDialog::Execution {
   bool running = true;
   bool alive = true;
+};
+
+/// Lies below a modal dialog. The page that holds both may delete it first.
+class WDialog::Cover : public WContainerWidget
+{
+public:
+  explicit Cover(WDialog &dialog) : dialog_(dialog) {}
+  ~Cover() override { dialog_.cover_ = nullptr; }
+
+private:
+  WDialog &dialog_;
 };
 
 WDialog::WDialog(WObject *parent) : WDialog(WString(), parent) {}
@@ -291,7 +301,6 @@ void WDialog::close()
   if (Engine::Session *session = Engine::Session::current())
     session->page().removeWindow(this);
   delete cover_;
-  cover_ = nullptr;
 }
 
 void WDialog::coverPage()
@@ -302,9 +311,7 @@ void WDialog::coverPage()
   while (own >> word)
     if (word != "Wt-disabled")
       classes += ' ' + word + "-cover";
-  cover_ = new WContainerWidget();
-  // At the end of a session the page deletes the cover before the dialog.
-  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
+  cover_ = new Cover(*this);
   cover_->setStyleClass(WString::fromUTF8(classes));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }

@@ -35,7 +35,7 @@ td,th{vertical-align:top;text-align:left}
 @layer wt{
 .Wt-loading{position:fixed;inset:0 0 auto;height:3px;z-index:1000;background:Highlight;opacity:0;animation:wt-loading .8s .3s infinite alternate}
 .Wt-offline{position:fixed;inset:0;z-index:1001;display:grid;place-items:center;background:#000a;color:#fff;font:18px sans-serif}
-.Wt-tooltip{position:fixed;z-index:1002;margin:0;max-width:360px;padding:4px 8px;border:1px solid;background:Canvas;color:CanvasText}
+.Wt-tooltip{position:fixed;pointer-events:none;z-index:1002;margin:0;max-width:360px;padding:4px 8px;border:1px solid;background:Canvas;color:CanvasText}
 }
 @keyframes wt-loading{from{opacity:.3}to{opacity:1}}
 `);
@@ -620,6 +620,7 @@ document.addEventListener('focusin', ({ target }) => {
   else if (of.title) showTip(of, [of.title]);
 });
 document.addEventListener('focusout', hideTip);
+document.addEventListener('input', hideTip); // what it said of the former text may be wrong by now
 document.addEventListener('keydown', e => { if (e.key === 'Escape') hideTip(); }, true);
 
 // ==== behaviours of form widgets, dialogs and tabs ================================================================
