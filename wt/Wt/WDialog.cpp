@@ -11,7 +11,6 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
-#include <functional>
 #include <sstream>
 
 namespace Wt {
