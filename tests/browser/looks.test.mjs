@@ -50,10 +50,8 @@ const screens = [
 
 /// Every picture of a screen has come, and none is missing.
 async function picturesLoaded(page) {
-  await page.waitForLoadState('networkidle');
-  const missing = await page.evaluate(() => [...document.images].filter(image => image.getClientRects().length && !image.naturalWidth)
-    .map(image => image.getAttribute('src')));
-  assert.deepEqual(missing, []);
+  await eventually(() => page.evaluate(() => [...document.images].filter(image => image.getClientRects().length && !image.naturalWidth)
+    .map(image => image.getAttribute('src'))), missing => missing.length === 0, 5000);
 }
 
 for (const [brand, title] of Object.entries(brands)) {

@@ -7,13 +7,18 @@ import { get } from 'node:https';
 import { createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { after, before, test } from 'node:test';
+import { after, afterEach, before, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
 import { freePort } from './ports.mjs';
 import { eventually } from './person.mjs';
 
 const command = fileURLToPath(new URL('../../run', import.meta.url));
 let state;
+const running = new Set();
+afterEach(async () => {
+  for (const it of running) it.child.kill('SIGTERM');
+  for (const it of running) await it.ended;
+});
 before(() => { state = mkdtempSync(join(tmpdir(), 'nevo-run-')); });
 after(() => rmSync(state, { recursive: true, force: true }));
 
@@ -22,7 +27,8 @@ function run(...args) {
   const child = spawn(command, args.map(String), { stdio: ['ignore', 'pipe', 'pipe'], env: { ...process.env, NEVO_STATE: state } });
   const it = { child, text: '' };
   for (const stream of [child.stdout, child.stderr]) stream.on('data', data => { it.text += data; });
-  it.ended = new Promise(resolve => child.once('exit', (status, signal) => resolve(status ?? signal)));
+  it.ended = new Promise(resolve => child.once('exit', (status, signal) => resolve(status ?? signal))).finally(() => running.delete(it));
+  running.add(it);
   return it;
 }
 
@@ -40,7 +46,7 @@ const lives = pid => {
 };
 
 const fetchStatus = (port, path) => new Promise((resolve, reject) => {
-  get({ host: 'localhost', port, path, rejectUnauthorized: false }, response => {
+  get({ host: '127.0.0.1', port, path, rejectUnauthorized: false }, response => {
     response.resume();
     resolve(response.statusCode);
   }).once('error', reject);

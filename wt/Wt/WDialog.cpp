@@ -122,6 +122,17 @@ struct WDialog::Execution {
   bool alive = true;
 };
 
+/// Lies below a modal dialog. The page that holds both may delete it first.
+class WDialog::Cover : public WContainerWidget
+{
+public:
+  explicit Cover(WDialog &dialog) : dialog_(dialog) {}
+  ~Cover() override { dialog_.cover_ = nullptr; }
+
+private:
+  WDialog &dialog_;
+};
+
 WDialog::WDialog(WObject *parent) : WDialog(WString(), parent) {}
 
 WDialog::WDialog(const WString &windowTitle, WObject *parent)
@@ -290,7 +301,6 @@ void WDialog::close()
   if (Engine::Session *session = Engine::Session::current())
     session->page().removeWindow(this);
   delete cover_;
-  cover_ = nullptr;
 }
 
 void WDialog::coverPage()
@@ -301,8 +311,10 @@ void WDialog::coverPage()
   while (own >> word)
     if (word != "Wt-disabled")
       classes += ' ' + word + "-cover";
-  cover_ = new WContainerWidget();
+  cover_ = new Cover(*this);
   cover_->setStyleClass(WString::fromUTF8(classes));
+  // When the page goes as a whole, the cover goes before the dialog.
+  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }
 

@@ -66,6 +66,7 @@ private:
   class Frame;
   class CloseIcon;
   struct Execution;
+  class Cover;
 
   void open();
   void close();
@@ -78,7 +79,7 @@ private:
   WText *caption_;
   WContainerWidget *contents_;
   WContainerWidget *footer_ = nullptr;
-  WContainerWidget *cover_ = nullptr;
+  Cover *cover_ = nullptr;
   CloseIcon *closeIcon_ = nullptr;
   Execution *execution_ = nullptr; ///< on the stack of exec()
   DialogCode result_ = Rejected;

@@ -185,7 +185,9 @@ bool WServer::start()
     throw Exception("The server was started without a configuration.");
   WIOService &service = ioService();
   impl_->scheduler = std::make_unique<Engine::PoolScheduler>(service);
-  impl_->sessions = std::make_shared<Engine::SessionManager>(*impl_->scheduler, impl_->sessionConfig());
+  Engine::SessionConfig config = impl_->sessionConfig();
+  config.server = this;
+  impl_->sessions = std::make_shared<Engine::SessionManager>(*impl_->scheduler, std::move(config));
   for (const Engine::EntryPoint &entryPoint : impl_->entryPoints)
     impl_->sessions->addEntryPoint(entryPoint);
   auto http = std::make_unique<Net::HttpServer>(impl_->httpSettings(), *impl_->sessions);

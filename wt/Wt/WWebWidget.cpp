@@ -85,6 +85,12 @@ const char *verticalAlignText(AlignmentFlag alignment)
   }
 }
 
+/// Events that tell what the browser shows, and not what a user wants: they count for a disabled widget too.
+bool tellsOfLayout(const std::string &event)
+{
+  return event == "size" || event == "table:scroll";
+}
+
 /// Names of attributes that set an attribute and nothing else.
 bool plainAttributeName(const std::string &name)
 {
@@ -507,7 +513,7 @@ void WWebWidget::signalConnectionsChanged()
 
 void WWebWidget::domEvent(Dom::Element &at, const Engine::RawEvent &event)
 {
-  if (isEnabled() && Engine::Page::of(at).exposed(this))
+  if (tellsOfLayout(event.name) || (isEnabled() && Engine::Page::of(at).exposed(this)))
     handleDomEvent(at, event);
 }
 

@@ -35,7 +35,7 @@ td,th{vertical-align:top;text-align:left}
 @layer wt{
 .Wt-loading{position:fixed;inset:0 0 auto;height:3px;z-index:1000;background:Highlight;opacity:0;animation:wt-loading .8s .3s infinite alternate}
 .Wt-offline{position:fixed;inset:0;z-index:1001;display:grid;place-items:center;background:#000a;color:#fff;font:18px sans-serif}
-.Wt-tooltip{position:fixed;z-index:1002;margin:0;max-width:360px;padding:4px 8px;border:1px solid;background:Canvas;color:CanvasText}
+.Wt-tooltip{position:fixed;pointer-events:none;z-index:1002;margin:0;max-width:360px;padding:4px 8px;border:1px solid;background:Canvas;color:CanvasText}
 }
 @keyframes wt-loading{from{opacity:.3}to{opacity:1}}
 `);
@@ -188,6 +188,8 @@ function apply(list) {
     if (code === 'c' || code === 's') settle();
   }
   nameFields();
+  // What dialogs do about the focus when they come and go is done by then.
+  if (focusNext) queueMicrotask(giveFocus);
 }
 
 /// Starts the behaviours of elements that have come into the page.
@@ -212,7 +214,10 @@ const pageCommands = {
     link.href = url;
     // Nothing flashes up without its style, but nothing waits for ever for a style that does not come either.
     root.classList.add('Wt-unstyled');
-    const styled = () => root.classList.remove('Wt-unstyled');
+    const styled = () => {
+      root.classList.remove('Wt-unstyled');
+      if (document.activeElement === document.body) focusWanted?.focus();
+    };
     link.onload = link.onerror = styled;
     setTimeout(styled, 4000);
     document.head.append(link);
@@ -262,7 +267,22 @@ function hide(el, hidden) {
   };
 }
 
-commands.focus = el => el.focus();
+/// What was to have the focus last; a page that waits for its style sheet cannot give it yet.
+let focusWanted = null;
+/// What gets the focus once the present operations are done: until then a dialog that goes may still hold it.
+let focusNext = null;
+commands.focus = el => { focusWanted = focusNext = el; };
+
+function giveFocus() {
+  const el = focusNext;
+  focusNext = null;
+  if (!el?.isConnected) return;
+  const quiet = !flushTimer;
+  el.focus();
+  // The server knows already.
+  if (quiet && document.activeElement === el) focusTold = focusedId();
+}
+
 commands.blur = el => el.blur();
 commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 
@@ -609,6 +629,7 @@ document.addEventListener('focusin', ({ target }) => {
   else if (of.title) showTip(of, [of.title]);
 });
 document.addEventListener('focusout', hideTip);
+document.addEventListener('input', hideTip); // what it said of the former text may be wrong by now
 document.addEventListener('keydown', e => { if (e.key === 'Escape') hideTip(); }, true);
 
 // ==== behaviours of form widgets, dialogs and tabs ================================================================
@@ -922,10 +943,10 @@ document.addEventListener('keydown', e => {
 });
 
 function moveDialog(el, e) {
-  const inBar = e.target.closest('.titlebar');
-  if (!configOf(el, 'dialog').v || e.button !== 0 || !inBar || e.target.closest(focusable)) return;
+  const bar = e.target.closest('.titlebar');
+  if (!configOf(el, 'dialog').v || e.button !== 0 || !bar || bar.contains(e.target.closest(focusable))) return;
   const box = el.getBoundingClientRect();
-  followPointer(inBar, e, (dx, dy) => {
+  followPointer(bar, e, (dx, dy) => {
     const left = Math.min(Math.max(box.left + dx, 48 - box.width), innerWidth - 48);
     const top = Math.min(Math.max(box.top + dy, 0), innerHeight - 24);
     Object.assign(el.style, { left: left + 'px', top: top + 'px', right: 'auto', bottom: 'auto', margin: '0' });
@@ -1023,15 +1044,18 @@ behaviours.split = {
   attach(el, axis) {
     const vertical = axis === 'y';
     const side = vertical ? 'height' : 'width';
+    const told = size => el.setAttribute('aria-valuenow', Math.round(size));
     const resize = (targets, sizes, by) => targets.forEach((target, i) => {
-      const size = Math.max(leastSize, sizes[i] + by) + 'px';
-      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = '0 0 ' + size;
-      else target.style[side] = size;
+      const size = Math.max(leastSize, sizes[i] + by);
+      if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = `0 0 ${size}px`;
+      else target.style[side] = size + 'px';
+      told(size);
     });
     const start = () => {
       const targets = resizedBy(el, vertical).filter(Boolean);
       return [targets, targets.map(target => target.getBoundingClientRect()[side])];
     };
+    told(start()[1][0] ?? 0);
     el.onpointerdown = e => {
       const [targets, sizes] = start();
       el.classList.add(vertical ? 'Wt-vsh2' : 'Wt-hsh2');

@@ -16,7 +16,7 @@ int main(int argc, char **argv)
   try {
     Wt::WServer server(argv[0], "");
     server.setServerConfiguration(argc, argv, "");
-    server.addEntryPoint(Wt::Application, createGallery, "", "");
+    server.addEntryPoint(Wt::Application, createGallery, "", "resources/themes/unknown/favicon.ico");
     if (server.start()) {
       std::printf("gallery at port %d\n", server.httpPort());
       std::fflush(stdout);

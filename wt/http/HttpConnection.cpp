@@ -586,7 +586,8 @@ void HttpConnection::sendResourceBytes(std::string bytes)
 void HttpConnection::finishAnswer()
 {
   const std::unique_ptr<Request> request = std::move(request_);
-  service_.accessLog.write(peer_.address, request->head.method, request->head.path, request->status,
+  const std::string &path = request->head.path;
+  service_.accessLog.write(peer_.address, request->head.method, path.empty() ? "-" : path, request->status,
                            request->sent);
   parser_.reset();
   if (request->keepAlive && !stopping_) {
@@ -636,7 +637,7 @@ void HttpConnection::shutDown()
     link_->shutDown();
   } else if (state_ == State::Idle || state_ == State::Head) {
     state_ = State::Closing;
-    channel_->closeAfterSending();
+    channel_->abort();
   } else if (request_) {
     request_->keepAlive = false;
   }

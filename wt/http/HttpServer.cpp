@@ -30,7 +30,7 @@ using asio::ip::tcp;
 
 constexpr std::chrono::seconds sweepInterval{1};
 constexpr std::chrono::milliseconds acceptPause{200};
-constexpr std::chrono::seconds farewell{1};
+constexpr std::chrono::milliseconds farewell{500};
 constexpr rlim_t wantedDescriptors = 8192;
 constexpr std::size_t descriptorsForOthers = 64;
 
@@ -133,9 +133,10 @@ bool HttpServer::Impl::openTls(std::string &error)
                                   [](const auto &endpoint) { return endpoint.tls; });
   if (!wanted)
     return true;
-  tls = TlsContext::create(settings.certificateChain, settings.privateKey, error);
-  if (!tls)
+  const auto fresh = TlsContext::create(settings.certificateChain, settings.privateKey, error);
+  if (!fresh)
     return false;
+  tls = fresh;
   // A browser that was told so never comes in the clear again, to any port of this host: only where nothing
   // here is served in the clear, at the usual port, under a certificate that others vouch for.
   service.strictTransport =
@@ -372,10 +373,11 @@ void HttpServer::stop()
     return;
   asio::post(impl_->context, [impl = impl_.get()] { impl->shutDown(); });
   impl_->thread.join();
+  // Whoever has not taken the farewell is cut off; what still waits for a socket then ends at once.
   for (const auto &entry : impl_->channels)
-    if (HttpConnection *connection = entry.second->connection())
-      connection->gone();
-  impl_->channels.clear();
+    entry.second->abort();
+  impl_->context.restart();
+  impl_->context.poll();
   impl_->listeners.clear();
 }
 

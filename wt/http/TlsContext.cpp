@@ -96,10 +96,10 @@ bool TlsContext::load(const std::string &certificateChain, const std::string &pr
   } else if (SSL_CTX_use_certificate_chain_file(context_, certificateChain.c_str()) != 1) {
     error = "The certificate \"" + certificateChain + "\" cannot be used: " + reason() + ".";
   } else if (SSL_CTX_use_PrivateKey_file(context_, privateKey.c_str(), SSL_FILETYPE_PEM) != 1) {
-    error = "The private key \"" + privateKey + "\" cannot be used: " + reason() + ".";
-  } else if (SSL_CTX_check_private_key(context_) != 1) {
-    error = "The private key \"" + privateKey + "\" does not belong to the certificate \"" +
-            certificateChain + "\".";
+    const bool stranger = ERR_GET_REASON(ERR_peek_last_error()) == X509_R_KEY_VALUES_MISMATCH;
+    error = "The private key \"" + privateKey + "\" " +
+            (stranger ? "does not belong to the certificate \"" + certificateChain + "\"."
+                      : "cannot be used: " + reason() + ".");
   } else {
     warnOfDates();
     return true;

@@ -103,6 +103,9 @@ bool Page::hasFocus(const WWebWidget &widget) const
 void Page::focusReported(Dom::Element::Id id)
 {
   focus_ = id;
+  // Who moves on takes the claim of a widget that was never shown away.
+  if (id != 0)
+    focusWanted_ = nullptr;
 }
 
 void Page::wantFocus(WWebWidget &widget)

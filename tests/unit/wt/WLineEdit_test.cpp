@@ -18,7 +18,7 @@ class EditPage
 public:
   explicit EditPage(const char *content = "")
       : page([this, content](WContainerWidget *root) {
-          edit = new WLineEdit(content, root);
+          edit = new WLineEdit(WString::fromUTF8(content), root);
           button = new WPushButton("Other", root);
           button->clicked().connect(std::bind([] {}));
         })

@@ -287,9 +287,30 @@ TEST(WWebWidget, isToldTheSizeThatTheBrowserGaveIt)
   EXPECT_TRUE(stage.page->size(node, 640, 480));
   EXPECT_EQ(640, aware->width_);
   EXPECT_EQ(480, aware->height_);
+  stage.change([&] { aware->disable(); });
+  stage.page->sendRaw("{\"n\":2,\"a\":1,\"e\":[[" + std::to_string(node->id) + ",\"size\",{\"a\":[320,200]}]]}");
+  EXPECT_EQ(320, aware->width_) << "a disabled widget has a size too";
+  stage.change([&] { aware->enable(); });
+}
+
+TEST(WWebWidget, ignoresSizesThatCannotBe)
+{
+  class Aware : public WContainerWidget
+  {
+  public:
+    explicit Aware(WContainerWidget *parent) : WContainerWidget(parent) { setLayoutSizeAware(true); }
+    int told_ = 0;
+
+  protected:
+    void layoutSizeChanged(int, int) override { ++told_; }
+  };
+  Aware *aware = nullptr;
+  Stage stage([&](WContainerWidget &root) { aware = new Aware(&root); });
+  Node *node = stage.page->page().findIf([](const Node &n) { return n.has("!size"); });
   stage.page->script(node, "size", "-1,5");
   stage.page->script(node, "size", "\"x\"");
-  EXPECT_EQ(640, aware->width_);
+  stage.page->script(node, "size", "");
+  EXPECT_EQ(0, aware->told_);
 }
 
 TEST(WContainerWidget, keepsTheOrderOfItsChildren)

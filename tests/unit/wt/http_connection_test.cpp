@@ -522,7 +522,7 @@ TEST_F(HttpConnectionTest, AStoppingServerSaysSo)
   EXPECT_THAT(page->heard(), StartsWith("\x88\x0a\x03\xe9stopping"));
   auto idle = connect();
   idle->connection->shutDown();
-  EXPECT_TRUE(idle->channel.closing);
+  EXPECT_TRUE(idle->channel.aborted);
 }
 
 // Resources

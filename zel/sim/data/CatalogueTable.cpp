@@ -125,7 +125,8 @@ constexpr Parameter keySettingRows[] = {
     list("osdShortCuts", 12, shortCutRows),
 };
 constexpr char keySettingsStandard[] =
-    R"({"osdHotKey":{"hotKey":"print_screen","customKeys":{"sequence":"AAA=","length":0}},"osdShortCuts":[]})";
+    R"({"osdHotKey":{"hotKey":"print_screen","customKeys":{"sequence":"AAA=","length":0}},)"
+    R"("osdShortCuts":[]})";
 
 constexpr Parameter portRows[] = {
     integer("portIndex", 1, 65535),

@@ -25,34 +25,62 @@ unsigned anyRecord(World &world, const char *resource)
   return anyOf(world, world.store.indexes(resource));
 }
 
+// Not everybody who is drawn can do what is asked of them; a few more are tried then.
+constexpr int tries = 6;
+
 void logSomebodyIn(World &world)
 {
-  const unsigned user = anyRecord(world, "user"), rx = anyRecord(world, "rx");
-  // Administrators sit at the interface, not at desks.
-  if (user && rx && world.store.text("user", user, "role") != "admin")
-    logIn(world, user, rx, false);
+  for (int i = 0; i < tries; ++i) {
+    const unsigned user = anyRecord(world, "user"), rx = anyRecord(world, "rx");
+    // Administrators sit at the interface, not at desks.
+    if (user && rx && world.store.text("user", user, "role") != "admin" && logIn(world, user, rx, false))
+      return;
+  }
+}
+
+// The more there are, the sooner one goes: true so often as `some` is to `all`.
+bool isLikely(World &world, const char *some, const char *all)
+{
+  const std::size_t whole = world.store.count(all);
+  return whole > 0 && drawn(world, whole) < world.store.count(some);
 }
 
 void logSomebodyOut(World &world)
 {
-  if (const unsigned session = anyRecord(world, "userSession")) {
-    endUserSession(world, session, Ending::Disconnected);
-    world.store.remove("userSession", session);
-  }
+  const unsigned session = isLikely(world, "userSession", "rx") ? anyRecord(world, "userSession") : 0;
+  if (!session)
+    return;
+  endUserSession(world, session, Ending::Disconnected);
+  world.store.remove("userSession", session);
 }
 
 void connectSomebody(World &world)
 {
-  const unsigned session = anyRecord(world, "userSession"), tx = anyRecord(world, "tx");
-  const char *mode = drawn(world, 3) == 0 ? "private_mode" : "share_mode";
-  if (session && tx)
-    connect(world, static_cast<unsigned>(world.store.number("userSession", session, "rxIndex")), tx, mode);
+  for (int i = 0; i < tries; ++i) {
+    const unsigned session = anyRecord(world, "userSession"), tx = anyRecord(world, "tx");
+    const char *mode = drawn(world, 3) == 0 ? "private_mode" : "share_mode";
+    const auto rx = static_cast<unsigned>(world.store.number("userSession", session, "rxIndex"));
+    if (session && tx && connect(world, rx, tx, mode))
+      return;
+  }
 }
 
 void disconnectSomebody(World &world)
 {
-  if (const unsigned connection = anyRecord(world, "connection"))
+  const unsigned connection =
+      isLikely(world, "connection", "userSession") ? anyRecord(world, "connection") : 0;
+  if (connection)
     disconnect(world, connection, Ending::Disconnected);
+}
+
+// Somebody goes through the list and acknowledges what was only for information, but for the latest.
+void tidyAlerts(World &world)
+{
+  constexpr std::size_t leftStanding = 12;
+  const std::vector<unsigned> alerts = world.store.indexes("unacknowledgedAlerts");
+  for (std::size_t i = 0; i + leftStanding < alerts.size(); ++i)
+    if (world.store.text("unacknowledgedAlerts", alerts[i], "severity") == "info" || i + 40 < alerts.size())
+      world.store.remove("unacknowledgedAlerts", alerts[i]);
 }
 
 Clock::Milliseconds absence(World &world)
@@ -81,8 +109,9 @@ struct Turn {
 };
 
 constexpr Turn turns[] = {
-    {26, logSomebodyIn}, {10, logSomebodyOut}, {28, connectSomebody}, {12, disconnectSomebody},
-    {7, loseDevice},     {1, loseSwitch},      {6, haveFault},        {10, haveReport},
+    {26, logSomebodyIn},      {10, logSomebodyOut}, {28, connectSomebody},
+    {12, disconnectSomebody}, {7, loseDevice},      {1, loseSwitch},
+    {6, haveFault},           {10, haveReport},     {1, tidyAlerts},
 };
 
 constexpr unsigned totalWeight()

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "rules/Ports.h"
 
+#include "data/JsonText.h"
+#include "rules/Connections.h"
+
 #include <map>
+#include <set>
+#include <string>
 
 namespace zelsim
 {
@@ -9,39 +14,60 @@ namespace zelsim
 namespace
 {
 
-using PortList = std::map<unsigned, Json>;
+// What hangs on a port.
+struct Port {
+  unsigned remotePort = 0;
+  const char *type = "none";
+  std::string eid;
+  const char *state = "no_device";
+};
 
-Json portRow(unsigned port, unsigned remotePort, const char *type, const std::string &eid, const char *state)
-{
-  return Json(json_pack("{s:i,s:i,s:s,s:s,s:s}", "portIndex", static_cast<int>(port), "remotePort",
-                        static_cast<int>(remotePort), "deviceType", type, "eid", eid.c_str(), "portState",
-                        state));
-}
+// By port number.
+using PortList = std::map<unsigned, Port>;
 
-const char *portState(const World &world, const Device &device)
+std::string textOf(const PortList &ports)
 {
-  if (deviceText(world, device, "upgradeStatus") == "upgrading")
-    return "upgrading";
-  const char *key = device.isReceiver() ? "rxIndex" : "txIndex";
-  return world.store.findNumber("connection", key, device.index) ? "in_use" : "idle";
+  std::string text = "[";
+  for (const auto &[number, port] : ports) {
+    if (text.size() > 1)
+      text += ',';
+    text += "{\"portIndex\":" + std::to_string(number) +
+            ",\"remotePort\":" + std::to_string(port.remotePort) + ",\"deviceType\":\"" + port.type +
+            "\",\"eid\":";
+    appendJsonText(text, port.eid);
+    text += std::string(",\"portState\":\"") + port.state + "\"}";
+  }
+  return text + ']';
 }
 
 // The devices of one kind whose place is on the switch. Goes by position, since all devices are looked at.
-void addAttached(const World &world, const DeviceKind &kind, unsigned swxIndex, PortList &ports)
+void addAttached(const World &world, const DeviceKind &kind, const std::set<unsigned> &connected,
+                 unsigned swxIndex, PortList &ports)
 {
   const Resource &resource = *findResource(kind.resource);
-  const int swxAt = resource.position("attachedSwx");
-  const int portAt = resource.position("attachedPort");
-  for (const auto &entry : world.store.records(resource)) {
-    const Value *swx = world.store.value(resource, entry.first, swxAt);
-    if (!swx || swx->number() != swxIndex)
+  const int swxAt = resource.position("attachedSwx"), portAt = resource.position("attachedPort");
+  const int statusAt = resource.position("status"), eidAt = resource.position("eid");
+  const int upgradeAt = resource.position("upgradeStatus");
+  for (const auto &[index, record] : world.store.records(resource)) {
+    if (world.store.value(resource, record, swxAt).number() != swxIndex ||
+        world.store.value(resource, record, statusAt).text() == "offline")
       continue;
-    const Device device = {&kind, entry.first};
-    const auto port = static_cast<unsigned>(world.store.value(resource, entry.first, portAt)->number());
-    if (deviceStatus(world, device) == "offline")
-      continue;
-    ports[port] = portRow(port, 1, kind.resource, deviceEid(world, device), portState(world, device));
+    const bool upgrading = world.store.value(resource, record, upgradeAt).text() == "upgrading";
+    const char *state = upgrading ? "upgrading" : connected.count(index) != 0 ? "in_use" : "idle";
+    ports[static_cast<unsigned>(world.store.value(resource, record, portAt).number())] = {
+        1, kind.resource, std::string(world.store.value(resource, record, eidAt).text()), state};
   }
+}
+
+void addDevices(const World &world, unsigned swxIndex, PortList &ports)
+{
+  std::set<unsigned> rx, tx;
+  for (const Connection &connection : connectionsOf(world)) {
+    rx.insert(connection.rx);
+    tx.insert(connection.tx);
+  }
+  addAttached(world, receivers, rx, swxIndex, ports);
+  addAttached(world, transmitters, tx, swxIndex, ports);
 }
 
 // The links between this switch and its slaves lie behind the ports for devices.
@@ -58,9 +84,9 @@ void addLinks(const World &world, unsigned swxIndex, PortList &ports)
     for (unsigned link = 1; up && link <= linksPerSlave; ++link) {
       const unsigned here = ownPorts + first + link, there = slavePorts + link;
       if (swxIndex == 1)
-        ports[here] = portRow(here, there, "swx", world.store.text("swx", slave, "eid"), "idle");
+        ports[here] = {there, "swx", world.store.text("swx", slave, "eid"), "idle"};
       else if (swxIndex == slave)
-        ports[there] = portRow(there, here, "swx", ownEid(world), "idle");
+        ports[there] = {here, "swx", ownEid(world), "idle"};
     }
   }
 }
@@ -75,15 +101,12 @@ void refreshPorts(World &world, unsigned swxIndex)
   if (world.store.exists("swx", swxIndex) && world.store.text("swx", swxIndex, "status") != "offline") {
     const auto count = static_cast<unsigned>(world.store.number("swx", swxIndex, "portCount"));
     for (unsigned port = 1; port <= count; ++port)
-      ports[port] = portRow(port, 0, "none", "", "no_device");
-    addAttached(world, receivers, swxIndex, ports);
-    addAttached(world, transmitters, swxIndex, ports);
+      ports[port] = {};
+    addDevices(world, swxIndex, ports);
     addLinks(world, swxIndex, ports);
   }
-  const Json list(json_array());
-  for (auto &entry : ports)
-    json_array_append(list.get(), entry.second.get());
-  world.store.setNested("portStatus", swxIndex, "ports", list.get());
+  const Resource &resource = *findResource("portStatus");
+  world.store.set(resource, swxIndex, resource.position("ports"), Value::nested(textOf(ports)));
 }
 
 void refreshPortsOf(World &world, const Device &device)

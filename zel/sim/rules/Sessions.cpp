@@ -2,6 +2,7 @@
 #include "rules/Sessions.h"
 
 #include "rules/Alerts.h"
+#include "rules/Connections.h"
 #include "rules/Ports.h"
 #include "rules/Topology.h"
 
@@ -38,12 +39,12 @@ bool hasRight(const World &world, unsigned userIndex, unsigned txIndex)
 Problem mayJoin(const World &world, unsigned txIndex, const std::string &mode)
 {
   unsigned sharers = 0;
-  for (const unsigned index : world.store.indexes("connection")) {
-    if (world.store.number("connection", index, "txIndex") != txIndex)
+  for (const Connection &connection : connectionsOf(world)) {
+    if (connection.tx != txIndex)
       continue;
     if (mode == privateMode)
       return kPrivateToConnectedTx;
-    if (world.store.text("connection", index, "mode") == privateMode)
+    if (connection.isPrivate)
       return kShareToPrivateTx;
     ++sharers;
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rules/Topology.h"
 
+#include "rules/Connections.h"
 #include "rules/Ports.h"
 
 namespace zelsim
@@ -9,18 +10,17 @@ namespace zelsim
 namespace
 {
 
-unsigned placeOf(const World &world, const char *resource, std::int64_t index)
+unsigned placeOf(const World &world, const char *resource, unsigned index)
 {
-  return static_cast<unsigned>(world.store.number(resource, static_cast<unsigned>(index), "attachedSwx"));
+  return static_cast<unsigned>(world.store.number(resource, index, "attachedSwx"));
 }
 
 // The links of a slave switch that sessions to other switches occupy.
 unsigned linksInUse(const World &world, unsigned swxIndex)
 {
   unsigned links = 0;
-  for (const unsigned connection : world.store.indexes("connection")) {
-    const unsigned rxSwx = placeOf(world, "rx", world.store.number("connection", connection, "rxIndex"));
-    const unsigned txSwx = placeOf(world, "tx", world.store.number("connection", connection, "txIndex"));
+  for (const Connection &connection : connectionsOf(world)) {
+    const unsigned rxSwx = placeOf(world, "rx", connection.rx), txSwx = placeOf(world, "tx", connection.tx);
     if (rxSwx != txSwx && (rxSwx == swxIndex || txSwx == swxIndex))
       ++links;
   }
