@@ -40,6 +40,12 @@ const int connectionRetries = 5;
 const unsigned int retryMilliseconds = 1000;
 const int noticeWidth = 250; ///< pixels
 
+void countOut()
+{
+  const int count = --sAppInstanceCount;
+  EventLog_write(4, 7, "NevoApplication", "In destructor. sAppInstanceCount = %d.", count);
+}
+
 /// Shows a notice without buttons for a while.
 void showNotice(const Wt::WString &title, const Wt::WString &message)
 {
@@ -61,13 +67,19 @@ NevoApplication::NevoApplication(const Wt::WEnvironment &env)
   EventLog_write(4, 7, "NevoApplication", "In constructor. sAppInstanceCount = %d.", count);
   initStringTranslation();
   initBrand();
-  initZel();
+  try {
+    initZel();
+  } catch (...) {
+    // The browser went away while the store was tried: this object never comes to be, nor its destructor to run.
+    countOut();
+    closeZelClient();
+    throw;
+  }
 }
 
 NevoApplication::~NevoApplication()
 {
-  const int count = --sAppInstanceCount;
-  EventLog_write(4, 7, "NevoApplication", "In destructor. sAppInstanceCount = %d.", count);
+  countOut();
   inactivityTimer.reset();
   modeChangeCheckTimer.reset();
   redirectCheckTimer.reset();

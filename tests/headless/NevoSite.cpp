@@ -69,6 +69,11 @@ Node *Visitor::button(const std::string &text) const
   return page().findIf([&](const Node &n) { return n.tag == "button" && n.text == text && n.visible(); });
 }
 
+Node *Visitor::link(const std::string &text) const
+{
+  return page().findIf([&](const Node &n) { return n.tag == "a" && n.allText() == text && n.visible(); });
+}
+
 bool Visitor::canPress(const std::string &text) const
 {
   const Node *found = button(text);

@@ -24,6 +24,8 @@ public:
   // The field that has this label; null if none shows.
   Node *field(const std::string &label) const { return byAttribute("aria-label", label); }
   Node *button(const std::string &text) const;
+  // The link that shows this text; null if none does.
+  Node *link(const std::string &text) const;
   bool canPress(const std::string &text) const;
   // The dialog that lies on top; null if there is none.
   Node *dialog() const;

@@ -95,11 +95,13 @@ TEST_F(WithoutStore, retryAfterTheStoreCameUpLeadsToTheLogin)
 TEST_F(WithoutStore, aPageThatIsClosedDuringTheRetriesEndsItsSession)
 {
   visitor_.advance(1500ms);
+  LogCapture log;
   visitor_.close();
   site_.scheduler.advance(60min);
   site_.manager->expireSessions();
   site_.scheduler.run();
   EXPECT_EQ(site_.manager->sessionCount(), 0U);
+  EXPECT_THAT(log.text(), HasSubstr("In destructor. sAppInstanceCount = 0."));
 }
 
 TEST(ConnectionDeathTest, resetTellsAPersonAndEndsTheProcessWithOne)

@@ -10,6 +10,7 @@
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 namespace
 {
@@ -256,7 +257,7 @@ TEST_F(PlainHttp, isLeftAtOnceForTheSameHostAndPort)
   visitor_.head.scheme = "http";
   visitor_.head.host = "switch.example:8080";
   visitor_.open();
-  EXPECT_EQ(visitor_.location(), "https://switch.example:8080/");
+  EXPECT_THAT(visitor_.location(), StartsWith("https://switch.example:8080/"));
 }
 
 TEST_F(PlainHttp, isLeftAgainEveryTwoSecondsWhilePeopleStay)
@@ -268,7 +269,7 @@ TEST_F(PlainHttp, isLeftAgainEveryTwoSecondsWhilePeopleStay)
     visitor_.advance(1999ms);
     EXPECT_EQ(visitor_.location(), "") << i;
     visitor_.advance(1ms);
-    EXPECT_EQ(visitor_.location(), "https://localhost/") << i;
+    EXPECT_THAT(visitor_.location(), StartsWith("https://localhost/")) << i;
   }
 }
 
@@ -280,7 +281,7 @@ TEST_F(PlainHttp, isLeftEveryFiveSecondsBySomebodyWhoIsLoggedIn)
   visitor_.advance(4999ms);
   EXPECT_EQ(visitor_.location(), "");
   visitor_.advance(1ms);
-  EXPECT_EQ(visitor_.location(), "https://localhost/");
+  EXPECT_THAT(visitor_.location(), StartsWith("https://localhost/"));
 }
 
 TEST_F(PlainHttp, isNoMatterOfASecurePage)
@@ -316,7 +317,7 @@ TEST_F(Header, linksToTheVendorAndToItsHelp)
   ASSERT_TRUE(home);
   EXPECT_EQ(home->get("target"), "_blank");
   EXPECT_EQ(home->get("title"), "Company web site");
-  Visitor::Node *help = visitor_.byText("Help");
+  Visitor::Node *help = visitor_.link("Help");
   ASSERT_TRUE(help);
   EXPECT_EQ(help->get("href"), "https://help.example.com/corvane-kvm/");
   EXPECT_EQ(help->get("target"), "_blank");
@@ -326,14 +327,15 @@ TEST_F(Header, linksToTheHelpThatTheSystemNames)
 {
   store_.setGlobal("nevoCustomHelpLink", "https://intranet.example/kvm?a=1&b=2");
   logIn();
-  EXPECT_EQ(visitor_.byText("Help")->get("href"), "https://intranet.example/kvm?a=1&b=2");
+  EXPECT_EQ(visitor_.link("Help")->get("href"), "https://intranet.example/kvm?a=1&b=2");
 }
 
 TEST_F(Header, runsNothingThatAHelpLinkHolds)
 {
   store_.setGlobal("nevoCustomHelpLink", "javascript:alert(1)");
   logIn();
-  EXPECT_EQ(visitor_.byText("Help")->get("href"), "");
+  ASSERT_TRUE(visitor_.link("Help"));
+  EXPECT_EQ(visitor_.link("Help")->get("href"), "");
 }
 
 TEST_F(Header, logsOut)
