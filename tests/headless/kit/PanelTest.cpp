@@ -213,15 +213,6 @@ TEST_F(AdaptivePanel, remembersOnlyClicksAsFolding)
   EXPECT_TRUE(contentShows());
 }
 
-TEST_F(AdaptivePanel, showsAMarkThatIsTrueAfterAClickOnIt)
-{
-  resize(50);
-  ASSERT_TRUE(visitor_.click(visitor_.byAttribute("src", kFoldedMark)));
-  EXPECT_EQ(markSaysOpen(), contentShows());
-  visitor_.click(visitor_.byAttribute("src", markSaysOpen() ? kOpenMark : kFoldedMark));
-  EXPECT_EQ(markSaysOpen(), contentShows());
-}
-
 TEST_F(AdaptivePanel, livesWithHostileSizes)
 {
   Visitor::Node *panel = visitor_.panel("Details");
