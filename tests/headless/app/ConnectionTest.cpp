@@ -81,6 +81,16 @@ TEST_F(WithoutStore, retryWhileTheStoreIsStillAwayRetriesFiveTimesAgain)
   }
 }
 
+TEST_F(WithoutStore, escapeRetriesRatherThanLeavingAnEmptyPage)
+{
+  waitOutTheRetries();
+  visitor_.event(visitor_.dialog(), "dialog:escape");
+  EXPECT_THAT(visitor_.dialogText(), HasSubstr(kRetrying));
+  SwitchScript store;
+  visitor_.advance(1s);
+  EXPECT_TRUE(visitor_.atLogin());
+}
+
 TEST_F(WithoutStore, retryAfterTheStoreCameUpLeadsToTheLogin)
 {
   waitOutTheRetries();
