@@ -16,7 +16,8 @@ using testing::HasSubstr;
 namespace
 {
 
-const char kRetrying[] = "Attempting to establish a connection with the internal database server. Please wait.";
+const char kRetrying[] =
+    "Attempting to establish a connection with the internal database server. Please wait.";
 const char kFailed[] = "Error communicating with the internal database server.";
 
 // A visitor while there is no store.

@@ -2,8 +2,8 @@
 #include "KitPage.h"
 #include "WLineEditPlus.h"
 
-#include <gmock/gmock.h>
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace std::chrono_literals;

@@ -7,7 +7,6 @@
 
 #include <Wt/WLink>
 #include <Wt/WText>
-
 #include <gtest/gtest.h>
 
 namespace
@@ -34,7 +33,8 @@ protected:
   bool contentShows() { return visitor_.shows("Content"); }
   bool markSaysOpen()
   {
-    EXPECT_NE(visitor_.byAttribute("src", kOpenMark) == nullptr, visitor_.byAttribute("src", kFoldedMark) == nullptr);
+    EXPECT_NE(visitor_.byAttribute("src", kOpenMark) == nullptr,
+              visitor_.byAttribute("src", kFoldedMark) == nullptr);
     return visitor_.byAttribute("src", kOpenMark) != nullptr;
   }
   void resize(int panelHeight) { visitor_.size(visitor_.panel("Details"), 800, panelHeight); }
