@@ -8,9 +8,7 @@
 #include <Wt/WEnvironment>
 #include <Wt/WIOService>
 #include <Wt/WServer>
-
 #include <boost/bind.hpp>
-
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
@@ -18,7 +16,8 @@
 
 char Main_docRoot[128];
 
-namespace {
+namespace
+{
 
 const int reaperMilliseconds = 10000;
 

@@ -2,18 +2,19 @@
 #ifndef APP_MAIN_H_
 #define APP_MAIN_H_
 
-namespace Wt {
+namespace Wt
+{
 class WApplication;
 class WEnvironment;
-}
+} // namespace Wt
 
 #include <boost/function.hpp>
 
 /// The document root as a NUL-terminated text. Written once, before the server starts.
 extern char Main_docRoot[128];
 
-/// Sets Main_docRoot from the command line's last "--docroot" that has a value in the same argument, else from
-/// WT_APP_ROOT, else to ".".
+/// Sets Main_docRoot from the command line's last "--docroot" that has a value in the same argument, else
+/// from WT_APP_ROOT, else to ".".
 void Main_findDocRoot(int argc, char *argv[]);
 
 /// The entry point's factory: one application object per browser session.

@@ -23,13 +23,13 @@
 #include <Wt/WMessageResourceBundle>
 #include <Wt/WPushButton>
 #include <Wt/WTimer>
-
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
-namespace {
+namespace
+{
 
 std::atomic<int> sAppInstanceCount(0);
 
@@ -70,7 +70,8 @@ NevoApplication::NevoApplication(const Wt::WEnvironment &env)
   try {
     initZel();
   } catch (...) {
-    // The browser went away while the store was tried: this object never comes to be, nor its destructor to run.
+    // The browser went away while the store was tried: this object never comes to be, nor its destructor to
+    // run.
     countOut();
     closeZelClient();
     throw;
@@ -128,8 +129,9 @@ bool NevoApplication::connectWithRetries(ZelClient_s *&client)
 {
   bool good = Db_db.getZelClient(client) == 0;
   for (int i = 0; i < connectionRetries && !good; ++i) {
-    showNotice(text("Retrying"), text("Attempting to establish a connection with the internal database server. "
-                                      "Please wait."));
+    showNotice(text("Retrying"),
+               text("Attempting to establish a connection with the internal database server. "
+                    "Please wait."));
     good = Db_db.getZelClient(client) == 0;
   }
   return good;
@@ -157,9 +159,9 @@ void NevoApplication::showConnectionError()
   closeZelClient();
   EventLog_write(4, 7, "initZel",
                  "Unable to set up a good connection with ZEL Server. Session limit may have been reached.");
-  connectionErrorMsgBox.reset(new WMsgBoxSimple(WMsgBoxSimple::MsgError, text("Error"),
-                                                text("Error communicating with the internal database server."),
-                                                text("Reset"), text("Retry")));
+  connectionErrorMsgBox.reset(new WMsgBoxSimple(
+      WMsgBoxSimple::MsgError, text("Error"), text("Error communicating with the internal database server."),
+      text("Reset"), text("Retry")));
   connectionErrorMsgBox->button1->clicked().connect(this, &NevoApplication::exitApplication);
   connectionErrorMsgBox->button2->clicked().connect(this, &NevoApplication::initZel);
   // Escape would leave an empty page otherwise.
@@ -208,8 +210,9 @@ bool NevoApplication::inactiveForTooLong()
 
 void NevoApplication::notify(const Wt::WEvent &event)
 {
-  // Events without a kind of their own never log anybody out: the last of them comes while the session is being
-  // destroyed, and a session that expires leaves no trace of a log out. A page always has timers that tick.
+  // Events without a kind of their own never log anybody out: the last of them comes while the session is
+  // being destroyed, and a session that expires leaves no trace of a log out. A page always has timers that
+  // tick.
   if (loggedIn && event.eventType() == Wt::UserEvent) {
     lastUserActivityTime = Clock_now();
   } else if (loggedIn && event.eventType() != Wt::OtherEvent && inactiveForTooLong()) {

@@ -5,18 +5,18 @@
 #include "StoreSession.h"
 
 #include <Wt/WApplication>
-
 #include <ctime>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 class WTabWidget;
 class WTable;
 class WText;
 class WTimer;
-}
+} // namespace Wt
 
 class WBannerDialog;
 class WDashView;
@@ -26,8 +26,8 @@ class WMsgBoxSimple;
 class WStandardHeader;
 
 /**
- * The object of one browser session: its connection to the store, the way in through the front door, the page with
- * its tabs, and the timers that watch the session. It keeps no data of the system.
+ * The object of one browser session: its connection to the store, the way in through the front door, the page
+ * with its tabs, and the timers that watch the session. It keeps no data of the system.
  *
  * A session connects to the store, waits at the front door (banner, login, first password), is logged in once
  * createUi() has run, and ends by restartWebApp() or by expiry.

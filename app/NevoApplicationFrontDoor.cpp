@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "NevoApplication.h"
-
 #include "Clock.h"
 #include "Db.h"
+#include "NevoApplication.h"
 #include "Security.h"
 #include "Text.h"
 #include "WBannerDialog.h"
@@ -16,10 +15,10 @@
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WTimer>
-
 #include <atomic>
 
-namespace {
+namespace
+{
 
 // The lockout belongs to the process: one person's failures lock the login for every browser.
 std::atomic<int> sLoginFailureCount(0);
@@ -96,7 +95,8 @@ void NevoApplication::loginButtonClickedHandler()
     return;
   }
   bool passwordIsInitialized = false;
-  if (Security_loginNevoUser(username.c_str(), password.c_str(), loggedInUserIndex, passwordIsInitialized) != 0) {
+  if (Security_loginNevoUser(username.c_str(), password.c_str(), loggedInUserIndex, passwordIsInitialized) !=
+      0) {
     if (++sLoginFailureCount > failuresBeforeLockout)
       sLoginLockoutTimeSec = Clock_now();
     showLoginFailure();
@@ -135,11 +135,12 @@ void NevoApplication::showLoginFailure()
 
 void NevoApplication::showLoginLockout()
 {
-  showFrontDoorNotice(loginLockoutMsgBox,
-                      new WMsgBoxSimple(WMsgBoxSimple::MsgWarning, text("Authentication lockout"),
-                                        text("There have been 5 successive login failures. You are locked out "
-                                             "for 5 minutes."),
-                                        text("Ok")));
+  showFrontDoorNotice(
+      loginLockoutMsgBox,
+      new WMsgBoxSimple(WMsgBoxSimple::MsgWarning, text("Authentication lockout"),
+                        text("There have been 5 successive login failures. You are locked out "
+                             "for 5 minutes."),
+                        text("Ok")));
   sLoginFailureCount = 0;
   loginLockoutMsgBox->show();
 }
@@ -147,19 +148,21 @@ void NevoApplication::showLoginLockout()
 void NevoApplication::forgotPasswordClickedHandler()
 {
   startInactivityTimer();
-  showFrontDoorNotice(forgotPasswordMsgBox,
-                      new WMsgBoxSimple(WMsgBoxSimple::MsgInfo, text("Forgot Password"),
-                                        text("Contact Technical Support for help resetting the administrator "
-                                             "password. To perform the reset, you will need physical access to "
-                                             "the serial port on this Switch."),
-                                        text("Ok")));
+  showFrontDoorNotice(
+      forgotPasswordMsgBox,
+      new WMsgBoxSimple(WMsgBoxSimple::MsgInfo, text("Forgot Password"),
+                        text("Contact Technical Support for help resetting the administrator "
+                             "password. To perform the reset, you will need physical access to "
+                             "the serial port on this Switch."),
+                        text("Ok")));
   forgotPasswordMsgBox->show();
 }
 
 void NevoApplication::showSetPassword(std::string username)
 {
   initPasswordDialog.reset(new WInitAdminPasswordDialog(username));
-  initPasswordDialog->setButton->clicked().connect(this, &NevoApplication::initPasswordDialogButtonClickedHandler);
+  initPasswordDialog->setButton->clicked().connect(this,
+                                                   &NevoApplication::initPasswordDialogButtonClickedHandler);
   for (Wt::WLineEdit *edit : {initPasswordDialog->password(), initPasswordDialog->confirmation()})
     edit->enterPressed().connect(this, &NevoApplication::initPasswordDialogButtonClickedHandler);
   initPasswordDialog->show();

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "NevoApplication.h"
-
 #include "Db.h"
+#include "NevoApplication.h"
 
 #include <Wt/WEnvironment>
 #include <Wt/WEvent>
 #include <Wt/WTimer>
 
-namespace {
+namespace
+{
 
 const int loginPageMilliseconds = 180000;
 const int redirectCheckMilliseconds = 2000;
@@ -55,7 +55,8 @@ void NevoApplication::stopRedirectCheckTimer()
 
 void NevoApplication::startModeChangeCheckTimer()
 {
-  startTimer(modeChangeCheckTimer, modeChangeCheckMilliseconds, &NevoApplication::modeChangeCheckTimeoutHandler);
+  startTimer(modeChangeCheckTimer, modeChangeCheckMilliseconds,
+             &NevoApplication::modeChangeCheckTimeoutHandler);
 }
 
 void NevoApplication::stopModeChangeCheckTimer()

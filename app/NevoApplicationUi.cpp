@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "NevoApplication.h"
-
 #include "Attributes.h"
 #include "Clock.h"
 #include "Db.h"
 #include "EventLog.h"
+#include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
 #include "WStandardHeader.h"
@@ -16,7 +15,8 @@
 #include <Wt/WText>
 #include <Wt/WTimer>
 
-namespace {
+namespace
+{
 
 enum MainTab { DashTab };
 
@@ -119,9 +119,10 @@ void NevoApplication::createManagedUi()
 void NevoApplication::createSlaveUi()
 {
   beginPage();
-  mainTabWidget->addTab(notice(text("This switch is a slave in a cascade. Log in to the master switch to run the "
-                                    "system: this page does not offer the slave's own settings.")),
-                        text("Slave Switch Settings"), Wt::WTabWidget::LazyLoading);
+  mainTabWidget->addTab(
+      notice(text("This switch is a slave in a cascade. Log in to the master switch to run the "
+                  "system: this page does not offer the slave's own settings.")),
+      text("Slave Switch Settings"), Wt::WTabWidget::LazyLoading);
   endPage();
 }
 
@@ -134,6 +135,8 @@ void NevoApplication::mainTabChangedHandler()
     dashView->readFromDatabase();
     dashView->enableAutoRefresh();
     break;
-  default: EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index); break;
+  default:
+    EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
+    break;
   }
 }

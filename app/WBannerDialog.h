@@ -3,10 +3,10 @@
 #define APP_WBANNER_DIALOG_H_
 
 #include <Wt/WDialog>
-
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 class WPushButton;
 }
 

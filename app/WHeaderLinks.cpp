@@ -9,10 +9,10 @@
 #include <Wt/WEvent>
 #include <Wt/WTable>
 #include <Wt/WTableCell>
-
 #include <vector>
 
-namespace {
+namespace
+{
 
 /// The vendor's online help, where the system names no other.
 #ifndef NEVO_HELP_URL

@@ -4,10 +4,11 @@
 
 #include <Wt/WContainerWidget>
 
-namespace Wt {
+namespace Wt
+{
 class WAnchor;
 class WTable;
-}
+} // namespace Wt
 
 /// The links at the right of the page's header.
 class WHeaderLinks : public Wt::WContainerWidget

@@ -14,7 +14,8 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-namespace {
+namespace
+{
 
 const int passwordLimit = 20;
 const int fieldCharacters = 50;

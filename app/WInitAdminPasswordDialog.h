@@ -4,13 +4,13 @@
 
 #include <Wt/WDialog>
 #include <Wt/WString>
-
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 class WPushButton;
 class WTable;
-}
+} // namespace Wt
 
 class WLineEditPlus;
 

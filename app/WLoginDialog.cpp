@@ -15,7 +15,8 @@
 #include <Wt/WTableColumn>
 #include <Wt/WText>
 
-namespace {
+namespace
+{
 
 const int fieldCharacters = 30;
 const int fieldLimit = 60;
@@ -30,8 +31,8 @@ WLoginDialog::WLoginDialog()
   resize(Wt::WLength(721), Wt::WLength(475));
 
   Wt::WTable *outer = new Wt::WTable(contents());
-  Wt::WImage *picture = new Wt::WImage(Wt::WLink(NevoPath_themeBase() + "login-banner.png"), text("Corvane KVM"),
-                                       outer->elementAt(0, 0));
+  Wt::WImage *picture = new Wt::WImage(Wt::WLink(NevoPath_themeBase() + "login-banner.png"),
+                                       text("Corvane KVM"), outer->elementAt(0, 0));
   picture->setWidth(Wt::WLength(700));
 
   Wt::WTable *inner = new Wt::WTable(outer->elementAt(1, 0));

@@ -5,13 +5,14 @@
 #include <Wt/WDialog>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WAnchor;
 class WContainerWidget;
 class WLineEdit;
 class WPushButton;
 class WTable;
-}
+} // namespace Wt
 
 /// The login: name, password and the way out for who has forgotten it. It wires nothing by itself.
 class WLoginDialog : public Wt::WDialog

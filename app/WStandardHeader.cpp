@@ -12,10 +12,10 @@
 #include <Wt/WTable>
 #include <Wt/WTableCell>
 #include <Wt/WText>
-
 #include <vector>
 
-namespace {
+namespace
+{
 
 const unsigned int thisSwitch = 1;
 const int allFreeRoom = 2000; ///< pixels, more than a page is wide
@@ -45,8 +45,8 @@ WStandardHeader::WStandardHeader(std::string userName, Wt::WContainerWidget *par
   Wt::WAnchor *home = new Wt::WAnchor(left);
   home->setLink(Wt::WLink(website));
   home->setTarget(Wt::TargetNewWindow);
-  home->setImage(new Wt::WImage(Wt::WLink(NevoPath_themeBase() + "logo-primary-page-header.png"),
-                                text("Corvane KVM")));
+  home->setImage(
+      new Wt::WImage(Wt::WLink(NevoPath_themeBase() + "logo-primary-page-header.png"), text("Corvane KVM")));
   if (!website.empty())
     home->setToolTip(text("Company web site"));
 

@@ -3,7 +3,6 @@
 #define APP_WSTANDARD_HEADER_H_
 
 #include <Wt/WContainerWidget>
-
 #include <string>
 
 /// The band across the top of every logged-in page: logos, who is logged in where, and the links.

@@ -4,7 +4,8 @@
 #include <Wt/WAbstractItemModel>
 #include <boost/any.hpp>
 
-namespace {
+namespace
+{
 
 const int frameAndScrollBar = 20; ///< pixels of a view's width that no column gets
 const int cellPadding = 7;        ///< pixels that each column takes beside its width

@@ -5,7 +5,6 @@
 #include <Wt/WLength>
 #include <Wt/WModelIndex>
 #include <Wt/WTableView>
-
 #include <cstdint>
 #include <vector>
 

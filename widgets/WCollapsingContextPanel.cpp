@@ -6,10 +6,11 @@
 #include <Wt/WEvent>
 #include <Wt/WVBoxLayout>
 
-namespace {
+namespace
+{
 
-const int foldedHeight = 24;   ///< pixels: the title alone
-const int smallestOpen = 90;   ///< pixels below which an adaptive panel shows its title only
+const int foldedHeight = 24; ///< pixels: the title alone
+const int smallestOpen = 90; ///< pixels below which an adaptive panel shows its title only
 const int fadeMilliseconds = 300;
 
 enum FoldState { Open = 0, Folded = 1 };

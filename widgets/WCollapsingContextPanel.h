@@ -7,10 +7,10 @@
 #include <Wt/WFlags>
 #include <Wt/WGlobal>
 #include <Wt/WString>
-
 #include <memory>
 
-namespace Wt {
+namespace Wt
+{
 class WVBoxLayout;
 }
 
@@ -19,9 +19,9 @@ class WCollapsingContextPanelTitleBar;
 /**
  * A titled panel that a click on its title folds down to the title.
  *
- * An adaptive panel also follows the height that its layout gives it, and folds itself where that is too small
- * to show anything. What the user folded by a click and what was folded for lack of room are told apart:
- * `collapsed` records only clicks.
+ * An adaptive panel also follows the height that its layout gives it, and folds itself where that is too
+ * small to show anything. What the user folded by a click and what was folded for lack of room are told
+ * apart: `collapsed` records only clicks.
  */
 class WCollapsingContextPanel : public Wt::WContainerWidget
 {

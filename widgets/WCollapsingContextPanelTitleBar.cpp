@@ -6,7 +6,8 @@
 #include <Wt/WIconPair>
 #include <Wt/WTable>
 
-namespace {
+namespace
+{
 
 const int titleHeight = 24; ///< pixels
 

@@ -7,7 +7,8 @@
 #include <Wt/WGlobal>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WVBoxLayout;
 }
 

@@ -5,7 +5,8 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-namespace {
+namespace
+{
 
 const int titleHeight = 24; ///< pixels
 

@@ -13,9 +13,12 @@ std::string WDialogTitle::severityIcon(int severity)
 {
   const std::string folder = NevoPath_themeBase();
   switch (severity) {
-  case 0: return folder + "event-severity-info.png";
-  case 1: return folder + "event-severity-warning.png";
-  default: return folder + "event-severity-error.png";
+  case 0:
+    return folder + "event-severity-info.png";
+  case 1:
+    return folder + "event-severity-warning.png";
+  default:
+    return folder + "event-severity-error.png";
   }
 }
 

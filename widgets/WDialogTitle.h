@@ -3,14 +3,14 @@
 #define WIDGETS_WDIALOG_TITLE_H_
 
 #include <Wt/WString>
-
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 class WDialog;
 class WImage;
 class WText;
-}
+} // namespace Wt
 
 /// The title line that all of the system's dialogs share: an icon of 16 pixels' height beside the title.
 struct WDialogTitle {

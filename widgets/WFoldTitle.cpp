@@ -8,7 +8,6 @@
 #include <Wt/WTableCell>
 #include <Wt/WTableRow>
 #include <Wt/WText>
-
 #include <string>
 
 WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon, const char *collapsedIcon,

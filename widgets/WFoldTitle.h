@@ -4,11 +4,12 @@
 
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WContainerWidget;
 class WIconPair;
 class WTable;
-}
+} // namespace Wt
 
 /// The inside of a title that folds what stands below it: a fold mark and the title's text.
 struct WFoldTitle {

@@ -3,7 +3,8 @@
 
 #include <Wt/WTimer>
 
-namespace {
+namespace
+{
 
 const int lookMilliseconds = 500;
 

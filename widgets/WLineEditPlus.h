@@ -5,11 +5,11 @@
 #include <Wt/WLineEdit>
 #include <Wt/WSignal>
 #include <Wt/WString>
-
 #include <memory>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 class WTimer;
 }
 

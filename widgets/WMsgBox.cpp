@@ -13,8 +13,8 @@
 #include <Wt/WTimer>
 
 WMsgBox::WMsgBox(MsgType type)
-    : msgType(type), icon(0), layoutTable(new Wt::WTable(contents())), buttonTable(0), checkBox(0), button1(0),
-      button2(0), button3(0), buttonClickedNumber(0)
+    : msgType(type), icon(0), layoutTable(new Wt::WTable(contents())), buttonTable(0), checkBox(0),
+      button1(0), button2(0), button3(0), buttonClickedNumber(0)
 {
   layoutTable->setMargin(Wt::WLength(12));
   Wt::WTableCell *buttonCell = layoutTable->elementAt(2, 0);

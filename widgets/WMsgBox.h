@@ -5,12 +5,13 @@
 #include <Wt/WDialog>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WCheckBox;
 class WImage;
 class WPushButton;
 class WTable;
-}
+} // namespace Wt
 
 /**
  * A confirmation or a notice, with up to three buttons and an optional check box. An object of local scope:

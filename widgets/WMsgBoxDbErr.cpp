@@ -12,18 +12,24 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-namespace {
+namespace
+{
 
 const int severityError = 2;
 
 Wt::WString heading(WMsgBoxDbErr::AccessType type)
 {
   switch (type) {
-  case WMsgBoxDbErr::AccessRead: return text("Error reading value(s).");
-  case WMsgBoxDbErr::AccessWrite: return text("Error writing value(s).");
-  case WMsgBoxDbErr::AccessCreate: return text("Error creating record(s).");
-  case WMsgBoxDbErr::AccessDelete: return text("Error deleting record(s).");
-  default: return text("Error performing operation.");
+  case WMsgBoxDbErr::AccessRead:
+    return text("Error reading value(s).");
+  case WMsgBoxDbErr::AccessWrite:
+    return text("Error writing value(s).");
+  case WMsgBoxDbErr::AccessCreate:
+    return text("Error creating record(s).");
+  case WMsgBoxDbErr::AccessDelete:
+    return text("Error deleting record(s).");
+  default:
+    return text("Error performing operation.");
   }
 }
 

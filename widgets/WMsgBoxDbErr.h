@@ -3,12 +3,11 @@
 #define WIDGETS_WMSG_BOX_DB_ERR_H_
 
 #include <Wt/WDialog>
-
 #include <string>
 #include <vector>
 
-/// The report of a failed store operation: what failed, then the store's own messages. Modal; built on the stack,
-/// run with exec() and destroyed.
+/// The report of a failed store operation: what failed, then the store's own messages. Modal; built on the
+/// stack, run with exec() and destroyed.
 class WMsgBoxDbErr : public Wt::WDialog
 {
 public:

@@ -9,7 +9,8 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-namespace {
+namespace
+{
 
 /// The text as it is now: later changes of the language do not touch it.
 Wt::WString resolved(const Wt::WString &text)

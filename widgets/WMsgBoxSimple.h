@@ -5,12 +5,13 @@
 #include <Wt/WDialog>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WPushButton;
 }
 
-/// A notice for the time before login, when no modal loop may hold the session. It wires nothing by itself: the
-/// caller connects the buttons and finished(), gives a button the focus and shows the box.
+/// A notice for the time before login, when no modal loop may hold the session. It wires nothing by itself:
+/// the caller connects the buttons and finished(), gives a button the focus and shows the box.
 class WMsgBoxSimple : public Wt::WDialog
 {
 public:

@@ -5,7 +5,8 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WTable;
 }
 

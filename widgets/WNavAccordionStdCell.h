@@ -7,7 +7,8 @@
 #include <Wt/WString>
 #include <Wt/WTable>
 
-namespace Wt {
+namespace Wt
+{
 class WLink;
 }
 

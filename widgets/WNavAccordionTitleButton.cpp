@@ -8,7 +8,8 @@
 #include <Wt/WEvent>
 #include <Wt/WIconPair>
 
-namespace {
+namespace
+{
 
 const int fadeMilliseconds = 300;
 

@@ -5,7 +5,8 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WIconPair;
 }
 
@@ -16,7 +17,8 @@ class WNavAccordionTitleButton : public Wt::WContainerWidget
 {
 public:
   /// `cell` is the body; it stays its owner's.
-  WNavAccordionTitleButton(const Wt::WString &title, WNavAccordionStdCell *cell, Wt::WContainerWidget *parent = 0);
+  WNavAccordionTitleButton(const Wt::WString &title, WNavAccordionStdCell *cell,
+                           Wt::WContainerWidget *parent = 0);
 
 private:
   void titleButtonClicked();

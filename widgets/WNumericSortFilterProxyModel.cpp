@@ -5,7 +5,6 @@
 
 #include <Wt/WModelIndex>
 #include <boost/any.hpp>
-
 #include <string>
 
 WNumericSortFilterProxyModel::WNumericSortFilterProxyModel(Wt::WObject *parent)

@@ -7,7 +7,8 @@
 
 #include <Wt/WStandardItemModel>
 
-WObjListContextPanel::WObjListContextPanel(const Wt::WString &title, int columnCount, Wt::WContainerWidget *parent)
+WObjListContextPanel::WObjListContextPanel(const Wt::WString &title, int columnCount,
+                                           Wt::WContainerWidget *parent)
     : WContextPanel(title, parent)
 {
   const WRecordList list = WRecordList::build(columnCount, this);

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 class WStandardItemModel;
 }
 

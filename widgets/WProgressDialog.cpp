@@ -11,8 +11,8 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-WProgressDialog::WProgressDialog(const char *iconUrl, const Wt::WString &titleText, const Wt::WString &messageText,
-                                 const Wt::WString &buttonText)
+WProgressDialog::WProgressDialog(const char *iconUrl, const Wt::WString &titleText,
+                                 const Wt::WString &messageText, const Wt::WString &buttonText)
     : title(WDialogTitle::build(*this, iconUrl, titleText).text)
 {
   Wt::WTable *table = new Wt::WTable(contents());

@@ -5,11 +5,12 @@
 #include <Wt/WDialog>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 class WProgressBar;
 class WPushButton;
 class WText;
-}
+} // namespace Wt
 
 /// A dialog that tells of the progress of something that takes its time, with one button to end it.
 class WProgressDialog : public Wt::WDialog

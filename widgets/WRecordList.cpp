@@ -6,7 +6,6 @@
 
 #include <Wt/WStandardItemModel>
 #include <boost/any.hpp>
-
 #include <string>
 
 WRecordList WRecordList::build(int columnCount, Wt::WObject *owner)

@@ -12,10 +12,10 @@
 #include <Wt/WGridLayout>
 #include <Wt/WStandardItemModel>
 #include <Wt/WTimer>
-
 #include <vector>
 
-namespace {
+namespace
+{
 
 const int refreshMilliseconds = 5000;
 

@@ -3,18 +3,19 @@
 #define VIEWS_SESSIONS_WDASH_VIEW_H_
 
 #include <Wt/WContainerWidget>
-
 #include <memory>
 
-namespace Wt {
+namespace Wt
+{
 class WGridLayout;
 class WTimer;
-}
+} // namespace Wt
 
 class WDashViewEventList;
 class WDashViewSesList;
 
-/// The first page after login: the user sessions and the unacknowledged events, kept up to date while it shows.
+/// The first page after login: the user sessions and the unacknowledged events, kept up to date while it
+/// shows.
 class WDashView : public Wt::WContainerWidget
 {
 public:

@@ -11,7 +11,8 @@
 #include <Wt/WStandardItemModel>
 #include <boost/any.hpp>
 
-namespace {
+namespace
+{
 
 enum Column { InstanceColumn, DateColumn, TypeColumn, OriginatorColumn, MessageColumn, ColumnCount };
 
@@ -34,7 +35,8 @@ std::string severityClass(const std::string &severity)
 std::string dateText(json_t *response, int row)
 {
   char buffer[64];
-  Convert_dateTimeStampToString(ZelRspUtil_getIndexedIntegerParam(response, row, "date"), buffer, sizeof buffer);
+  Convert_dateTimeStampToString(ZelRspUtil_getIndexedIntegerParam(response, row, "date"), buffer,
+                                sizeof buffer);
   return buffer;
 }
 
@@ -43,8 +45,8 @@ std::string dateText(json_t *response, int row)
 WDashViewEventList::WDashViewEventList(Wt::WContainerWidget *parent)
     : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, panelHeight, ColumnCount, parent)
 {
-  setColumns({"InstanceID", text("Date/Time").toUTF8(), text("Type").toUTF8(), text("Originator EID").toUTF8(),
-              text("Message").toUTF8()});
+  setColumns({"InstanceID", text("Date/Time").toUTF8(), text("Type").toUTF8(),
+              text("Originator EID").toUTF8(), text("Message").toUTF8()});
   tableView->setAttributeValue("data-empty", text("There are no unacknowledged events."));
 }
 
@@ -73,9 +75,11 @@ void WDashViewEventList::readFromDatabase()
     std::string severity = rowText(alerts.get(), row, "severity");
     model->setData(row, InstanceColumn, boost::any(instance), Wt::EditRole);
     model->setData(row, DateColumn, boost::any(dateText(alerts.get(), row)), Wt::EditRole);
-    model->setData(row, TypeColumn, boost::any(Convert_alertSeverityDbStringToUiString(severity)), Wt::EditRole);
+    model->setData(row, TypeColumn, boost::any(Convert_alertSeverityDbStringToUiString(severity)),
+                   Wt::EditRole);
     model->setData(row, TypeColumn, boost::any(severityClass(severity)), Wt::StyleClassRole);
-    model->setData(row, OriginatorColumn, boost::any(rowText(alerts.get(), row, "originatorEid")), Wt::EditRole);
+    model->setData(row, OriginatorColumn, boost::any(rowText(alerts.get(), row, "originatorEid")),
+                   Wt::EditRole);
     model->setData(row, MessageColumn, boost::any(rowText(alerts.get(), row, "alertMsg")), Wt::EditRole);
   }
   model->sort(InstanceColumn, Wt::DescendingOrder);

@@ -14,10 +14,10 @@
 
 #include <Wt/WStandardItemModel>
 #include <boost/any.hpp>
-
 #include <vector>
 
-namespace {
+namespace
+{
 
 enum Column {
   IndexColumn,
@@ -37,7 +37,8 @@ struct Connection {
   unsigned int start; ///< seconds since 1970
 };
 
-/// The receiver's first connection in a response, which may be null. Without one: no mode, and the given start.
+/// The receiver's first connection in a response, which may be null. Without one: no mode, and the given
+/// start.
 Connection connectionOf(json_t *connections, unsigned int rxIndex, unsigned int sessionStart)
 {
   const int count = connections ? ZelRspUtil_numEntries(connections) : 0;
@@ -75,8 +76,8 @@ void WDashViewSesList::readFromDatabase()
       ZelReq_userSessionRetrieve(client, "[\"index\",\"index\",\"rxIndex\",\"sessionStartTime\"]"));
   if (!sessions)
     return;
-  const ZelResponse connections(ZelReq_connectionRetrieve(
-      client, "[\"index\",\"rxIndex\",\"txIndex\",\"mode\",\"sessionStartTime\"]"));
+  const ZelResponse connections(
+      ZelReq_connectionRetrieve(client, "[\"index\",\"rxIndex\",\"txIndex\",\"mode\",\"sessionStartTime\"]"));
 
   const int count = ZelRspUtil_numEntries(sessions.get());
   if (count > 0)

@@ -6,7 +6,8 @@
 
 #include <jansson.h>
 
-/// The dashboard's list of user sessions: who works at which receiver with which transmitter, and for how long.
+/// The dashboard's list of user sessions: who works at which receiver with which transmitter, and for how
+/// long.
 class WDashViewSesList : public WCollapsingObjListContextPanel
 {
 public:
