@@ -162,6 +162,8 @@ void NevoApplication::showConnectionError()
                                                 text("Reset"), text("Retry")));
   connectionErrorMsgBox->button1->clicked().connect(this, &NevoApplication::exitApplication);
   connectionErrorMsgBox->button2->clicked().connect(this, &NevoApplication::initZel);
+  // Escape would leave an empty page otherwise.
+  connectionErrorMsgBox->finished().connect(this, &NevoApplication::initZel);
   connectionErrorMsgBox->button2->setFocus();
   connectionErrorMsgBox->show();
 }

@@ -19,10 +19,7 @@ public:
   void stateButtonSet(unsigned int state);
 
 private:
-  void showState();
-
   Wt::WIconPair *mark;
-  unsigned int state; ///< as it was set last
 };
 
 #endif // WIDGETS_WCOLLAPSING_CONTEXT_PANEL_TITLE_BAR_H_

@@ -2,7 +2,6 @@
 #include <Wt/WAbstractItemView>
 
 #include <Wt/WAbstractItemModel>
-#include <Wt/WSortFilterProxyModel>
 
 #include "view/TableElement.h"
 
@@ -37,7 +36,7 @@ void WAbstractItemView::setModel(WAbstractItemModel *model)
     connectModel();
     columns_.resize(model_->columnCount());
   }
-  element_->columnsChanged();
+  repaint();
 }
 
 void WAbstractItemView::connectModel()
@@ -50,7 +49,8 @@ void WAbstractItemView::connectModel()
                   model_->headerDataChanged().connect(this, &WAbstractItemView::repaint),
                   model_->layoutAboutToBeChanged().connect(this, &WAbstractItemView::layoutAboutToBeChanged),
                   model_->layoutChanged().connect(this, &WAbstractItemView::layoutChanged),
-                  model_->modelReset().connect(this, &WAbstractItemView::reset)};
+                  model_->modelReset().connect(this, &WAbstractItemView::reset),
+                  model_->destroyed().connect(this, &WAbstractItemView::modelGone)};
 }
 
 void WAbstractItemView::disconnectModel()
@@ -58,6 +58,16 @@ void WAbstractItemView::disconnectModel()
   for (Signals::connection &connection : connections_)
     connection.disconnect();
   connections_.clear();
+}
+
+/// The model is being deleted and must not be asked any more.
+void WAbstractItemView::modelGone()
+{
+  disconnectModel();
+  model_ = nullptr;
+  selection_.clear();
+  tracked_.clear();
+  repaint();
 }
 
 void WAbstractItemView::rowsInserted(WModelIndex, int first, int last)
@@ -85,37 +95,51 @@ void WAbstractItemView::columnsInserted(WModelIndex, int first, int last)
 {
   columns_.insert(columns_.begin() + std::min<std::size_t>(first, columns_.size()), last - first + 1, Column());
   columns_.resize(model_->columnCount());
-  element_->columnsChanged();
+  if (sortColumn_ >= first)
+    sortColumn_ += last - first + 1;
+  if (selectionBehavior_ == SelectItems)
+    for (Cell &cell : selection_)
+      if (cell.column >= first)
+        cell.column += last - first + 1;
+  repaint();
 }
 
 void WAbstractItemView::columnsRemoved(WModelIndex, int first, int last)
 {
+  if (sortColumn_ >= first)
+    sortColumn_ = sortColumn_ > last ? sortColumn_ - (last - first + 1) : -1;
+  if (selectionBehavior_ == SelectItems) {
+    selection_.erase(std::remove_if(selection_.begin(), selection_.end(),
+                                    [=](const Cell &cell) { return cell.column >= first && cell.column <= last; }),
+                     selection_.end());
+    for (Cell &cell : selection_)
+      if (cell.column > last)
+        cell.column -= last - first + 1;
+  } else if (model_->columnCount() == 0) {
+    selection_.clear();
+  }
   const auto size = static_cast<int>(columns_.size());
   columns_.erase(columns_.begin() + std::min(first, size), columns_.begin() + std::min(last + 1, size));
-  element_->columnsChanged();
+  repaint();
 }
 
 void WAbstractItemView::layoutAboutToBeChanged()
 {
-  trackedRows_.clear();
-  const WAbstractProxyModel *proxy = dynamic_cast<WAbstractProxyModel *>(model_);
-  for (const Cell &cell : selection_) {
-    const WModelIndex index = model_->index(cell.row, cell.column);
-    trackedRows_.push_back(proxy ? proxy->mapToSource(index) : index);
-  }
+  tracked_.clear();
+  for (const Cell &cell : selection_)
+    tracked_.push_back(model_->toRawIndex(model_->index(cell.row, cell.column)));
 }
 
+/// The selection follows its cells; those that are no longer there, or that the model cannot name, are forgotten.
 void WAbstractItemView::layoutChanged()
 {
-  if (const WAbstractProxyModel *proxy = dynamic_cast<WAbstractProxyModel *>(model_)) {
-    selection_.clear();
-    for (const WModelIndex &source : trackedRows_) {
-      const WModelIndex index = proxy->mapFromSource(source);
-      if (index.isValid())
-        insertSelected(cellOf(index));
-    }
+  selection_.clear();
+  for (void *name : tracked_) {
+    const WModelIndex index = name ? model_->fromRawIndex(name) : WModelIndex();
+    if (index.isValid())
+      insertSelected(cellOf(index));
   }
-  trackedRows_.clear();
+  tracked_.clear();
   repaint();
 }
 
@@ -123,21 +147,27 @@ void WAbstractItemView::reset()
 {
   selection_.clear();
   columns_.resize(model_->columnCount());
-  element_->columnsChanged();
+  repaint();
 }
 
 // --- selection
 
 void WAbstractItemView::setSelectionMode(SelectionMode mode)
 {
+  if (mode == selectionMode_)
+    return;
   selectionMode_ = mode;
-  clearSelection();
+  selection_.clear();
+  repaint();
 }
 
 void WAbstractItemView::setSelectionBehavior(SelectionBehavior behavior)
 {
+  if (behavior == selectionBehavior_)
+    return;
   selectionBehavior_ = behavior;
-  clearSelection();
+  selection_.clear();
+  repaint();
 }
 
 WAbstractItemView::Cell WAbstractItemView::cellOf(const WModelIndex &index) const
@@ -203,7 +233,7 @@ WModelIndexSet WAbstractItemView::selectedIndexes() const
 
 void WAbstractItemView::select(const WModelIndex &index, SelectionFlag option)
 {
-  if (!index.isValid())
+  if (!index.isValid() || !model_)
     return;
   const Cell cell = cellOf(index);
   const bool selected = rowSelected(cell.row, cell.column);
@@ -286,6 +316,8 @@ void WAbstractItemView::setSortingEnabled(bool enabled)
 
 void WAbstractItemView::setSortingEnabled(int index, bool enabled)
 {
+  if (index < 0)
+    return;
   column(index).sortable = enabled;
   repaint();
 }
@@ -312,7 +344,7 @@ SortOrder WAbstractItemView::sortOrder() const
 
 void WAbstractItemView::userSortsBy(int index)
 {
-  if (!isSortingEnabled(index))
+  if (!model_ || index < 0 || index >= model_->columnCount() || !isSortingEnabled(index))
     return;
   SortOrder order = columnInfo(index).order;
   if (index == sortColumn_)
@@ -343,6 +375,8 @@ void WAbstractItemView::setColumnResizeEnabled(bool enabled)
 
 void WAbstractItemView::setColumnWidth(int index, const WLength &width)
 {
+  if (index < 0)
+    return;
   column(index).width = width;
   repaint();
 }
@@ -354,10 +388,10 @@ WLength WAbstractItemView::columnWidth(int index) const
 
 void WAbstractItemView::setColumnHidden(int index, bool hidden)
 {
-  if (columnInfo(index).hidden == hidden)
+  if (index < 0 || columnInfo(index).hidden == hidden)
     return;
   column(index).hidden = hidden;
-  element_->columnsChanged();
+  repaint();
 }
 
 bool WAbstractItemView::isColumnHidden(int index) const
@@ -367,8 +401,10 @@ bool WAbstractItemView::isColumnHidden(int index) const
 
 void WAbstractItemView::setColumnAlignment(int index, AlignmentFlag alignment)
 {
+  if (index < 0)
+    return;
   column(index).alignment = alignment;
-  element_->columnsChanged();
+  repaint();
 }
 
 AlignmentFlag WAbstractItemView::columnAlignment(int index) const
@@ -378,6 +414,8 @@ AlignmentFlag WAbstractItemView::columnAlignment(int index) const
 
 void WAbstractItemView::setHeaderAlignment(int index, WFlags<AlignmentFlag> alignment)
 {
+  if (index < 0)
+    return;
   column(index).headerAlignment = alignment;
   repaint();
 }

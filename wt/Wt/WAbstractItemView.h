@@ -115,6 +115,7 @@ private:
     bool operator==(const Cell &o) const { return row == o.row && column == o.column; }
   };
 
+  /// Makes the column if it is not there yet. The index may not be negative.
   Column &column(int index);
   const Column &columnInfo(int index) const;
   void repaint();
@@ -128,6 +129,7 @@ private:
   void layoutAboutToBeChanged();
   void layoutChanged();
   void reset();
+  void modelGone();
 
   bool selectable(int row, int column) const;
   Cell cellOf(const WModelIndex &index) const;
@@ -145,7 +147,7 @@ private:
   Engine::TableElement *element_;
   std::vector<Column> columns_;
   std::vector<Cell> selection_;         ///< sorted
-  std::vector<WModelIndex> trackedRows_; ///< of a proxy's source, while the model is being rearranged
+  std::vector<void *> tracked_;          ///< the model's names of the selected cells, while it is being rearranged
   std::vector<Signals::connection> connections_;
   WLength rowHeight_ = WLength(20);
   WLength headerHeight_ = WLength(20);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WAbstractToggleButton>
-
 #include "dom/Document.h"
 
-namespace Wt {
+#include <Wt/WAbstractToggleButton>
 
-namespace {
+namespace Wt
+{
+
+namespace
+{
 
 /// What ".checked" of the browser's input is called in each state.
 const char *const BrowserStates[] = {"0", "-", "1"};

@@ -4,9 +4,11 @@
 
 #include <Wt/WFormWidget>
 
-namespace Wt {
+namespace Wt
+{
 
-/// Base of what a user switches on and off. Signals are the user's doing only; the state is new when they come.
+/// Base of what a user switches on and off. Signals are the user's doing only; the state is new when they
+/// come.
 class WAbstractToggleButton : public WFormWidget
 {
 public:

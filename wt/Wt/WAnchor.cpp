@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WAnchor>
+#include "dom/Element.h"
 
+#include <Wt/WAnchor>
 #include <Wt/WImage>
 #include <Wt/WText>
 
-#include "dom/Element.h"
-
-namespace Wt {
+namespace Wt
+{
 
 WAnchor::WAnchor(WContainerWidget *parent) : WAnchor(WLink(), parent) {}
 

@@ -2,17 +2,19 @@
 #ifndef WT_WANCHOR_H_
 #define WT_WANCHOR_H_
 
+#include "../base/LinkWatch.h"
+
 #include <Wt/WContainerWidget>
 #include <Wt/WLink>
 
-#include "../base/LinkWatch.h"
-
-namespace Wt {
+namespace Wt
+{
 
 class WImage;
 class WText;
 
-/// A link to a URL or a resource. Without a link, or disabled, it leads nowhere; clicked() is emitted all the same.
+/// A link to a URL or a resource. Without a link, or disabled, it leads nowhere; clicked() is emitted all the
+/// same.
 class WAnchor : public WContainerWidget
 {
 public:

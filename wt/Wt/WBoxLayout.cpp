@@ -41,7 +41,10 @@ WBoxLayout::WBoxLayout(Direction direction, WWidget *parent) : direction_(direct
     setLayoutInParent(parent);
 }
 
-WBoxLayout::~WBoxLayout() = default;
+WBoxLayout::~WBoxLayout()
+{
+  releaseItems();
+}
 
 void WBoxLayout::addItem(WLayoutItem *item)
 {
@@ -136,6 +139,7 @@ void WBoxLayout::insertStretch(int index, int stretch)
 void WBoxLayout::insertPlace(int index, WLayoutItem *item, int stretch, WFlags<AlignmentFlag> alignment,
                              const WLength &gap)
 {
+  aboutToAdd(item);
   Place place{std::unique_ptr<WLayoutItem>(item), stretch, alignment, gap};
   const int at = std::max(0, std::min(index, count()));
   places_.insert(places_.begin() + at, std::move(place));
@@ -174,6 +178,8 @@ bool WBoxLayout::setStretchFactor(WLayout *layout, int stretch)
 
 void WBoxLayout::setResizable(int index, bool enabled, const WLength &initialSize)
 {
+  if (index < 0 || index >= count())
+    return;
   places_[index].resizable = enabled;
   places_[index].size = initialSize;
   repaint();
@@ -181,7 +187,7 @@ void WBoxLayout::setResizable(int index, bool enabled, const WLength &initialSiz
 
 bool WBoxLayout::isResizable(int index) const
 {
-  return places_[index].resizable;
+  return index >= 0 && index < count() && places_[index].resizable;
 }
 
 void WBoxLayout::renderItems(Dom::Element &e)
@@ -209,7 +215,7 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
   if (!element)
     return;
   if (!gap && Engine::ItemStyle::placed(place.alignment)) {
-    Engine::ItemStyle::clear(*element);
+    Engine::ItemStyle::leave(*element);
     Dom::Element &cell = elements().get(document, place.item.get(), Engine::LayoutElements::Place);
     cell.set("class", "Wt-cell");
     Engine::ItemStyle::place(cell, place.alignment);
@@ -220,6 +226,7 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
   std::string flex = grows ? std::to_string(place.stretch) + " 1 0" : anyStretch || gap ? "none" : "1 1 auto";
   if (!place.size.isAuto() && !grows)
     flex = "0 0 " + place.size.cssText();
+  Engine::ItemStyle::leaveGrid(*element);
   element->set("*flex", flex);
   const bool controlled = sizeControlled(place.item.get());
   Engine::ItemStyle::control(*element, grows || !anyStretch, controlled && vertical(), controlled && !vertical());

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WCheckBox>
-
 #include "dom/Element.h"
 
-namespace Wt {
+#include <Wt/WCheckBox>
+
+namespace Wt
+{
 
 WCheckBox::WCheckBox(WContainerWidget *parent) : WAbstractToggleButton(parent) {}
 

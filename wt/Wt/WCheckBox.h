@@ -4,10 +4,11 @@
 
 #include <Wt/WAbstractToggleButton>
 
-namespace Wt {
+namespace Wt
+{
 
-/// A check box. The program may set it to PartiallyChecked at any time; a user's click leads out of that state, and
-/// into it only if setPartialStateSelectable() was called for a box of three states.
+/// A check box. The program may set it to PartiallyChecked at any time; a user's click leads out of that
+/// state, and into it only if setPartialStateSelectable() was called for a box of three states.
 class WCheckBox : public WAbstractToggleButton
 {
 public:

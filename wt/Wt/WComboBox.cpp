@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WComboBox>
-
-#include <Wt/WAbstractItemModel>
-
 #include "dom/Document.h"
 
+#include <Wt/WAbstractItemModel>
+#include <Wt/WComboBox>
 #include <algorithm>
 #include <charconv>
 #include <functional>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WComboBox::Signals {
   explicit Signals(WObject *sender) : activated(sender), sactivated(sender) {}
@@ -143,7 +142,8 @@ void WComboBox::setItemText(int index, const WString &text)
   repaint();
 }
 
-namespace {
+namespace
+{
 
 std::string folded(const std::string &text, bool caseSensitive)
 {
@@ -298,8 +298,8 @@ void WComboBox::renderContents(Dom::Element &e)
   }
   options_ = options;
   e.setChildren(options);
-  // A browser chooses the first option by itself, and its choice stays with the place in the list: options come
-  // and go at the end.
+  // A browser chooses the first option by itself, and its choice stays with the place in the list: options
+  // come and go at the end.
   if ((currentIndex_ != 0 && wanted != 0) || e.get(".value"))
     showValue(e, ".value", std::to_string(currentIndex_));
 }

@@ -4,10 +4,10 @@
 
 #include <Wt/WFormWidget>
 #include <Wt/WModelIndex>
-
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WAbstractItemModel;
 
@@ -26,15 +26,16 @@ public:
 
   /// -1 if there are no items, or nothing is chosen where that is allowed.
   int currentIndex() const { return currentIndex_; }
-  /// An index beyond the end chooses the last item; -1 the first, unless nothing may be chosen. Emits nothing.
+  /// An index beyond the end chooses the last item; -1 the first, unless nothing may be chosen. Emits
+  /// nothing.
   void setCurrentIndex(int index);
   const WString currentText() const;
 
   const WString itemText(int index) const;
   void setItemText(int index, const WString &text);
   /// The first item whose text matches, or -1.
-  int findText(const WString &text, WFlags<MatchFlag> flags = WFlags<MatchFlag>(MatchExactly) |
-                                                              MatchCaseSensitive) const;
+  int findText(const WString &text,
+               WFlags<MatchFlag> flags = WFlags<MatchFlag>(MatchExactly) | MatchCaseSensitive) const;
 
   /// The combo does not own the model. Null brings the combo's own list back, empty.
   void setModel(WAbstractItemModel *model);

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WDialog>
-
-#include <Wt/WApplication>
-#include <Wt/WContainerWidget>
-#include <Wt/WException>
-#include <Wt/WText>
-
 #include "base/RawEvent.h"
 #include "dom/Element.h"
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
+#include <Wt/WApplication>
+#include <Wt/WContainerWidget>
+#include <Wt/WDialog>
+#include <Wt/WException>
+#include <Wt/WText>
 #include <sstream>
 
-namespace Wt {
+namespace Wt
+{
 
 /// The dialog's own element. Its behaviour is attached while the dialog is shown.
 class WDialog::Frame : public WContainerWidget
@@ -73,7 +72,8 @@ private:
   bool movable_ = true;
 };
 
-namespace {
+namespace
+{
 
 /// The title, as a heading.
 class Caption : public WText
@@ -313,8 +313,6 @@ void WDialog::coverPage()
       classes += ' ' + word + "-cover";
   cover_ = new Cover(*this);
   cover_->setStyleClass(WString::fromUTF8(classes));
-  // When the page goes as a whole, the cover goes before the dialog.
-  cover_->destroyed().connect(std::bind([this] { cover_ = nullptr; }));
   static_cast<WContainerWidget *>(parent())->insertBefore(cover_, this);
 }
 

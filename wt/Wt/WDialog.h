@@ -4,7 +4,8 @@
 
 #include <Wt/WPopupWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 class WText;
@@ -12,12 +13,12 @@ class WText;
 /**
  * A window over the page, with a title bar, contents and a footer.
  *
- * A modal dialog (the default) covers the page: what lies below gets no events, neither in the browser nor on the
- * server. Dialogs stack.
+ * A modal dialog (the default) covers the page: what lies below gets no events, neither in the browser nor on
+ * the server. Dialogs stack.
  *
- * done() ends a dialog that is shown: outside exec() it hides and then emits finished(); within exec() it emits
- * finished() while still shown, and exec() hides it on its return. Further calls until then have no effect. hide()
- * and destruction emit nothing and do not end exec().
+ * done() ends a dialog that is shown: outside exec() it hides and then emits finished(); within exec() it
+ * emits finished() while still shown, and exec() hides it on its return. Further calls until then have no
+ * effect. hide() and destruction emit nothing and do not end exec().
  */
 class WDialog : public WPopupWidget
 {
@@ -38,8 +39,8 @@ public:
   /// Made by the first call.
   WContainerWidget *footer();
 
-  /// Shows the dialog, handles events until it is done, and hides it. Throws WException if it runs already, and when
-  /// the session ends meanwhile.
+  /// Shows the dialog, handles events until it is done, and hides it. Throws WException if it runs already,
+  /// and when the session ends meanwhile.
   DialogCode exec(const WAnimation &animation = WAnimation());
   virtual void done(DialogCode result);
   virtual void accept();

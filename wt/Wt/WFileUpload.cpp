@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WFileUpload>
-
-#include <Wt/WApplication>
-#include <Wt/WContainerWidget>
-#include <Wt/WProgressBar>
-
 #include "base/RawEvent.h"
 #include "dom/Document.h"
 #include "dom/JsonText.h"
 #include "session/ResourceHandler.h"
 #include "session/Session.h"
 
+#include <Wt/WApplication>
+#include <Wt/WContainerWidget>
+#include <Wt/WFileUpload>
+#include <Wt/WProgressBar>
 #include <charconv>
 #include <cstdio>
 #include <functional>
 #include <mutex>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 std::string withoutFolders(const std::string &name)
 {
@@ -34,11 +34,15 @@ void removeFiles(const std::vector<Engine::SpooledFile> &files)
 
 } // namespace
 
-/// Takes the request with the file, on a thread of the server's, and hands it to the widget within the session.
+/// Takes the request with the file, on a thread of the server's, and hands it to the widget within the
+/// session.
 class WFileUpload::Receiver : public Engine::ResourceHandler, public std::enable_shared_from_this<Receiver>
 {
 public:
-  Receiver(WFileUpload *widget, Engine::Session &session) : widget_(widget), session_(session.weak_from_this()) {}
+  Receiver(WFileUpload *widget, Engine::Session &session)
+      : widget_(widget), session_(session.weak_from_this())
+  {
+  }
 
   /// From now on one request is welcome.
   void expect()
@@ -100,7 +104,8 @@ private:
 };
 
 WFileUpload::WFileUpload(WContainerWidget *parent)
-    : WWebWidget(parent), uploaded_("uploaded", this), fileTooLarge_(this, "fileTooLarge"), dataReceived_(this)
+    : WWebWidget(parent), uploaded_("uploaded", this), fileTooLarge_(this, "fileTooLarge"),
+      dataReceived_(this)
 {
   setInline(true);
 }

@@ -5,13 +5,13 @@
 #include <Wt/Http/Request>
 #include <Wt/WJavaScript>
 #include <Wt/WWebWidget>
-
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WProgressBar;
 
@@ -19,8 +19,8 @@ class WProgressBar;
  * Lets a user choose a file and sends it to a temporary file of the server.
  *
  * changed(): the user has chosen; nothing is sent yet. Then upload(); dataReceived() as it comes; and either
- * uploaded(), also if no file was chosen, or fileTooLarge(). The temporary file goes with the widget, or with the
- * next upload, unless it was stolen.
+ * uploaded(), also if no file was chosen, or fileTooLarge(). The temporary file goes with the widget, or with
+ * the next upload, unless it was stolen.
  */
 class WFileUpload : public WWebWidget
 {
@@ -46,8 +46,8 @@ public:
   void setFileTextSize(int characters);
   int fileTextSize() const { return textSize_; }
 
-  /// Shows the progress. A bar without parent is taken over and stands in the field's place during an upload; another
-  /// one stays where it is, and the field is hidden by upload().
+  /// Shows the progress. A bar without parent is taken over and stands in the field's place during an upload;
+  /// another one stays where it is, and the field is hidden by upload().
   void setProgressBar(WProgressBar *bar);
   WProgressBar *progressBar() const { return progressBar_; }
 

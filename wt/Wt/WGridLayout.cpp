@@ -28,7 +28,10 @@ WGridLayout::WGridLayout(WWidget *parent)
     setLayoutInParent(parent);
 }
 
-WGridLayout::~WGridLayout() = default;
+WGridLayout::~WGridLayout()
+{
+  releaseItems();
+}
 
 WGridLayout::Track &WGridLayout::track(std::vector<Track> &tracks, int index)
 {
@@ -45,6 +48,7 @@ void WGridLayout::addItem(WLayoutItem *item)
 void WGridLayout::addItem(WLayoutItem *item, int row, int column, int rowSpan, int columnSpan,
                           WFlags<AlignmentFlag> alignment)
 {
+  aboutToAdd(item);
   const auto former = std::find_if(places_.begin(), places_.end(), [row, column](const Place &place) {
     return place.row == row && place.column == column;
   });
@@ -217,6 +221,7 @@ void WGridLayout::renderPlace(const Place &place, Dom::Document &document, std::
   const auto span = [](int first, int size) {
     return std::to_string(first + 1) + (size > 1 ? " / span " + std::to_string(size) : "");
   };
+  Engine::ItemStyle::leaveBox(*element);
   element->set("*grid-row", span(place.row, place.rowSpan));
   element->set("*grid-column", span(place.column, place.columnSpan));
   Engine::ItemStyle::placeSelf(*element, place.alignment);

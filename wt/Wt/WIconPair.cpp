@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WIconPair>
-
-#include <Wt/WContainerWidget>
-#include <Wt/WImage>
-
 #include "dom/Element.h"
 
+#include <Wt/WContainerWidget>
+#include <Wt/WIconPair>
+#include <Wt/WImage>
 #include <cstring>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// An icon of a pair: where a click switches, it ends there, and the icon is a button for the keyboard.
 class PairIcon : public WImage

@@ -5,17 +5,17 @@
 #include <Wt/WCompositeWidget>
 #include <Wt/WEvent>
 #include <Wt/WSignal>
-
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 class WImage;
 
 /**
- * Two icons of which one shows. With click switching a click shows the other one, and is no click on what the pair
- * stands in (the mouse's going down and up are); the keyboard can do the same.
+ * Two icons of which one shows. With click switching a click shows the other one, and is no click on what the
+ * pair stands in (the mouse's going down and up are); the keyboard can do the same.
  */
 class WIconPair : public WCompositeWidget
 {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WImage>
-
 #include "dom/Element.h"
 
-namespace Wt {
+#include <Wt/WImage>
+
+namespace Wt
+{
 
 WImage::WImage(WContainerWidget *parent) : WImage(WLink(), WString(), parent) {}
 

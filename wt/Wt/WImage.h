@@ -2,12 +2,13 @@
 #ifndef WT_WIMAGE_H_
 #define WT_WIMAGE_H_
 
+#include "../base/LinkWatch.h"
+
 #include <Wt/WInteractWidget>
 #include <Wt/WLink>
 
-#include "../base/LinkWatch.h"
-
-namespace Wt {
+namespace Wt
+{
 
 /// An image. One without alternate text counts as decoration and is passed over by screen readers.
 class WImage : public WInteractWidget

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WLabel>
+#include "dom/Element.h"
 
 #include <Wt/WFormWidget>
 #include <Wt/WImage>
+#include <Wt/WLabel>
 #include <Wt/WText>
 
-#include "dom/Element.h"
-
-namespace Wt {
+namespace Wt
+{
 
 WLabel::WLabel(WContainerWidget *parent) : WInteractWidget(parent)
 {

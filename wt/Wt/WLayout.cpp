@@ -5,6 +5,7 @@
 #include <Wt/WWidgetItem>
 
 #include "dom/Document.h"
+#include "layout/ItemStyle.h"
 #include "layout/LayoutElements.h"
 #include "session/WidgetAccess.h"
 
@@ -19,8 +20,11 @@ WLayout::WLayout() : elements_(new Engine::LayoutElements()) {}
 
 WLayout::~WLayout()
 {
-  if (container_ && container_->layout() == this)
-    container_->layoutGone();
+  if (!container_ || container_->layout() != this)
+    return;
+  if (Dom::Element *element = Engine::WidgetAccess::element(container_))
+    Engine::ItemStyle::unmanage(*element);
+  container_->layoutGone();
 }
 
 void WLayout::addWidget(WWidget *widget)
@@ -83,8 +87,12 @@ void WLayout::setLayoutInParent(WWidget *parent)
 void WLayout::setContainer(WContainerWidget *container)
 {
   container_ = container;
-  if (!container)
+  if (!container) {
+    for (int i = 0, n = count(); i < n; ++i)
+      if (WLayout *nested = itemAt(i)->layout())
+        nested->setContainer(nullptr);
     return;
+  }
   for (int i = 0, n = count(); i < n; ++i)
     adopt(itemAt(i));
   repaint();
@@ -111,10 +119,26 @@ void WLayout::itemRemoved(WLayoutItem *item)
 {
   if (WLayout *nested = item->layout()) {
     nested->parentLayout_ = nullptr;
-    nested->container_ = nullptr;
+    nested->setContainer(nullptr);
   }
   elements_->forget(item);
   repaint();
+}
+
+void WLayout::aboutToAdd(WLayoutItem *item)
+{
+  WWidget *widget = item->widget();
+  const auto *container = widget ? dynamic_cast<WContainerWidget *>(widget->parent()) : nullptr;
+  if (container && container->layout())
+    container->layout()->widgetGone(widget);
+}
+
+void WLayout::releaseItems()
+{
+  for (int i = 0, n = count(); container_ && i < n; ++i)
+    if (WWidget *widget = itemAt(i)->widget())
+      if (Dom::Element *element = Engine::WidgetAccess::element(widget))
+        Engine::ItemStyle::leave(*element);
 }
 
 void WLayout::widgetGone(WWidget *widget)

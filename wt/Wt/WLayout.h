@@ -71,6 +71,10 @@ protected:
   /// Takes what is in the item into the container, if there is one. To be called for each item added.
   void itemAdded(WLayoutItem *item);
   void itemRemoved(WLayoutItem *item);
+  /// To be called before an item is added: its widget leaves the place that it may have in its container's layout.
+  static void aboutToAdd(WLayoutItem *item);
+  /// To be called by destructors of derived classes: the widgets stay, without the layout's settings.
+  void releaseItems();
   /// Something that shows has changed.
   void repaint();
 

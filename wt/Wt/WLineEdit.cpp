@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WLineEdit>
-
 #include "dom/Element.h"
 
-namespace Wt {
+#include <Wt/WLineEdit>
 
-namespace {
+namespace Wt
+{
+
+namespace
+{
 
 /// The width that the page's runtime gives to every field by itself.
 constexpr int DefaultTextSize = 10;
@@ -14,7 +16,8 @@ constexpr int DefaultTextSize = 10;
 
 WLineEdit::WLineEdit(WContainerWidget *parent) : WLineEdit(WString(), parent) {}
 
-WLineEdit::WLineEdit(const WString &content, WContainerWidget *parent) : WFormWidget(parent), content_(content)
+WLineEdit::WLineEdit(const WString &content, WContainerWidget *parent)
+    : WFormWidget(parent), content_(content)
 {
   setInline(true);
 }

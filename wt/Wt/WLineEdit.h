@@ -2,11 +2,12 @@
 #ifndef WT_WLINEEDIT_H_
 #define WT_WLINEEDIT_H_
 
-#include <Wt/WFormWidget>
-
 #include "../base/TextSelection.h"
 
-namespace Wt {
+#include <Wt/WFormWidget>
+
+namespace Wt
+{
 
 /// A field for one line of text.
 class WLineEdit : public WFormWidget

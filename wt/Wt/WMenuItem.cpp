@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WMenuItem>
-
-#include <Wt/WTabWidget>
-
 #include "dom/Document.h"
 
-namespace Wt {
+#include <Wt/WMenuItem>
+#include <Wt/WTabWidget>
+
+namespace Wt
+{
 
 WMenuItem::WMenuItem(const WString &text, WWidget *contents, LoadPolicy policy)
     : text_(text), contents_(contents), panel_(new WContainerWidget())

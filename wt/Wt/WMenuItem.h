@@ -4,7 +4,8 @@
 
 #include <Wt/WContainerWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 class WTabWidget;
 

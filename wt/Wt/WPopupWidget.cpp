@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WPopupWidget>
+#include "session/WidgetAccess.h"
 
 #include <Wt/WApplication>
 #include <Wt/WContainerWidget>
 #include <Wt/WException>
+#include <Wt/WPopupWidget>
 
-#include "session/WidgetAccess.h"
-
-namespace Wt {
+namespace Wt
+{
 
 WPopupWidget::WPopupWidget(WWidget *implementation, WObject *parent) : hidden_(this), shown_(this)
 {

@@ -5,7 +5,8 @@
 #include <Wt/WCompositeWidget>
 #include <Wt/WSignal>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A widget over the page, beside the application's root. It is hidden until it is shown.
 class WPopupWidget : public WCompositeWidget

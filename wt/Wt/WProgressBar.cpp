@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WProgressBar>
-
 #include "dom/Document.h"
 
+#include <Wt/WProgressBar>
 #include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <functional>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 struct Conversion {
   std::size_t begin = std::string::npos; ///< of the "%"
@@ -31,7 +32,8 @@ bool findConversion(const std::string &format, Conversion &found)
     }
     std::size_t at = i + 1;
     int precision = 6;
-    if (at + 1 < format.size() && format[at] == '.' && std::isdigit(static_cast<unsigned char>(format[at + 1]))) {
+    if (at + 1 < format.size() && format[at] == '.' &&
+        std::isdigit(static_cast<unsigned char>(format[at + 1]))) {
       precision = format[at + 1] - '0';
       at += 2;
     }

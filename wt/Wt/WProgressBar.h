@@ -3,10 +3,10 @@
 #define WT_WPROGRESSBAR_H_
 
 #include <Wt/WInteractWidget>
-
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Shows how far something has come. Values outside the range are kept as they are, and drawn at its ends.
 class WProgressBar : public WInteractWidget
@@ -24,8 +24,8 @@ public:
   double maximum() const { return maximum_; }
   void setRange(double minimum, double maximum);
 
-  /// The text shown for a number of percent: one conversion of a double, as printf has them. A format that is not
-  /// of that kind is shown as it stands.
+  /// The text shown for a number of percent: one conversion of a double, as printf has them. A format that is
+  /// not of that kind is shown as it stands.
   void setFormat(const WString &format);
   const WString &format() const { return format_; }
   virtual WString text() const;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WPushButton>
-
 #include "dom/Document.h"
 #include "dom/JsonText.h"
 
-namespace Wt {
+#include <Wt/WPushButton>
+
+namespace Wt
+{
 
 struct WPushButton::Extras {
   Engine::LinkWatch icon;

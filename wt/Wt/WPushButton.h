@@ -2,12 +2,13 @@
 #ifndef WT_WPUSHBUTTON_H_
 #define WT_WPUSHBUTTON_H_
 
+#include "../base/LinkWatch.h"
+
 #include <Wt/WFormWidget>
 #include <Wt/WLink>
 
-#include "../base/LinkWatch.h"
-
-namespace Wt {
+namespace Wt
+{
 
 /// A button. Enter and the space bar on a focused one are clicks too.
 class WPushButton : public WFormWidget

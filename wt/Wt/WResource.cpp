@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/Log.h"
 #include "base/ResourceUrl.h"
 #include "http/ContentDisposition.h"
 #include "session/ResourceHandler.h"
@@ -7,6 +8,7 @@
 #include <Wt/WResource>
 #include <atomic>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 
 namespace Wt
@@ -30,10 +32,16 @@ public:
     }
     const Leave leave(*this);
     Http::Response response(resource_, *target, disposition);
-    resource_->answer(request, response);
-    leave.now();
-    if (response.rest_)
-      response.rest_(response);
+    try {
+      resource_->answer(request, response);
+      leave.now();
+      if (response.rest_)
+        response.rest_(response);
+    } catch (const std::exception &e) {
+      Engine::log(Engine::LogLevel::Error, "WResource", std::string("a request failed: ") + e.what());
+      if (!response.begun_)
+        response.setStatus(500);
+    }
     response.begin();
     target->finish();
   }

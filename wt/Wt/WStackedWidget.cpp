@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WStackedWidget>
-
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// The same movement, from the other side.
 WAnimation reversed(const WAnimation &animation)

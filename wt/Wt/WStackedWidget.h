@@ -4,17 +4,19 @@
 
 #include <Wt/WContainerWidget>
 
-namespace Wt {
+namespace Wt
+{
 
-/// Shows one of its children and hides the others. Children that never were shown are not sent to the browser.
+/// Shows one of its children and hides the others. Children that never were shown are not sent to the
+/// browser.
 class WStackedWidget : public WContainerWidget
 {
 public:
   explicit WStackedWidget(WContainerWidget *parent = nullptr);
   ~WStackedWidget() override;
 
-  /// -1 while empty; the first child that is added becomes the current one. Children that come or go before it do
-  /// not shift the index.
+  /// -1 while empty; the first child that is added becomes the current one. Children that come or go before
+  /// it do not shift the index.
   int currentIndex() const { return currentIndex_; }
   /// The index must be that of a child.
   void setCurrentIndex(int index);

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTabWidget>
+#include "dom/Element.h"
 
 #include <Wt/WContainerWidget>
 #include <Wt/WStackedWidget>
-
-#include "dom/Element.h"
-
+#include <Wt/WTabWidget>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// The frame of strip and pages. What makes the pages fill a frame that has a height is up to its class.
 class TabFrame : public WContainerWidget

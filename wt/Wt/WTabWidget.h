@@ -5,10 +5,10 @@
 #include <Wt/WCompositeWidget>
 #include <Wt/WMenuItem>
 #include <Wt/WSignal>
-
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 class WStackedWidget;
@@ -16,8 +16,9 @@ class WStackedWidget;
 /**
  * Pages of which one shows, and a strip of tabs to choose it.
  *
- * A lazily loaded page stays outside the widget tree until it is first chosen. currentChanged() tells of changes by
- * the user and by the program alike, but not of the first page that becomes current when it is added.
+ * A lazily loaded page stays outside the widget tree until it is first chosen. currentChanged() tells of
+ * changes by the user and by the program alike, but not of the first page that becomes current when it is
+ * added.
  */
 class WTabWidget : public WCompositeWidget
 {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTable>
-
 #include "dom/Document.h"
 
+#include <Wt/WTable>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
 WTable::WTable(WContainerWidget *parent) : WInteractWidget(parent)
 {
@@ -144,7 +144,8 @@ int WTable::headerCount(Orientation orientation) const
 
 bool WTable::isHeader(const WTableCell &cell) const
 {
-  return (headerRows_ > 0 && cell.row() < headerRows_) || (headerColumns_ > 0 && cell.column() < headerColumns_);
+  return (headerRows_ > 0 && cell.row() < headerRows_) ||
+         (headerColumns_ > 0 && cell.column() < headerColumns_);
 }
 
 int WTable::rowNumber(const WTableRow &row) const

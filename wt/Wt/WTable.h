@@ -6,11 +6,11 @@
 #include <Wt/WTableCell>
 #include <Wt/WTableColumn>
 #include <Wt/WTableRow>
-
 #include <memory>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Rows and columns of cells. One without header cells is for layout only, and screen readers are told so.
 class WTable : public WInteractWidget

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTableCell>
-
-#include <Wt/WTable>
-
 #include "dom/Element.h"
 
+#include <Wt/WTable>
+#include <Wt/WTableCell>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
 WTableCell::WTableCell(WTableRow *row) : row_(row)
 {

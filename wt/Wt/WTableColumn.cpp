@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <Wt/WTable>
 #include <Wt/WTableColumn>
 
-#include <Wt/WTable>
-
-namespace Wt {
+namespace Wt
+{
 
 WTableColumn::~WTableColumn() = default;
 

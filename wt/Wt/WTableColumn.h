@@ -6,7 +6,8 @@
 #include <Wt/WObject>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 
 class WTable;
 class WTableCell;

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTableRow>
-
-#include <Wt/WTable>
-
 #include "dom/Element.h"
 
+#include <Wt/WTable>
+#include <Wt/WTableRow>
 #include <algorithm>
 #include <sstream>
 
-namespace Wt {
+namespace Wt
+{
 
 WTableRow::~WTableRow() = default;
 

@@ -5,15 +5,16 @@
 #include <Wt/WLength>
 #include <Wt/WObject>
 #include <Wt/WString>
-
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WTable;
 class WTableCell;
 
-namespace Dom {
+namespace Dom
+{
 class Element;
 }
 

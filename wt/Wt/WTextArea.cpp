@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTextArea>
-
 #include "dom/Element.h"
 
+#include <Wt/WTextArea>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// The size that the page's runtime gives to every text area by itself.
 constexpr int DefaultColumns = 20;
@@ -23,7 +24,8 @@ void setSize(Dom::Element &e, const char *key, int size, int byDefault)
 
 WTextArea::WTextArea(WContainerWidget *parent) : WTextArea(WString(), parent) {}
 
-WTextArea::WTextArea(const WString &content, WContainerWidget *parent) : WFormWidget(parent), content_(content)
+WTextArea::WTextArea(const WString &content, WContainerWidget *parent)
+    : WFormWidget(parent), content_(content)
 {
   setInline(true);
 }

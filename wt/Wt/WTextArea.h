@@ -2,11 +2,12 @@
 #ifndef WT_WTEXTAREA_H_
 #define WT_WTEXTAREA_H_
 
-#include <Wt/WFormWidget>
-
 #include "../base/TextSelection.h"
 
-namespace Wt {
+#include <Wt/WFormWidget>
+
+namespace Wt
+{
 
 /// A field for several lines of text. Lines end with a line feed alone.
 class WTextArea : public WFormWidget

@@ -8,6 +8,7 @@
 #include "dom/Document.h"
 #include "dom/JsonText.h"
 #include "dom/RichContent.h"
+#include "layout/ItemStyle.h"
 #include "session/Page.h"
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
@@ -706,8 +707,11 @@ void WWebWidget::place(Dom::Element &into, const std::vector<WWidget *> &childre
   std::vector<Dom::Element *> elements;
   elements.reserve(children.size());
   for (WWidget *child : children)
-    if (Dom::Element *element = elementOf(child, into.document()))
+    if (Dom::Element *element = elementOf(child, into.document())) {
+      if (element->parent() != &into)
+        Engine::ItemStyle::leave(*element);
       elements.push_back(element);
+    }
   into.setChildren(elements);
 }
 

@@ -2,15 +2,17 @@
 #include "base/LinkWatch.h"
 
 #include <Wt/WResource>
-
 #include <cctype>
 #include <functional>
 #include <utility>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 bool isInlineImage(const std::string &url)
 {

@@ -4,15 +4,16 @@
 
 #include <Wt/WLink>
 #include <Wt/WObject>
-
 #include <functional>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// A link that a widget shows. Tells the widget when the resource behind it gets a new URL, and forgets a resource
-/// that goes.
+/// A link that a widget shows. Tells the widget when the resource behind it gets a new URL, and forgets a
+/// resource that goes.
 class LinkWatch
 {
 public:

@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <charconv>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 bool readPosition(const std::string &text, int &position)
 {

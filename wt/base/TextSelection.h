@@ -6,11 +6,13 @@
 
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// What is selected in a text field, as its browser told last: in UTF-16 units, as browsers count. What browsers
-/// tell need not fit the text.
+/// What is selected in a text field, as its browser told last: in UTF-16 units, as browsers count. What
+/// browsers tell need not fit the text.
 class TextSelection
 {
 public:

@@ -1083,6 +1083,11 @@ behaviours.table = {
   attach(el) {
     const [head, body] = el.children;
     const report = () => {
+      if (el.wtScrollTo && body.clientHeight) {
+        const wanted = el.wtScrollTo;
+        el.wtScrollTo = null;
+        commands.tableScroll(el, ...wanted);
+      }
       head.scrollLeft = body.scrollLeft;
       const now = body.scrollTop + ',' + body.clientHeight;
       if (!body.clientHeight || now === el.wtScroll) return;
@@ -1094,12 +1099,11 @@ behaviours.table = {
     body.addEventListener('scroll', reportSoon, { passive: true });
     el.wtBodySize = new ResizeObserver(report);
     el.wtBodySize.observe(body);
-    if (el.wtScrollTo) commands.tableScroll(el, ...el.wtScrollTo);
 
     for (const [type, name] of [['mousedown', 'down'], ['mouseup', 'up'], ['click', 'click'], ['dblclick', 'dblclick']]) {
       body.addEventListener(type, e => {
         if (el.getAttribute('aria-disabled')) return;
-        if (type === 'mousedown' && (e.offsetX > body.clientWidth || e.target === body && e.clientX > body.getBoundingClientRect().left + body.clientWidth)) return;
+        if (type === 'mousedown' && e.target === body && onScrollBar(body, e)) return;
         if (type === 'mousedown' && e.shiftKey) e.preventDefault();
         tell(el, 'table:' + name, { ...mouseData(el, e), a: placeOf(el, e.target) });
       });
@@ -1109,7 +1113,7 @@ behaviours.table = {
       tell(el, 'table:check', { a: [row, column, e.target.checked ? 1 : 0] });
     });
     body.addEventListener('keydown', e => {
-      if (!listKeys.has(e.key) || e.target !== body) return;
+      if (!listKeys.has(e.key) || e.target !== body || !stateOf(el).behaviours.table.select) return;
       e.preventDefault();
       tell(el, 'table:key', { a: [e.keyCode, modifiers(e) ?? 0] });
     });
@@ -1124,6 +1128,12 @@ behaviours.table = {
   },
   detach(el) { el.wtBodySize?.disconnect(); },
 };
+
+/// True if the pointer is on a scroll bar of the element.
+function onScrollBar(el, { clientX, clientY }) {
+  const { left, top } = el.getBoundingClientRect();
+  return clientX >= left + el.clientLeft + el.clientWidth || clientY >= top + el.clientTop + el.clientHeight;
+}
 
 /// Row and column numbers of a cell, -1 where there is none.
 function placeOf(el, target) {

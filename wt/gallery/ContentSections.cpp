@@ -11,17 +11,19 @@
 #include <Wt/WTable>
 #include <Wt/WTableCell>
 #include <Wt/WText>
-
 #include <functional>
 
-namespace gallery {
+namespace gallery
+{
 
 using Wt::WString;
 
-namespace {
+namespace
+{
 
 const char *const Teal = "data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
-const char *const Maroon = "data:image/gif;base64,R0lGODlhAQABAPAAAIAAAP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
+const char *const Maroon =
+    "data:image/gif;base64,R0lGODlhAQABAPAAAIAAAP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
 
 Wt::WImage *square(const char *url, const char *text)
 {

@@ -10,15 +10,16 @@
 #include <Wt/WPushButton>
 #include <Wt/WRegExpValidator>
 #include <Wt/WTextArea>
-
 #include <functional>
 #include <string>
 
-namespace gallery {
+namespace gallery
+{
 
 using Wt::WString;
 
-namespace {
+namespace
+{
 
 const char *const CheckStateNames[] = {"unchecked", "partial", "checked"};
 
@@ -52,8 +53,9 @@ Wt::WTextArea *textArea(Section *section, const char *name, const char *content)
 Wt::WCheckBox *checkBox(Section *section, const char *name, const char *text)
 {
   Wt::WCheckBox *box = new Wt::WCheckBox(WString::fromUTF8(text), section->row(name));
-  box->changed().connect(std::bind(
-      [section, box, name] { section->tell(std::string(name) + " is " + CheckStateNames[box->checkState()]); }));
+  box->changed().connect(std::bind([section, box, name] {
+    section->tell(std::string(name) + " is " + CheckStateNames[box->checkState()]);
+  }));
   return box;
 }
 
@@ -75,8 +77,9 @@ void addButtons(Wt::WContainerWidget *page)
   button(section, "plain button", "Press me");
   button(section, "default button", "Save")->setDefault(true);
   button(section, "disabled button", "Not now")->disable();
-  button(section, "button with icon", "With icon")->setIcon(
-      Wt::WLink("data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw=="));
+  button(section, "button with icon", "With icon")
+      ->setIcon(
+          Wt::WLink("data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw=="));
   button(section, "button with link", "Go to the end")->setLink(Wt::WLink("#end"));
   button(section, "long button", LongText);
   button(section, "right-to-left button", HebrewText);

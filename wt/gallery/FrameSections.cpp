@@ -12,14 +12,15 @@
 #include <Wt/WStackedWidget>
 #include <Wt/WTabWidget>
 #include <Wt/WText>
-
 #include <functional>
 
-namespace gallery {
+namespace gallery
+{
 
 using Wt::WString;
 
-namespace {
+namespace
+{
 
 Wt::WPushButton *closer(Wt::WDialog &dialog, const char *text, bool accepts)
 {
@@ -58,7 +59,8 @@ void runModal(Section *section)
   inner->clicked().connect(std::bind(runInner));
   closer(dialog, "Cancel", false);
   closer(dialog, "Accept", true);
-  const Wt::WDialog::DialogCode code = dialog.exec(Wt::WAnimation(Wt::WAnimation::Fade, Wt::WAnimation::Linear, 150));
+  const Wt::WDialog::DialogCode code =
+      dialog.exec(Wt::WAnimation(Wt::WAnimation::Fade, Wt::WAnimation::Linear, 150));
   section->tell(WString(codeName(code)) + " " + name->text());
 }
 
@@ -150,7 +152,8 @@ void addUploads(Wt::WContainerWidget *page)
     section->tell("file chosen");
   }));
   send->clicked().connect(upload, &Wt::WFileUpload::upload);
-  upload->uploaded().connect(std::bind([section, upload] { section->tell("uploaded " + upload->clientFileName()); }));
+  upload->uploaded().connect(
+      std::bind([section, upload] { section->tell("uploaded " + upload->clientFileName()); }));
   upload->fileTooLarge().connect(std::bind(section->teller("file too large")));
   Wt::WFileUpload *off = new Wt::WFileUpload(section->row("disabled upload"));
   off->setAttributeValue("aria-label", "Disabled upload");

@@ -7,7 +7,8 @@
 #include <Wt/WEnvironment>
 #include <Wt/WText>
 
-namespace gallery {
+namespace gallery
+{
 
 const char *const LongText =
     "A text that is longer than any place that it is likely to be given, so that it has to wrap, to be cut "

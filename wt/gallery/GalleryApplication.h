@@ -4,7 +4,8 @@
 
 #include <Wt/WApplication>
 
-namespace gallery {
+namespace gallery
+{
 
 /// The page of all sections.
 class GalleryApplication : public Wt::WApplication

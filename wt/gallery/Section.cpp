@@ -3,7 +3,8 @@
 
 #include <Wt/WText>
 
-namespace gallery {
+namespace gallery
+{
 
 Section::Section(const std::string &title, Wt::WContainerWidget *parent) : Wt::WContainerWidget(parent)
 {

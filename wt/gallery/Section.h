@@ -4,15 +4,16 @@
 
 #include <Wt/WContainerWidget>
 #include <Wt/WString>
-
 #include <functional>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 class WText;
 }
 
-namespace gallery {
+namespace gallery
+{
 
 /**
  * One kind of widget on the gallery's page: a heading, rows that each hold a name and a widget in one of its

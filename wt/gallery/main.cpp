@@ -3,7 +3,6 @@
 #include "GalleryApplication.h"
 
 #include <Wt/WServer>
-
 #include <cstdio>
 
 static Wt::WApplication *createGallery(const Wt::WEnvironment &environment)

@@ -4,7 +4,8 @@
 
 #include <Wt/WContainerWidget>
 
-namespace gallery {
+namespace gallery
+{
 
 /// Texts that break what is built for short Latin words only.
 extern const char *const LongText;

@@ -57,10 +57,28 @@ void ItemStyle::control(Dom::Element &element, bool shrinks, bool width, bool he
   element.setIf(!words.empty(), "data-li", words);
 }
 
-void ItemStyle::clear(Dom::Element &element)
+void ItemStyle::leaveBox(Dom::Element &element)
 {
   element.unset("*flex");
+}
+
+void ItemStyle::leaveGrid(Dom::Element &element)
+{
+  for (const char *key : {"*grid-row", "*grid-column", "*justify-self", "*align-self"})
+    element.unset(key);
+}
+
+void ItemStyle::leave(Dom::Element &element)
+{
+  leaveBox(element);
+  leaveGrid(element);
   element.unset("data-li");
+}
+
+void ItemStyle::unmanage(Dom::Element &element)
+{
+  for (const char *key : {"*padding", "*gap", "*flex-direction", "*grid-template-rows", "*grid-template-columns"})
+    element.unset(key);
 }
 
 void ItemStyle::handle(Dom::Element &handle, bool betweenRows)

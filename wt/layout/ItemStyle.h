@@ -32,8 +32,13 @@ struct ItemStyle {
 
   static void control(Dom::Element &element, bool shrinks, bool width, bool height);
 
-  /// Takes away what a layout set on an element that now stands in a cell of its own.
-  static void clear(Dom::Element &element);
+  /// Takes away what a box, or a grid, set on an element that now stands elsewhere.
+  static void leaveBox(Dom::Element &element);
+  static void leaveGrid(Dom::Element &element);
+  /// Takes away all that a layout may have set on one of its items.
+  static void leave(Dom::Element &element);
+  /// Takes away what a layout set on the element that it managed.
+  static void unmanage(Dom::Element &element);
 
   /// Makes `handle` a border that can be moved by mouse and keyboard: a horizontal one between rows if `betweenRows`.
   static void handle(Dom::Element &handle, bool betweenRows);

@@ -70,6 +70,9 @@ struct Session::ResourceRequest {
       handler.serve(std::move(head), std::move(files), tooLarge, answer);
     } catch (const std::exception &e) {
       log(LogLevel::Error, "session", std::string("a resource failed: ") + e.what());
+      // Has no effect on an answer that is under way.
+      answer->setStatus(500);
+      answer->finish();
     }
   }
 };

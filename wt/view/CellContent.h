@@ -29,7 +29,11 @@ public:
   /// Makes `cell` show it. The parts that it needs belong to `owner`.
   void renderInto(Dom::Element &cell, Dom::Owner *owner) const;
 
+  /// The user has checked or cleared the check box of a cell: the browser shows it already.
+  static void noteChecked(Dom::Element &cell, bool checked);
+
 private:
+  void renderText(Dom::Element &e, const std::string &text) const;
   std::string textOf(int role) const;
 
   const WModelIndex &index_;

@@ -20,6 +20,7 @@ namespace {
 const int cellExtra = 7;      ///< pixels that a column takes beside its width
 const int rowsAround = 10;    ///< rendered above and below what is in sight
 const int leastColumnWidth = 0;
+const int highestScroll = 1 << 29; ///< pixels; more than a browser can scroll
 
 int number(const RawEvent &event, std::size_t index)
 {
@@ -53,37 +54,42 @@ std::vector<int> TableElement::visibleColumns() const
   return columns;
 }
 
-void TableElement::columnsChanged()
+int TableElement::rowHeight() const
+{
+  return std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
+}
+
+WModelIndex TableElement::indexAt(int row, int column) const
+{
+  const bool there = row >= 0 && row < rowCount() && column >= 0 && column < view_.model()->columnCount();
+  return there ? view_.model()->index(row, column) : WModelIndex();
+}
+
+void TableElement::dropCells()
 {
   rows_.clear();
-  if (contents_)
-    contents_->setChildren({});
+  contents_->setChildren({});
   headCells_.clear();
-  if (headRow_)
-    headRow_->setChildren({});
-  repaint();
+  headRow_->setChildren({});
 }
 
 void TableElement::scrollTo(int row, WAbstractItemView::ScrollHint hint)
 {
-  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
-  const int top = row * rowHeight;
+  const int height = rowHeight();
+  const int top = row * height;
   if (hint == WAbstractItemView::PositionAtTop)
     scrollTop_ = top;
   else if (hint == WAbstractItemView::PositionAtBottom)
-    scrollTop_ = top + rowHeight - bodyHeight_;
+    scrollTop_ = top + height - bodyHeight_;
   else if (hint == WAbstractItemView::PositionAtCenter)
-    scrollTop_ = top + (rowHeight - bodyHeight_) / 2;
+    scrollTop_ = top + (height - bodyHeight_) / 2;
   else if (top < scrollTop_)
     scrollTop_ = top;
-  else if (top + rowHeight > scrollTop_ + bodyHeight_)
-    scrollTop_ = top + rowHeight - bodyHeight_;
+  else if (top + height > scrollTop_ + bodyHeight_)
+    scrollTop_ = top + height - bodyHeight_;
   scrollTop_ = std::max(0, scrollTop_);
+  pendingScroll_ = std::make_pair(row, hint);
   repaint();
-  if (element_)
-    element_->call("tableScroll", std::to_string(row) + "," + std::to_string(hint));
-  else
-    pendingScroll_ = std::make_pair(row, hint);
 }
 
 void TableElement::addOwnClasses(std::string &classes) const
@@ -103,7 +109,7 @@ void TableElement::render(Dom::Element &e)
   e.setIf(view_.selectionMode() == ExtendedSelection, "aria-multiselectable", "true");
   e.setIf(!isEnabled(), "aria-disabled", "true");
   e.set("*--wt-columns", trackList());
-  e.set("*--wt-row", view_.rowHeight().cssText());
+  e.set("*--wt-row", std::to_string(rowHeight()) + "px");
   e.set("!table", view_.selectionMode() == NoSelection ? "{}" : "{\"select\":1}");
 }
 
@@ -138,20 +144,24 @@ void TableElement::renderContents(Dom::Element &e)
   }
   body_->set("tabindex", isEnabled() ? "0" : "-1");
   headRow_->set("*height", view_.headerHeight().cssText());
+  const std::vector<int> columns = visibleColumns();
+  if (columns != columns_)
+    dropCells();
+  columns_ = columns;
   renderHead(document);
   renderBody(document);
   e.setChildren({head_, body_});
   if (pendingScroll_.first >= 0) {
-    const std::pair<int, int> wanted = pendingScroll_;
+    // Last of all: the row may have come with this very update.
+    e.call("tableScroll", std::to_string(pendingScroll_.first) + "," + std::to_string(pendingScroll_.second));
     pendingScroll_.first = -1;
-    e.set(".tableScroll", std::to_string(wanted.first) + "," + std::to_string(wanted.second));
   }
 }
 
 void TableElement::renderHead(Dom::Document &document)
 {
   std::vector<Dom::Element *> cells;
-  for (const int column : visibleColumns()) {
+  for (const int column : columns_) {
     Dom::Element *&cell = headCells_[column];
     if (!cell)
       cell = document.create("div", this);
@@ -196,12 +206,14 @@ void TableElement::renderHeadCell(Dom::Element &cell, int column)
 
 void TableElement::renderBody(Dom::Document &document)
 {
-  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
+  const int height = rowHeight();
   const int count = rowCount();
-  contents_->set("*height", std::to_string(count * rowHeight) + "px");
+  contents_->set("*height", std::to_string(count * height) + "px");
 
-  const int first = std::max(0, std::min(scrollTop_ / rowHeight - rowsAround, count - 1));
-  const int last = std::min(count, (scrollTop_ + bodyHeight_) / rowHeight + 1 + rowsAround);
+  // A list that has become shorter is not scrolled beyond its end, as the browser sees to as well.
+  const int top = std::max(0, std::min(scrollTop_, count * height - bodyHeight_));
+  const int first = std::max(0, std::min(top / height - rowsAround, count - 1));
+  const int last = std::min(count, (top + bodyHeight_) / height + 1 + rowsAround);
   std::vector<Row> rows(std::max(0, last - first));
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const int at = firstRow_ + static_cast<int>(i) - first;
@@ -211,11 +223,10 @@ void TableElement::renderBody(Dom::Document &document)
   rows_.swap(rows);
   firstRow_ = first;
 
-  const std::vector<int> columns = visibleColumns();
   std::vector<Dom::Element *> elements;
   elements.reserve(rows_.size());
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    renderRow(rows_[i], first + static_cast<int>(i), columns, document);
+    renderRow(rows_[i], first + static_cast<int>(i), columns_, document);
     elements.push_back(rows_[i].element);
   }
   contents_->setChildren(elements);
@@ -283,7 +294,7 @@ void TableElement::domGone(Dom::Element &gone) noexcept
 void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
 {
   if (event.name == "table:scroll") {
-    scrollTop_ = std::max(0, number(event, 0));
+    scrollTop_ = std::max(0, std::min(number(event, 0), highestScroll));
     bodyHeight_ = std::max(0, std::min(number(event, 1), 20000));
     repaint();
   } else if (event.name == "table:sort") {
@@ -293,8 +304,7 @@ void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
   } else if (event.name == "table:key") {
     userPressedKey(number(event, 0), number(event, 1));
   } else if (event.name == "table:check") {
-    if (view_.model())
-      view_.model()->setData(number(event, 0), number(event, 1), boost::any(number(event, 2) != 0), CheckStateRole);
+    userChecks(number(event, 0), number(event, 1), number(event, 2) != 0);
   } else if (event.name.compare(0, 6, "table:") == 0) {
     mouse(event);
   } else {
@@ -306,22 +316,37 @@ void TableElement::mouse(const RawEvent &event)
 {
   const int row = number(event, 0);
   const int column = number(event, 1);
-  const bool cell = row >= 0 && row < rowCount() && column >= 0 && column < view_.model()->columnCount();
-  const WModelIndex index = cell ? view_.model()->index(row, column) : WModelIndex();
   const WMouseEvent mouseEvent = EventAccess::make<WMouseEvent>(event);
   if (event.name == "table:down") {
-    if (cell && mouseEvent.button() == WMouseEvent::LeftButton) {
+    const WModelIndex index = indexAt(row, column);
+    const std::weak_ptr<int> life = life_;
+    if (index.isValid() && mouseEvent.button() == WMouseEvent::LeftButton) {
       currentRow_ = row;
       view_.userSelects(index, mouseEvent.modifiers());
     }
-    view_.mouseWentDown_.emit(index, mouseEvent);
+    // A slot may have changed the model, or deleted the view.
+    if (!life.expired())
+      view_.mouseWentDown_.emit(indexAt(row, column), mouseEvent);
   } else if (event.name == "table:up") {
-    view_.mouseWentUp_.emit(index, mouseEvent);
+    view_.mouseWentUp_.emit(indexAt(row, column), mouseEvent);
   } else if (event.name == "table:click") {
-    view_.clicked_.emit(index, mouseEvent);
+    view_.clicked_.emit(indexAt(row, column), mouseEvent);
   } else if (event.name == "table:dblclick") {
-    view_.doubleClicked_.emit(index, mouseEvent);
+    view_.doubleClicked_.emit(indexAt(row, column), mouseEvent);
   }
+}
+
+void TableElement::userChecks(int row, int column, bool checked)
+{
+  const WModelIndex index = indexAt(row, column);
+  if (!index.isValid())
+    return;
+  const auto shown = std::find(columns_.begin(), columns_.end(), column);
+  if (row >= firstRow_ && row - firstRow_ < static_cast<int>(rows_.size()) && shown != columns_.end())
+    CellContent::noteChecked(*rows_[row - firstRow_].cells[shown - columns_.begin()], checked);
+  repaint();
+  if (index.flags().testFlag(ItemIsUserCheckable) && !index.data(CheckStateRole).empty())
+    view_.model()->setData(index, boost::any(checked), CheckStateRole);
 }
 
 void TableElement::userPressedKey(int keyCode, int modifiers)
@@ -329,9 +354,11 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   const int count = rowCount();
   if (count == 0 || view_.selectionMode() == NoSelection)
     return;
-  const int rowHeight = std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
-  const int page = std::max(1, bodyHeight_ / rowHeight - 1);
-  const int current = currentRow_ >= count ? count - 1 : currentRow_;
+  const int page = std::max(1, bodyHeight_ / rowHeight() - 1);
+  // Who selects something else than by keys and mouse moves the keyboard there too.
+  const bool astray = !view_.selection_.empty() &&
+                      (currentRow_ < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != currentRow_));
+  const int current = std::min(astray ? view_.selection_[0].row : currentRow_, count - 1);
   int row = current;
   switch (keyCode) {
   case Key_Up: row = current - 1; break;
@@ -345,8 +372,9 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   row = std::max(0, std::min(row, count - 1));
   currentRow_ = row;
   const WFlags<KeyboardModifier> flags(static_cast<KeyboardModifier>(modifiers));
-  view_.userSelects(view_.model()->index(row, 0), flags);
+  // First: a slot of the selection may delete the view.
   scrollTo(row, WAbstractItemView::EnsureVisible);
+  view_.userSelects(view_.model()->index(row, 0), flags);
 }
 
 } // namespace Engine

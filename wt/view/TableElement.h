@@ -6,6 +6,7 @@
 #include <Wt/WWebWidget>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,11 +32,8 @@ public:
 
   static TableElement &of(WAbstractItemView &view) { return *view.element_; }
 
-  /// Data, rows or looks have changed.
+  /// Data, rows, columns or looks have changed.
   void modelChanged() { repaint(); }
-
-  /// The columns are others now, or differently aligned: rows are made anew.
-  void columnsChanged();
 
   void scrollTo(int row, WAbstractItemView::ScrollHint hint);
 
@@ -56,6 +54,8 @@ private:
   int rowCount() const;
   std::vector<int> visibleColumns() const;
   std::string trackList() const;
+  int rowHeight() const;
+  void dropCells();
   void renderHead(Dom::Document &document);
   void renderHeadCell(Dom::Element &cell, int column);
   void renderBody(Dom::Document &document);
@@ -63,6 +63,8 @@ private:
   void renderCell(Dom::Element &cell, const WModelIndex &index, AlignmentFlag alignment);
   std::string rowClasses(int index) const;
   void userPressedKey(int keyCode, int modifiers);
+  void userChecks(int row, int column, bool checked);
+  WModelIndex indexAt(int row, int column) const;
   void mouse(const RawEvent &event);
 
   WAbstractItemView &view_;
@@ -71,12 +73,14 @@ private:
   Dom::Element *body_ = nullptr;
   Dom::Element *contents_ = nullptr;
   std::map<int, Dom::Element *> headCells_; ///< by column
+  std::vector<int> columns_;                ///< that rows and head are made of
   std::vector<Row> rows_;
   int firstRow_ = 0; ///< of rows_
   int scrollTop_ = 0;
   int bodyHeight_ = 600; ///< pixels, until the browser tells
   int currentRow_ = -1;  ///< where the keyboard stands
   std::pair<int, int> pendingScroll_ = {-1, 0}; ///< row and hint, until the view is rendered
+  std::shared_ptr<int> life_ = std::make_shared<int>(); ///< lets see whether a slot has deleted the view
 };
 
 } // namespace Engine

@@ -16,7 +16,8 @@ using testing::HasSubstr;
 namespace
 {
 
-const char kRetrying[] = "Attempting to establish a connection with the internal database server. Please wait.";
+const char kRetrying[] =
+    "Attempting to establish a connection with the internal database server. Please wait.";
 const char kFailed[] = "Error communicating with the internal database server.";
 
 // A visitor while there is no store.
@@ -79,6 +80,16 @@ TEST_F(WithoutStore, retryWhileTheStoreIsStillAwayRetriesFiveTimesAgain)
     visitor_.advance(1ms);
     EXPECT_THAT(visitor_.dialogText(), HasSubstr(kFailed)) << round;
   }
+}
+
+TEST_F(WithoutStore, escapeRetriesRatherThanLeavingAnEmptyPage)
+{
+  waitOutTheRetries();
+  visitor_.event(visitor_.dialog(), "dialog:escape");
+  EXPECT_THAT(visitor_.dialogText(), HasSubstr(kRetrying));
+  SwitchScript store;
+  visitor_.advance(1s);
+  EXPECT_TRUE(visitor_.atLogin());
 }
 
 TEST_F(WithoutStore, retryAfterTheStoreCameUpLeadsToTheLogin)

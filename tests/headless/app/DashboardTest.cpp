@@ -35,18 +35,21 @@ protected:
   // connected to nothing, logged in for 3700 s.
   void putPeopleToWork()
   {
-    store_.setRecords("userSession", R"([{"index": 11, "userIndex": 7, "rxIndex": 3, "sessionStartTime": )" +
-                                         number(NevoSite::now() - 500) +
-                                         R"(}, {"index": 12, "userIndex": 1, "rxIndex": 4, "sessionStartTime": )" +
-                                         number(NevoSite::now() - 3700) + "}]");
-    store_.setRecords("connection",
-                      R"([{"index": 21, "rxIndex": 3, "txIndex": 5, "mode": "private_mode", "sessionStartTime": )" +
-                          number(NevoSite::now() - 65) + "}]");
+    store_.setRecords("userSession",
+                      R"([{"index": 11, "userIndex": 7, "rxIndex": 3, "sessionStartTime": )" +
+                          number(NevoSite::now() - 500) +
+                          R"(}, {"index": 12, "userIndex": 1, "rxIndex": 4, "sessionStartTime": )" +
+                          number(NevoSite::now() - 3700) + "}]");
+    store_.setRecords(
+        "connection",
+        R"([{"index": 21, "rxIndex": 3, "txIndex": 5, "mode": "private_mode", "sessionStartTime": )" +
+            number(NevoSite::now() - 65) + "}]");
   }
   static std::string event(int instance, const std::string &severity, const std::string &message)
   {
-    return R"({"instanceId": )" + number(instance) + R"(, "date": 1000000000, "originatorEid": "RRRRRR-000003", )" +
-           R"("severity": ")" + severity + R"(", "alertMsg": ")" + message + "\"}";
+    return R"({"instanceId": )" + number(instance) +
+           R"(, "date": 1000000000, "originatorEid": "RRRRRR-000003", )" + R"("severity": ")" + severity +
+           R"(", "alertMsg": ")" + message + "\"}";
   }
   void setEvents(const std::vector<std::string> &events)
   {
@@ -82,31 +85,30 @@ TEST_F(Dashboard, listsWhoWorksWhereWithWhatAndForHowLong)
 {
   putPeopleToWork();
   watch();
-  EXPECT_THAT(visitor_.rows(kSessions),
-              ElementsAre(Row({"anna", "EID - RRRRRR-000004", "", "", "1:01:40"}),
-                          Row({"bert", "Desk 3", "Gamma", "Private", "1:05"})));
+  EXPECT_THAT(visitor_.rows(kSessions), ElementsAre(Row({"anna", "EID - RRRRRR-000004", "", "", "1:01:40"}),
+                                                    Row({"bert", "Desk 3", "Gamma", "Private", "1:05"})));
 }
 
 TEST_F(Dashboard, namesItsColumns)
 {
   watch();
   Row headings;
-  for (const Visitor::Node *cell : visitor_.page().findAll([](const Visitor::Node &n) {
-         return n.get("role") == "columnheader";
-       }))
+  for (const Visitor::Node *cell :
+       visitor_.page().findAll([](const Visitor::Node &n) { return n.get("role") == "columnheader"; }))
     headings.push_back(cell->allText());
-  EXPECT_THAT(headings, ElementsAre("Username", "Receiver", "Transmitter", "Mode", "Duration", "Date/Time", "Type",
-                                    "Originator EID", "Message"));
+  EXPECT_THAT(headings, ElementsAre("Username", "Receiver", "Transmitter", "Mode", "Duration", "Date/Time",
+                                    "Type", "Originator EID", "Message"));
 }
 
 TEST_F(Dashboard, takesTheFirstConnectionOfAReceiver)
 {
   putPeopleToWork();
-  store_.setRecords("connection",
-                    R"([{"index": 20, "rxIndex": 9, "txIndex": 6, "mode": "private_mode", "sessionStartTime": 1},
+  store_.setRecords(
+      "connection",
+      R"([{"index": 20, "rxIndex": 9, "txIndex": 6, "mode": "private_mode", "sessionStartTime": 1},
                         {"index": 21, "rxIndex": 3, "txIndex": 6, "mode": "share_mode", "sessionStartTime": )" +
-                        number(NevoSite::now() - 7) +
-                        R"(}, {"index": 22, "rxIndex": 3, "txIndex": 5, "mode": "private_mode", "sessionStartTime": 1}])");
+          number(NevoSite::now() - 7) +
+          R"(}, {"index": 22, "rxIndex": 3, "txIndex": 5, "mode": "private_mode", "sessionStartTime": 1}])");
   watch();
   EXPECT_EQ(visitor_.rows(kSessions).back(),
             Row({"bert", "Desk 3", "EID - TTTTTT-000006", "Shared", "0:07"}));
@@ -117,9 +119,8 @@ TEST_F(Dashboard, showsNoModeAndTheTimeSinceTheLoginWhereConnectionsCannotBeRead
   putPeopleToWork();
   store_.fail("GET", "connection", R"([{"errno": 1}])");
   watch();
-  EXPECT_THAT(visitor_.rows(kSessions),
-              ElementsAre(Row({"anna", "EID - RRRRRR-000004", "", "", "1:01:40"}),
-                          Row({"bert", "Desk 3", "", "", "8:20"})));
+  EXPECT_THAT(visitor_.rows(kSessions), ElementsAre(Row({"anna", "EID - RRRRRR-000004", "", "", "1:01:40"}),
+                                                    Row({"bert", "Desk 3", "", "", "8:20"})));
 }
 
 TEST_F(Dashboard, livesWithAConnectionThatBreaksWhileItReads)
@@ -210,7 +211,8 @@ TEST_F(Dashboard, showsMarkupInNamesAsText)
   putPeopleToWork();
   store_.setRecords("user", R"([{"index": 7, "name": "<b>bert</b>"}, {"index": 2, "name": "operator"},
                                 {"index": 1, "name": "\"><script>x</script>"}])");
-  store_.setRecords("rx", R"([{"index": 3, "name": "<img src=x onerror=alert(1)>"}, {"index": 4, "name": "&lt;"}])");
+  store_.setRecords(
+      "rx", R"([{"index": 3, "name": "<img src=x onerror=alert(1)>"}, {"index": 4, "name": "&lt;"}])");
   store_.setRecords("tx", R"([{"index": 5, "name": "<i>Gamma</i>"}])");
   setEvents({event(1, "<u>", "<a href='javascript:x'>One</a>")});
   visitor_.open();
@@ -219,11 +221,12 @@ TEST_F(Dashboard, showsMarkupInNamesAsText)
                                 {"index": 2, "name": "operator", "passwordIsInitialized": "is_true"},
                                 {"index": 1, "name": "\"><script>x</script>"}])");
   visitor_.logIn();
-  EXPECT_THAT(visitor_.rows(kSessions),
-              ElementsAre(Row({"\"><script>x</script>", "&lt;", "", "", "1:01:40"}),
-                          Row({"<b>bert</b>", "<img src=x onerror=alert(1)>", "<i>Gamma</i>", "Private", "1:05"})));
+  EXPECT_THAT(visitor_.rows(kSessions), ElementsAre(Row({"\"><script>x</script>", "&lt;", "", "", "1:01:40"}),
+                                                    Row({"<b>bert</b>", "<img src=x onerror=alert(1)>",
+                                                         "<i>Gamma</i>", "Private", "1:05"})));
   EXPECT_THAT(messages(), ElementsAre("<a href='javascript:x'>One</a>"));
-  for (const Visitor::Node *cell : visitor_.page().findAll([](const Visitor::Node &n) { return n.tag == "~c"; }))
+  for (const Visitor::Node *cell :
+       visitor_.page().findAll([](const Visitor::Node &n) { return n.tag == "~c"; }))
     EXPECT_FALSE(cell->has("<")) << cell->text;
 }
 
@@ -264,8 +267,8 @@ TEST_F(Dashboard, selectsTheEventThatCameToTheSelectedRow)
   setEvents({event(1, "info", "One"), event(2, "info", "Two"), event(3, "info", "Three")});
   waitForRefresh();
   EXPECT_THAT(messages(), ElementsAre("Three", "Two", "One"));
-  const Visitor::Node *chosen =
-      visitor_.page().findIf([](const Visitor::Node &n) { return n.tag == "~r" && n.hasClass("Wt-selected"); });
+  const Visitor::Node *chosen = visitor_.page().findIf(
+      [](const Visitor::Node &n) { return n.tag == "~r" && n.hasClass("Wt-selected"); });
   ASSERT_TRUE(chosen);
   EXPECT_EQ(chosen->children.back()->text, "Two");
 }

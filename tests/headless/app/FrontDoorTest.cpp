@@ -164,7 +164,8 @@ TEST_F(Login, isSentByEnterInEitherFieldAndOnTheButton)
     visitor.type(visitor.field("Username"), "operator");
     visitor.type(visitor.field("Password"), "operator-1");
     store_.forgetRequests();
-    ASSERT_TRUE(visitor.key(place == places[2] ? visitor.button(place) : visitor.field(place), kEnter)) << place;
+    ASSERT_TRUE(visitor.key(place == places[2] ? visitor.button(place) : visitor.field(place), kEnter))
+        << place;
     EXPECT_TRUE(visitor.shows("Dashboard")) << place;
     EXPECT_EQ(store_.loginCount(), 1U) << place;
   }
@@ -219,9 +220,10 @@ TEST_F(Login, tellsWhomAForgottenPasswordIsAMatterFor)
 {
   visitor_.open();
   ASSERT_TRUE(visitor_.click("Forgot my password"));
-  EXPECT_EQ(visitor_.dialogText(),
-            "Forgot Password Contact Technical Support for help resetting the administrator password. To perform "
-            "the reset, you will need physical access to the serial port on this Switch. Ok");
+  EXPECT_EQ(
+      visitor_.dialogText(),
+      "Forgot Password Contact Technical Support for help resetting the administrator password. To perform "
+      "the reset, you will need physical access to the serial port on this Switch. Ok");
   visitor_.click(visitor_.button("Ok"));
   EXPECT_FALSE(visitor_.shows("Forgot Password"));
   EXPECT_TRUE(visitor_.atLogin());
@@ -407,12 +409,15 @@ TEST_F(SetPassword, canBeSetOnlyOnceBothFieldsHoldTheSameGoodPassword)
     const char *password;
     const char *confirmation;
     bool good;
-  } cases[] = {{"n3w", "", false},   {"n3w", "n3", false},    {"n3w", "n3w", true},   {"n3w", "N3w", false},
-               {"", "", false},      {"n 3w", "n 3w", false}, {"~!#", "~!#", true},   {"caf\xc3\xa9", "caf\xc3\xa9", false},
+  } cases[] = {{"n3w", "", false},     {"n3w", "n3", false},
+               {"n3w", "n3w", true},   {"n3w", "N3w", false},
+               {"", "", false},        {"n 3w", "n 3w", false},
+               {"~!#", "~!#", true},   {"caf\xc3\xa9", "caf\xc3\xa9", false},
                {"a\tb", "a\tb", false}};
   for (const auto &attempt : cases) {
     choose(attempt.password, attempt.confirmation);
-    EXPECT_EQ(visitor_.canPress("Set Password"), attempt.good) << attempt.password << '/' << attempt.confirmation;
+    EXPECT_EQ(visitor_.canPress("Set Password"), attempt.good)
+        << attempt.password << '/' << attempt.confirmation;
   }
 }
 
@@ -421,9 +426,10 @@ TEST_F(SetPassword, leadsToThePageOnceItIsSet)
   choose("n3w-Secret", "n3w-Secret");
   ASSERT_TRUE(visitor_.click(visitor_.button("Set Password")));
   EXPECT_TRUE(visitor_.shows("Dashboard"));
-  EXPECT_THAT(store_.requests("SET"),
-              testing::ElementsAre(R"({"method":"SET","params":{"name":"operator","password":"n3w-Secret",)"
-                                   R"("passwordIsInitialized":"is_true","role":"admin"},"resource":"user"})"));
+  EXPECT_THAT(
+      store_.requests("SET"),
+      testing::ElementsAre(R"({"method":"SET","params":{"name":"operator","password":"n3w-Secret",)"
+                           R"("passwordIsInitialized":"is_true","role":"admin"},"resource":"user"})"));
 }
 
 TEST_F(SetPassword, isSentByEnterOnlyWhereItIsGood)

@@ -3,9 +3,8 @@
 
 #include "NevoPath.h"
 
-#include <Wt/WServer>
 #include <Wt/WIOService>
-
+#include <Wt/WServer>
 #include <arpa/inet.h>
 #include <atomic>
 #include <chrono>
@@ -69,7 +68,8 @@ Outcome run(const std::string &command)
   if (!pipe)
     return result;
   char bytes[256];
-  for (std::size_t got = fread(bytes, 1, sizeof bytes, pipe); got > 0; got = fread(bytes, 1, sizeof bytes, pipe))
+  for (std::size_t got = fread(bytes, 1, sizeof bytes, pipe); got > 0;
+       got = fread(bytes, 1, sizeof bytes, pipe))
     result.said.append(bytes, got);
   const int status = pclose(pipe);
   result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -78,7 +78,8 @@ Outcome run(const std::string &command)
 
 std::string server(const std::string &options)
 {
-  return "NEVO_LOG_STDERR=1 timeout 60 " NEVO_SERVER " --docroot=" NEVO_SOURCE_DIR " --http-address=127.0.0.1 " +
+  return "NEVO_LOG_STDERR=1 timeout 60 " NEVO_SERVER " --docroot=" NEVO_SOURCE_DIR
+         " --http-address=127.0.0.1 " +
          options;
 }
 
@@ -262,8 +263,9 @@ TEST(Server, endsWithZeroAndAClearWordWhereItsPortIsTaken)
 TEST(Server, endsWithZeroAndAClearWordWhereItsCertificateIsNone)
 {
   const TemporaryFile certificate("this is no certificate\n");
-  const Outcome ended = run(server("--http-port=0 --https-address=127.0.0.1 --https-port=0 --ssl-certificate=" +
-                               certificate.path() + " --ssl-private-key=" + certificate.path()));
+  const Outcome ended =
+      run(server("--http-port=0 --https-address=127.0.0.1 --https-port=0 --ssl-certificate=" +
+                 certificate.path() + " --ssl-private-key=" + certificate.path()));
   EXPECT_EQ(ended.status, 0);
   EXPECT_THAT(ended.said, HasSubstr("Server exception ("));
   EXPECT_THAT(ended.said, HasSubstr(certificate.path()));

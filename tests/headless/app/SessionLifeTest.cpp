@@ -222,15 +222,17 @@ TEST_F(Interface, saysPlainlyWhatAManagedSwitchAndASlaveDoNotOffer)
 {
   store_.setGlobal("managedSetting", "verified");
   logIn();
-  EXPECT_TRUE(visitor_.shows("This switch is under an external manager. Use the manager to change its settings: "
-                             "this page does not offer them."));
+  EXPECT_TRUE(
+      visitor_.shows("This switch is under an external manager. Use the manager to change its settings: "
+                     "this page does not offer them."));
   store_.setRole("slave", "none");
   store_.setGlobal("managedSetting", "non_managed");
   Visitor slave(site_);
   slave.open();
   slave.logIn();
-  EXPECT_TRUE(slave.shows("This switch is a slave in a cascade. Log in to the master switch to run the system: "
-                          "this page does not offer the slave's own settings."));
+  EXPECT_TRUE(
+      slave.shows("This switch is a slave in a cascade. Log in to the master switch to run the system: "
+                  "this page does not offer the slave's own settings."));
 }
 
 TEST_F(Interface, ofASlaveReadsNoLists)
@@ -295,8 +297,10 @@ TEST_F(PlainHttp, isNoMatterOfASecurePage)
 
 TEST_F(Header, showsHostileNamesAsText)
 {
-  store_.setRecords("swx", R"([{"index": 1, "name": "<i>North</i>", "mode": "master", "cascadeRole": "controller"}])");
-  store_.setRecords("user", R"([{"index": 2, "name": "<script>x</script>", "passwordIsInitialized": "is_true"}])");
+  store_.setRecords(
+      "swx", R"([{"index": 1, "name": "<i>North</i>", "mode": "master", "cascadeRole": "controller"}])");
+  store_.setRecords("user",
+                    R"([{"index": 2, "name": "<script>x</script>", "passwordIsInitialized": "is_true"}])");
   logIn();
   const std::string line = "Corvane KVM, user: <script>x</script>, logged in to <i>North</i>";
   ASSERT_TRUE(visitor_.byText(line));

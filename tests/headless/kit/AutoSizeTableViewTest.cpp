@@ -4,9 +4,7 @@
 #include "WObjListContextPanel.h"
 
 #include <Wt/WStandardItemModel>
-
 #include <boost/any.hpp>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

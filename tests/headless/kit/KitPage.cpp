@@ -2,7 +2,6 @@
 #include "KitPage.h"
 
 #include <Wt/WMessageResourceBundle>
-
 #include <boost/bind.hpp>
 
 KitPage::KitPage(std::function<void(Wt::WContainerWidget &root)> build)

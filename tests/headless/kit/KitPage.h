@@ -8,7 +8,6 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WEvent>
 #include <Wt/WPushButton>
-
 #include <functional>
 #include <string>
 

@@ -6,7 +6,6 @@
 #include "WProgressDialog.h"
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
 using namespace std::chrono_literals;
@@ -204,8 +203,8 @@ TEST(StoreErrorBox, headsTheStoresMessagesWithWhatFailed)
   const struct {
     int type;
     const char *heading;
-  } cases[] = {{0, "Error reading value(s)."},    {1, "Error writing value(s)."},
-               {2, "Error creating record(s)."},  {3, "Error deleting record(s)."},
+  } cases[] = {{0, "Error reading value(s)."},     {1, "Error writing value(s)."},
+               {2, "Error creating record(s)."},   {3, "Error deleting record(s)."},
                {4, "Error performing operation."}, {17, "Error performing operation."}};
   for (const auto &one : cases) {
     Shown shown([&one] {

@@ -33,11 +33,11 @@ TEST_F(NevoUtilMenu, marksATabOnceAndTakesTheMarkAwayAgain)
 TEST_F(NevoUtilMenu, marksATranslatedLabel)
 {
   session.useTexts();
-  Wt::WMenuItem *item = tab(text("Devices"));
+  Wt::WMenuItem *item = tab(text("Dashboard"));
   NevoUtil_indicateChange(item, true);
-  EXPECT_EQ(item->text().toUTF8(), "Devices*");
+  EXPECT_EQ(item->text().toUTF8(), "Dashboard*");
   NevoUtil_indicateChange(item, false);
-  EXPECT_EQ(item->text().toUTF8(), "Devices");
+  EXPECT_EQ(item->text().toUTF8(), "Dashboard");
 }
 
 TEST_F(NevoUtilMenu, takesOnlyTheLastStarAwayAndBearsAnEmptyLabel)

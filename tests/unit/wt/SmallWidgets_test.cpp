@@ -8,12 +8,12 @@
 #include <Wt/WPushButton>
 #include <Wt/WResource>
 #include <Wt/WText>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class EmptyResource : public WResource
 {
@@ -188,7 +188,8 @@ TEST(WPushButton, doesNothingWhileItIsDisabledHoweverItIsPressed)
     button->setEnabled(false);
   });
   EXPECT_TRUE(page.tag("button")->has("disabled"));
-  page.browser->sendRaw("{\"n\":1,\"a\":1,\"e\":[[" + std::to_string(page.tag("button")->id) + ",\"click\"]]}");
+  page.browser->sendRaw("{\"n\":1,\"a\":1,\"e\":[[" + std::to_string(page.tag("button")->id) +
+                        ",\"click\"]]}");
   EXPECT_EQ("", record.text);
 }
 

@@ -2,12 +2,12 @@
 #include "WidgetPage.h"
 
 #include <Wt/WCheckBox>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class BoxPage
 {
@@ -15,8 +15,10 @@ public:
   explicit BoxPage(const char *text)
       : page([this, text](WContainerWidget *root) {
           box = new WCheckBox(text, root);
-          box->changed().connect(std::bind([this] { record.note("changed" + std::to_string(box->checkState()))(); }));
-          box->clicked().connect(std::bind([this] { record.note("clicked" + std::to_string(box->checkState()))(); }));
+          box->changed().connect(
+              std::bind([this] { record.note("changed" + std::to_string(box->checkState()))(); }));
+          box->clicked().connect(
+              std::bind([this] { record.note("clicked" + std::to_string(box->checkState()))(); }));
           box->checked().connect(std::bind(record.note("checked")));
           box->unChecked().connect(std::bind(record.note("unchecked")));
         })

@@ -4,12 +4,12 @@
 #include <Wt/WComboBox>
 #include <Wt/WRegExpValidator>
 #include <Wt/WStandardItemModel>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 /// A combo that a test fills and acts on; the page shows it from the start.
 class ComboPage

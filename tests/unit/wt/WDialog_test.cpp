@@ -8,13 +8,13 @@
 #include <Wt/WPushButton>
 #include <Wt/WText>
 #include <Wt/WTimer>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 using namespace std::chrono_literals;
 
-namespace {
+namespace
+{
 
 WPushButton *button(const char *text, WContainerWidget *parent, std::function<void()> action)
 {
@@ -46,7 +46,8 @@ public:
     WDialog dialog("Question");
     shown = &dialog;
     dialog.finished().connect(std::bind([this, &dialog] {
-      record.note(std::string("finished-") + name(dialog.result()) + (dialog.isHidden() ? "-hidden" : "-shown"))();
+      record.note(std::string("finished-") + name(dialog.result()) +
+                  (dialog.isHidden() ? "-hidden" : "-shown"))();
     }));
     if (escape)
       dialog.rejectWhenEscapePressed();
@@ -246,12 +247,16 @@ TEST(WDialog, returnsFromAnOuterExecOnlyAfterTheInnerOne)
   p.page.browser->click("Ask");
   WDialog *outer = p.shown;
   p.page.browser->click("Again");
-  EXPECT_EQ(2u, p.page.browser->page().findAll([](const Testing::Node &n) { return n.hasClass("Wt-dialog"); }).size());
+  EXPECT_EQ(
+      2u,
+      p.page.browser->page().findAll([](const Testing::Node &n) { return n.hasClass("Wt-dialog"); }).size());
   p.page.run([&] { outer->accept(); });
   EXPECT_EQ("finished-accepted-shown", p.record.text);
-  p.page.browser->click(p.page.browser->page().findAll([](const Testing::Node &n) { return n.text == "No"; }).at(1));
-  EXPECT_EQ("finished-accepted-shown finished-rejected-shown returned-rejected-hidden returned-accepted-hidden",
-            p.record.text);
+  p.page.browser->click(
+      p.page.browser->page().findAll([](const Testing::Node &n) { return n.text == "No"; }).at(1));
+  EXPECT_EQ(
+      "finished-accepted-shown finished-rejected-shown returned-rejected-hidden returned-accepted-hidden",
+      p.record.text);
   EXPECT_EQ(nullptr, p.frame());
 }
 

@@ -3,17 +3,16 @@
 
 #include <Wt/WFileUpload>
 #include <Wt/WProgressBar>
-
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 #include <unistd.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 /// Notes the status that a request was answered with.
 class NotedResponse : public Engine::ResourceResponse
@@ -45,7 +44,8 @@ public:
       : page([this](WContainerWidget *root) {
           upload = new WFileUpload(root);
           upload->changed().connect(std::bind(record.note("changed")));
-          upload->uploaded().connect(std::bind([this] { record.note(upload->empty() ? "uploaded-none" : "uploaded")(); }));
+          upload->uploaded().connect(
+              std::bind([this] { record.note(upload->empty() ? "uploaded-none" : "uploaded")(); }));
           upload->fileTooLarge().connect(boost::bind(&UploadPage::tooLarge, this, ::_1));
           upload->dataReceived().connect(boost::bind(&UploadPage::received, this, ::_1, ::_2));
         })
@@ -63,7 +63,10 @@ public:
     record.note(std::to_string(got) + "/" + std::to_string(total))();
   }
 
-  Testing::Node *form() const { return page.browser->page().findIf([](const Testing::Node &n) { return n.tag == "form"; }); }
+  Testing::Node *form() const
+  {
+    return page.browser->page().findIf([](const Testing::Node &n) { return n.tag == "form"; });
+  }
   void choose() { page.browser->event(form(), "change"); }
   void start()
   {

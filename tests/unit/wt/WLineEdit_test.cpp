@@ -6,12 +6,12 @@
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WRegExpValidator>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class EditPage
 {

@@ -3,12 +3,12 @@
 
 #include <Wt/WStackedWidget>
 #include <Wt/WText>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class StackPage
 {
@@ -23,7 +23,10 @@ public:
   }
 
   /// The texts that the browser shows.
-  std::string shown() const { return page.styled("Wt-stack") ? visibleText(*page.styled("Wt-stack")) : "none"; }
+  std::string shown() const
+  {
+    return page.styled("Wt-stack") ? visibleText(*page.styled("Wt-stack")) : "none";
+  }
 
   WStackedWidget *stack = nullptr;
   WidgetPage page;

@@ -6,12 +6,12 @@
 #include <Wt/WStackedWidget>
 #include <Wt/WTabWidget>
 #include <Wt/WText>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 /// Tabs "A", "B", ... with the texts "page A", "page B", ...
 class TabPage
@@ -108,7 +108,8 @@ TEST(WTabWidget, keepsALazyPageOutsideTheTreeUntilItIsFirstChosen)
 TEST(WTabWidget, sendsNoPageThatWasNeverShown)
 {
   TabPage p(2);
-  EXPECT_EQ(nullptr, p.page.browser->page().findIf([](const Testing::Node &n) { return n.text == "page B"; }));
+  EXPECT_EQ(nullptr,
+            p.page.browser->page().findIf([](const Testing::Node &n) { return n.text == "page B"; }));
 }
 
 TEST(WTabWidget, loadsAPageAtOnceWhereThatIsAskedFor)

@@ -4,12 +4,12 @@
 #include <Wt/WLineEdit>
 #include <Wt/WTable>
 #include <Wt/WText>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class TablePage
 {
@@ -93,7 +93,8 @@ TEST(WTable, deletesTheContentsOfARowWithIt)
 {
   bool gone = false;
   TablePage p(1, 1);
-  p.page.run([&] { p.table->elementAt(0, 0)->widget(0)->destroyed().connect(std::bind([&] { gone = true; })); });
+  p.page.run(
+      [&] { p.table->elementAt(0, 0)->widget(0)->destroyed().connect(std::bind([&] { gone = true; })); });
   p.page.run([&] { p.table->deleteRow(0); });
   EXPECT_TRUE(gone);
 }

@@ -2,12 +2,12 @@
 #include "WidgetPage.h"
 
 #include <Wt/WTextArea>
-
 #include <gtest/gtest.h>
 
 using namespace Wt;
 
-namespace {
+namespace
+{
 
 class AreaPage
 {

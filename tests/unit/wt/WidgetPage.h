@@ -6,7 +6,6 @@
 
 #include <Wt/WApplication>
 #include <Wt/WContainerWidget>
-
 #include <functional>
 #include <memory>
 #include <string>
