@@ -33,7 +33,7 @@ const screens = [
   }],
   ['set-password', async page => {
     await page.keyboard.press('Enter');
-    await loginForm(page).waitFor();
+    await box(page, 'Authentication failure').waitFor({ state: 'detached' });
     await fillLogin(page, newcomer);
     await page.getByRole('button', { name: 'Log In' }).click();
     await box(page, 'Set Password').getByRole('button', { name: 'Set Password' }).waitFor();

@@ -116,12 +116,12 @@ class Rig {
   get serverIsAlive() { return this.server !== null && this.server.exitCode === null && this.server.signalCode === null; }
 
   async end() {
-    const died = this.server && !this.serverIsAlive;
+    const died = this.server && !this.serverIsAlive ? `${this.server.signalCode ?? `status ${this.server.exitCode}`}` : '';
     await this.#end('server', 'SIGTERM');
     await this.#end('store', 'SIGTERM');
     await this.line?.end();
     rmSync(this.folder, { recursive: true, force: true });
-    if (died) throw new Error(`The server died.\n${this.output}`);
+    if (died) throw new Error(`The server died (${died}).\n${this.output}`);
   }
 }
 
