@@ -1189,4 +1189,10 @@ commands.tableScroll = (el, row, hint) => {
   body.scrollTop = at;
 };
 
+/// The picture of the browser's tab comes last: nothing waits for it.
+addEventListener('load', () => setTimeout(() => {
+  const icon = document.querySelector('link[rel=icon][data-href]');
+  if (icon) icon.href = icon.dataset.href;
+}, 3000));
+
 connect();

@@ -156,7 +156,8 @@ std::string SessionManager::bootstrapPage(const RequestHead &head)
                      "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
                      "<title></title>\n";
   if (place && !place->favicon.empty())
-    page += "<link rel=\"icon\" href=\"" + escaped(place->favicon) + "\">\n";
+    // The runtime fetches it once the page is shown.
+    page += "<link rel=\"icon\" href=\"data:,\" data-href=\"" + escaped(place->favicon) + "\">\n";
   page += "<script type=\"module\" src=\"" + path + "?request=script&amp;v=" + escaped(config_.scriptVersion) +
           "\"></script>\n</head>\n<body class=\"Wt-ltr\" data-wt=\"" + path + "\">\n"
           "<noscript>This page needs JavaScript.</noscript>\n</body>\n</html>\n";
