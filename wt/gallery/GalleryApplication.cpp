@@ -36,6 +36,8 @@ GalleryApplication::GalleryApplication(const Wt::WEnvironment &environment) : Wt
   addIconPairs(page);
   addProgressBars(page);
   addTables(page);
+  addLayouts(page);
+  addViews(page);
   addTabs(page);
   addStacks(page);
   addDialogs(page);

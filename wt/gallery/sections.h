@@ -23,6 +23,8 @@ void addTextsAndLinks(Wt::WContainerWidget *page);
 void addIconPairs(Wt::WContainerWidget *page);
 void addProgressBars(Wt::WContainerWidget *page);
 void addTables(Wt::WContainerWidget *page);
+void addLayouts(Wt::WContainerWidget *page);
+void addViews(Wt::WContainerWidget *page);
 void addTabs(Wt::WContainerWidget *page);
 void addStacks(Wt::WContainerWidget *page);
 void addDialogs(Wt::WContainerWidget *page);
