@@ -106,7 +106,8 @@ TEST_F(Dashboard, takesTheFirstConnectionOfAReceiver)
   store_.setRecords(
       "connection",
       R"([{"index": 20, "rxIndex": 9, "txIndex": 6, "mode": "private_mode", "sessionStartTime": 1},
-                        {"index": 21, "rxIndex": 3, "txIndex": 6, "mode": "share_mode", "sessionStartTime": )" +
+                        {"index": 21, "rxIndex": 3, "txIndex": 6, "mode": "share_mode",
+                         "sessionStartTime": )" +
           number(NevoSite::now() - 7) +
           R"(}, {"index": 22, "rxIndex": 3, "txIndex": 5, "mode": "private_mode", "sessionStartTime": 1}])");
   watch();
