@@ -37,6 +37,12 @@ std::string lowerCase(std::string_view text)
   return result;
 }
 
+bool hasAttribute(const RichNode &node, std::string_view name)
+{
+  return std::any_of(node.attributes.begin(), node.attributes.end(),
+                     [name](const auto &attribute) { return attribute.first == name; });
+}
+
 /// Reads the markup from left to right; every method that can fail returns false then.
 class Parser
 {
@@ -201,7 +207,7 @@ private:
         return false;
       seen.push_back(name);
       const std::string lower = lowerCase(name);
-      if (isAllowedAttribute(lower, value, trust_))
+      if (isAllowedAttribute(lower, value, trust_) && !hasAttribute(node, lower))
         node.attributes.emplace_back(lower, std::move(value));
     }
   }

@@ -93,6 +93,12 @@ TEST(RichText, GivesATreeThatNeedsNoParsing)
   EXPECT_EQ(text->plainText(), "a < b\n");
 }
 
+TEST(RichText, OfAttributesThatDifferInCaseOnlyTheFirstStays)
+{
+  EXPECT_EQ(reduced("<p cLass='a' class='b'>t</p>"), "<p class=\"a\">t</p>");
+  EXPECT_EQ(reduced("<p class='a' class='b'>t</p>"), "(plain)");
+}
+
 TEST(RichText, VoidElementsLoseWhatTheyShouldNotHold)
 {
   EXPECT_EQ(reduced("<br>x</br>"), "<br />");
