@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "KitDemo.h"
 
+#include "Db.h"
 #include "DemoTables.h"
 #include "Main.h"
 #include "WSettingsTab.h"
 #include "WSettingsTable.h"
+#include "ZelReq.h"
+#include "ZelRsp.h"
+#include "ZelValue.h"
 
 #include <Wt/WCheckBox>
 #include <Wt/WEnvironment>
@@ -18,6 +22,23 @@ namespace
 
 const unsigned int recordCount = 3;
 const int refreshMilliseconds = 1000;
+
+// The transmitters of the store.
+std::vector<TargetItem> targets()
+{
+  std::vector<TargetItem> found;
+  ZelClient_s *client = 0;
+  if (Db_db.getZelClient(client) != 0)
+    return found;
+  const ZelResponse response(ZelReq_txRetrieve(client, "[\"index\",\"eid\",\"name\"]"));
+  for (int i = 0; i < ZelRspUtil_numEntries(response.get()); ++i) {
+    json_t *row = ZelObj_getRow(response.get(), static_cast<unsigned int>(i));
+    const char *eid = ZelRsp_txGetEid(row);
+    const char *name = ZelRsp_txGetName(row);
+    found.push_back({ZelRsp_txGetIndex(row), false, eid ? eid : "", name ? name : ""});
+  }
+  return found;
+}
 
 } // namespace
 
@@ -33,7 +54,14 @@ KitDemo::KitDemo(const Wt::WEnvironment &environment)
   new Wt::WText("<h1>Bound widgets</h1>", page);
   addRecordChoice();
   addSection("Receivers", {DemoTables_receivers(), DemoTables_receiversAtOnce()});
+  addSection("Choices of receivers", {DemoTables_receiverChoices(), DemoTables_receiverVideo()});
+  addSection("Targets", {DemoTables_targets(targets())});
+  addSection("Transmitters", {DemoTables_transmitters()});
+  addSection("Switches", {DemoTables_switches()});
+  addSection("Network", {DemoTables_network()});
+  addSection("Users", {DemoTables_users()});
   addSection("System", {DemoTables_system()});
+  addSection("Addresses of the system", {DemoTables_systemAddresses(), DemoTables_unbound()});
   new Wt::WText("End of the kit", page);
   selectionChangedHandler();
   refreshTimer->setInterval(refreshMilliseconds);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Every bound widget of the kit on one page, over live records of a store: for the eye and for browser tests.
-#include "KitDemo.h"
 #include "Main.h"
+
+#include "KitDemo.h"
 
 #include <Wt/WServer>
 #include <cstdio>
