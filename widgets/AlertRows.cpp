@@ -83,9 +83,9 @@ std::vector<AlertRecord> newestFirst(AlertRows::Retrieve retrieve)
     return std::vector<AlertRecord>();
   const ZelResponse response(retrieve(client, AlertRecord::kSelect));
   std::vector<AlertRecord> alerts = AlertRecord::readAll(response.get());
-  std::stable_sort(
-      alerts.begin(), alerts.end(),
-      [](const AlertRecord &left, const AlertRecord &right) { return left.instanceId > right.instanceId; });
+  std::stable_sort(alerts.begin(), alerts.end(), [](const AlertRecord &left, const AlertRecord &right) {
+    return left.instanceId > right.instanceId;
+  });
   return alerts;
 }
 

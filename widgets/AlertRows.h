@@ -25,8 +25,8 @@ typedef json_t *(*Retrieve)(ZelClient_s *client, const char *select);
 /// The headings in UTF-8; `instance` heads the hidden column.
 std::vector<std::string> headings(const std::string &instance);
 
-/// Reads the store's list into the model, the newest alert on top; a list that cannot be read leaves it empty.
-/// A model that shows the list already is not touched.
+/// Reads the store's list into the model, the newest alert on top; a list that cannot be read leaves it
+/// empty. A model that shows the list already is not touched.
 void read(Retrieve retrieve, Wt::WStandardItemModel &model);
 
 } // namespace AlertRows

@@ -8,8 +8,7 @@
 
 /// What connecting to a widget's signal gives, to take the connection back by; releases of the toolkit name
 /// the type differently.
-typedef decltype(std::declval<Wt::Signal<> &>().connect(static_cast<Wt::WObject *>(0),
-                                                        static_cast<Wt::WObject::Method>(0)))
-    SignalConnection;
+typedef decltype(std::declval<Wt::Signal<> &>().connect(
+    static_cast<Wt::WObject *>(0), static_cast<Wt::WObject::Method>(0))) SignalConnection;
 
 #endif // WIDGETS_SIGNAL_CONNECTION_H_

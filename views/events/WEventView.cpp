@@ -144,7 +144,8 @@ void WEventView::ackAllActionButtonClicked()
 void WEventView::clearActionButtonClicked()
 {
   const WConfirmation confirmation = {"enableClearEventHistoryWarning", text("Confirm Clear"),
-                                      text("Are you sure you want to clear the event history?"), text("Clear")};
+                                      text("Are you sure you want to clear the event history?"),
+                                      text("Clear")};
   if (!confirmation.ask())
     return;
   Db::Errors errors;

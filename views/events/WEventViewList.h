@@ -14,8 +14,8 @@ class WEventViewList : public WObjListContextPanel
 public:
   void readFromDatabase() override;
 
-  /// The texts of the one selected row, in UTF-8, and its instance. True if there is no such row, which leaves
-  /// the texts empty, or if it cannot be read, which the message then says.
+  /// The texts of the one selected row, in UTF-8, and its instance. True if there is no such row, which
+  /// leaves the texts empty, or if it cannot be read, which the message then says.
   virtual bool getCurrentlySelectedRecord(unsigned int &index, std::string &date, std::string &type,
                                           std::string &eid, std::string &message);
 

@@ -15,7 +15,8 @@ const int panelHeight = 260; ///< pixels
 } // namespace
 
 WDashViewEventList::WDashViewEventList(Wt::WContainerWidget *parent)
-    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, panelHeight, AlertRows::ColumnCount, parent)
+    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, panelHeight, AlertRows::ColumnCount,
+                                     parent)
 {
   setColumns(AlertRows::headings("InstanceID"));
   tableView->setAttributeValue("data-empty", text("There are no unacknowledged events."));
