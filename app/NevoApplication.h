@@ -24,6 +24,7 @@ class WTimer;
 
 class WBannerDialog;
 class WDashView;
+class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
@@ -143,6 +144,7 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WEventView *eventView;
   std::vector<MainTab> mainTabs; ///< as they stand on the page
   Wt::WMenuItem *usrMenuItem;
   Wt::WMenuItem *devMenuItem;

@@ -6,6 +6,7 @@
 #include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
+#include "WEventView.h"
 #include "WStandardHeader.h"
 
 #include <Wt/WContainerWidget>
@@ -106,6 +107,8 @@ void NevoApplication::createMasterUi()
   beginPage();
   dashView = new WDashView();
   addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
+  eventView = new WEventView();
+  eventMenuItem = addMainTab(eventView, text("Events"), [this] { eventView->readFromDatabase(false); });
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();

@@ -76,7 +76,8 @@ protected:
 
   /// Adds a row with a new field of class `Field`, which takes a resource, a parameter and whether it is
   /// indexed.
-  template <class Field> Field *add(const Wt::WString &label, const char *param, const Wt::WString &toolTip)
+  template <class Field>
+  Field *add(const Wt::WString &label, const char *param, const Wt::WString &toolTip = Wt::WString())
   {
     return addField(label, new Field(resource, param, isIndexed()), toolTip, param);
   }
