@@ -44,7 +44,7 @@ private:
   void addActions(WNavAccordion &accordion);
   WNavAccordionStdCell *addAction(WNavAccordion &accordion, const Wt::WString &title,
                                   const Wt::WString &button, const Wt::WString &description);
-  void refreshList(WEventViewList &list, Handler selectionChanged);
+  bool refreshList(WEventViewList &list);
   void followSelection(WEventViewList &list, WEventViewList &other, SignalConnection &otherConnection,
                        Handler otherChanged);
 
