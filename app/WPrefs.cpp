@@ -34,12 +34,14 @@ WPrefs::WPrefs()
   buttons->setStyleClass("nevo-dialog-buttons");
   cancelButton = new Wt::WPushButton(text("Cancel"), buttons);
   saveButton = new Wt::WPushButton(text("Save"), buttons);
+  saveButton->setDefault(true);
   saveButton->disable();
 
   saveButton->clicked().connect(this, &WPrefs::saveButtonClickedHandler);
   cancelButton->clicked().connect(this, &WPrefs::cancelButtonClickedHandler);
   table->contentChanged().connect(this, &WPrefs::contentChangedHandler);
   table->readFromDatabase(ownRecord());
+  table->setFocusOnFirst();
 }
 
 void WPrefs::contentChangedHandler()

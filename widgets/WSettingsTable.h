@@ -59,6 +59,9 @@ public:
   /// Whether the user is in one of the fields.
   virtual bool anyWidgetHasFocus() const;
 
+  /// Puts the user into the first field that can be edited.
+  void setFocusOnFirst();
+
   /// Whether the user changed something since it was last written or put back.
   bool hasChangedContent() const { return edited; }
   void clearContentChanged();

@@ -4,7 +4,7 @@
 
 #include "KitPage.h"
 #include "ScriptedStore.h"
-#include "WComboBoxZel.h"
+#include "WEnableDisable.h"
 #include "WSettingsTable.h"
 #include "WTextZel.h"
 
@@ -18,24 +18,6 @@
 
 using Indexes = std::vector<unsigned int>;
 
-// A choice between "enabled" and "disabled".
-class Switch : public WComboBoxZel
-{
-public:
-  Switch(const char *resource, const char *param, bool indexed, Wt::WContainerWidget *parent = 0)
-      : WComboBoxZel(resource, param, indexed, choices(), 2, parent)
-  {
-  }
-  bool isOn() { return currentIndex() == 0; }
-
-private:
-  static const Triplet *choices()
-  {
-    static const Triplet table[] = {{"enabled", "On", 1}, {"disabled", "Off", 2}};
-    return table;
-  }
-};
-
 // A table over receivers such as the views have many: attributes with rules, and one that depends on another.
 class ReceiverTable : public WSettingsTable
 {
@@ -47,9 +29,9 @@ public:
     addLine("Name", "name", "What it is called", 40, "^([ -~]*)$", true);
     addLine("Location", "location", "Where it stands", 64, "^([ -~\n]*)$");
     addArea("Notes", "notes", "What there is to say", "([ -~\n]{0,64})");
-    Switch *scaling = add<Switch>("Scaling", "scaling");
+    WEnableDisable *scaling = add<WEnableDisable>("Scaling", "scaling");
     WLineEditUInt32Zel *timeout = addNumber("Timeout", "timeout", "Minutes", 0, 1440, false);
-    enableWhile(timeout, [scaling] { return scaling->isOn(); });
+    enableWhile(timeout, [scaling] { return scaling->isChosenEnabled(); });
     addReadOnly<WTextZel>("EID", "eid");
   }
 };

@@ -154,7 +154,7 @@ TEST_F(SettingsTabs, anInvalidEditMarksTheTabButOffersNoSave)
 
 TEST_F(SettingsTabs, ofSeveralRecordsOneValidFieldIsEnoughToSave)
 {
-  selected_ = {1, 3};
+  selected_ = {1, 2}; // of which the names differ, and a name is mandatory
   show();
   edit("Timeout", "1441");
   EXPECT_TRUE(canSave());
@@ -243,7 +243,7 @@ TEST_F(SettingsTabs, cancelPutsTheStoresValuesBackAndWritesNothing)
 {
   show();
   edit("Location", "cellar");
-  choose("Scaling", "Off");
+  choose("Scaling", "Disabled");
   cancel();
   EXPECT_EQ(value("Location"), "hall");
   EXPECT_EQ(value("Scaling"), "0");

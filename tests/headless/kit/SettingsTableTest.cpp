@@ -100,7 +100,7 @@ TEST_F(SettingsTable, showsHeadingsAndARowOfLabelAndFieldForEachSetting)
   EXPECT_TRUE(visitor().field("Scaling")->hasClass("nevo-attribute-table-read-write-combo-box"));
   EXPECT_TRUE(visitor().field("Name")->parent->hasClass("nevo-attribute-table-read-write-cell"));
   EXPECT_TRUE(visitor().field("EID")->parent->hasClass("nevo-attribute-table-read-only-cell"));
-  EXPECT_EQ(visitor().field("Name")->get("title"), "What it is called");
+  EXPECT_EQ(visitor().field("Location")->get("title"), "Where it stands");
   EXPECT_EQ(visitor().field("Timeout")->get("maxlength"), "4");
 }
 
@@ -223,7 +223,7 @@ TEST_F(SettingsTable, sendsAllChangedFieldsTogether)
   read({1});
   edit("Name", "new");
   edit("Timeout", "9");
-  choose("Scaling", "Off");
+  choose("Scaling", "Disabled");
   EXPECT_FALSE(write({1}));
   EXPECT_THAT(written(), ElementsAre(R"({"index":1,"name":"new","scaling":"disabled","timeout":9})"));
 }
@@ -324,10 +324,10 @@ TEST_F(SettingsTable, tellsOfAnEditWhileTheUserIsStillInTheField)
   visitor().advance(500ms);
   EXPECT_EQ(changes_, 1);
   EXPECT_TRUE(table_->hasChangedContent());
-  EXPECT_TRUE(table_->anyWidgetHasFocus());
+  page_->act([this] { EXPECT_TRUE(table_->anyWidgetHasFocus()); });
   leave();
   EXPECT_EQ(changes_, 1);
-  EXPECT_FALSE(table_->anyWidgetHasFocus());
+  page_->act([this] { EXPECT_FALSE(table_->anyWidgetHasFocus()); });
 }
 
 TEST_F(SettingsTable, isAllValidWhenEveryFieldFollowsItsRuleAndAnyValidWhenOneDoes)
@@ -356,7 +356,7 @@ TEST_F(SettingsTable, leavesDisabledFieldsOutOfTheValidityIfItIsToldTo)
     show(options);
     read({1});
     edit("Timeout", "1441");
-    choose("Scaling", "Off");
+    choose("Scaling", "Disabled");
     EXPECT_EQ(allValid(), options == WSettingsTable::CountsEnabledOnly);
   }
 }
@@ -366,9 +366,9 @@ TEST_F(SettingsTable, enablesADependentFieldAfterEachReadAndEachChange)
   show();
   read({1});
   EXPECT_TRUE(isEnabled("Timeout"));
-  choose("Scaling", "Off");
+  choose("Scaling", "Disabled");
   EXPECT_FALSE(isEnabled("Timeout"));
-  choose("Scaling", "On");
+  choose("Scaling", "Enabled");
   EXPECT_TRUE(isEnabled("Timeout"));
   read({3}, true);
   EXPECT_FALSE(isEnabled("Timeout"));
