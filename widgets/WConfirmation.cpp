@@ -17,7 +17,7 @@ bool WConfirmation::ask() const
   const unsigned int user = Db_db.getIndexOfCurrentlyLoggedInNevoUsr();
   // Nobody sees these errors: a preference that cannot be read or kept only means to be asked again.
   Db::Errors errors;
-  bool wanted = false;
+  bool wanted = asksIfUnreadable;
   if (Db_db.readEnableDisable("user", user, warning, wanted, errors) != 0)
     wanted = asksIfUnreadable;
   if (!wanted)

@@ -96,7 +96,7 @@ protected:
   {
     const Visitor::Node *field = visitor_.field(label);
     const std::string index = field->get(".value");
-    return index.empty() ? "" : field->children.at(std::stoul(index))->text;
+    return field->children.at(index.empty() ? 0 : std::stoul(index))->text;
   }
   void choose(const std::string &label, const std::string &item)
   {
