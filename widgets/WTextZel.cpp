@@ -16,7 +16,8 @@ bool WTextZel::readFromDatabase(std::vector<unsigned int> &indexes, std::vector<
     return false;
   std::string value;
   const Agreement agreement = readCommon(indexes, value, errors);
-  setText(Wt::WString::fromUTF8(value));
+  const bool isRead = agreement == Agreeing || agreement == Differing;
+  setText(isRead ? textOfRead(value) : Wt::WString());
   return endRead(agreement);
 }
 
@@ -28,4 +29,9 @@ void WTextZel::getZelParam(json_t *response, std::vector<unsigned int> &indexes,
   const Agreement agreement = extractCommon(response, indexes, value);
   setText(Wt::WString::fromUTF8(value));
   endBulkRead(agreement);
+}
+
+Wt::WString WTextZel::textOfRead(const std::string &value) const
+{
+  return Wt::WString::fromUTF8(value);
 }

@@ -15,6 +15,10 @@ public:
   bool readFromDatabase(std::vector<unsigned int> &indexes, std::vector<std::string> &errors,
                         bool force) override;
   void getZelParam(json_t *response, std::vector<unsigned int> &indexes, bool force) override;
+
+protected:
+  /// What readFromDatabase() shows of a value, which is empty where records differ.
+  virtual Wt::WString textOfRead(const std::string &value) const;
 };
 
 #endif // WIDGETS_WTEXT_ZEL_H_

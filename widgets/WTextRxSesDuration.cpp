@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "WTextRxSesDuration.h"
+
+#include "Db.h"
+
+WTextRxSesDuration::WTextRxSesDuration(Wt::WContainerWidget *parent)
+    : WTextDerived(&Db::getSessionDurationFromRxIndex, parent)
+{
+}
