@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "WTextDerived.h"
 
-#include "Db.h"
-
 #include <Wt/WString>
 
 WTextDerived::WTextDerived(TextOf textOf, Wt::WContainerWidget *parent)

@@ -2,12 +2,12 @@
 #ifndef WIDGETS_WTEXT_DERIVED_H_
 #define WIDGETS_WTEXT_DERIVED_H_
 
+#include "Db.h"
+
 #include <Wt/WText>
 #include <functional>
 #include <string>
 #include <vector>
-
-class Db;
 
 /**
  * A text that shows no parameter of the store but what Db derives from several records, for one record of a

@@ -9,7 +9,7 @@
 class WTextManagerServer : public WTextZel
 {
 public:
-  WTextManagerServer(const char *resource, const char *param, bool indexed, Wt::WContainerWidget *parent = 0);
+  using WTextZel::WTextZel;
 
 protected:
   Wt::WString textOfRead(const std::string &word) const override;

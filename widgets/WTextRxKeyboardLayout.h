@@ -8,7 +8,10 @@
 class WTextRxKeyboardLayout : public WTextDerived
 {
 public:
-  explicit WTextRxKeyboardLayout(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxKeyboardLayout(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getKeyboardLayoutFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_KEYBOARD_LAYOUT_H_

@@ -8,7 +8,10 @@
 class WTextRxLoginDuration : public WTextDerived
 {
 public:
-  explicit WTextRxLoginDuration(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxLoginDuration(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getLoginDurationFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_LOGIN_DURATION_H_

@@ -8,7 +8,10 @@
 class WTextRxSesDuration : public WTextDerived
 {
 public:
-  explicit WTextRxSesDuration(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxSesDuration(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSessionDurationFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_SES_DURATION_H_

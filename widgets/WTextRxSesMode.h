@@ -8,7 +8,10 @@
 class WTextRxSesMode : public WTextDerived
 {
 public:
-  explicit WTextRxSesMode(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxSesMode(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSessionModeFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_SES_MODE_H_

@@ -8,7 +8,7 @@
 class WTextRxStatus : public WTextDerived
 {
 public:
-  explicit WTextRxStatus(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxStatus(Wt::WContainerWidget *parent = 0) : WTextDerived(&Db::getRxOverallStatus, parent) {}
 };
 
 #endif // WIDGETS_WTEXT_RX_STATUS_H_

@@ -8,7 +8,9 @@
 class WTextRxSwxName : public WTextDerived
 {
 public:
-  explicit WTextRxSwxName(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxSwxName(Wt::WContainerWidget *parent = 0) : WTextDerived(&Db::getSwxNameFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_SWX_NAME_H_

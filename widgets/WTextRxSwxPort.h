@@ -8,7 +8,10 @@
 class WTextRxSwxPort : public WTextDerived
 {
 public:
-  explicit WTextRxSwxPort(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxSwxPort(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSwxIndexAndPortIndexFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_SWX_PORT_H_

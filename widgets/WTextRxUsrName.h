@@ -8,7 +8,10 @@
 class WTextRxUsrName : public WTextDerived
 {
 public:
-  explicit WTextRxUsrName(Wt::WContainerWidget *parent = 0);
+  explicit WTextRxUsrName(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getLoggedInUsernameFromRxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_RX_USR_NAME_H_

@@ -8,7 +8,9 @@
 class WTextSwxStatus : public WTextDerived
 {
 public:
-  explicit WTextSwxStatus(Wt::WContainerWidget *parent = 0);
+  explicit WTextSwxStatus(Wt::WContainerWidget *parent = 0) : WTextDerived(&Db::getSwxOverallStatus, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_SWX_STATUS_H_

@@ -8,7 +8,10 @@
 class WTextTxSesDuration : public WTextDerived
 {
 public:
-  explicit WTextTxSesDuration(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxSesDuration(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSessionDurationFromTxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_TX_SES_DURATION_H_

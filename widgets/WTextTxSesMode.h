@@ -8,7 +8,10 @@
 class WTextTxSesMode : public WTextDerived
 {
 public:
-  explicit WTextTxSesMode(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxSesMode(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSessionModeFromTxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_TX_SES_MODE_H_

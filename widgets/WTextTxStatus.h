@@ -8,7 +8,7 @@
 class WTextTxStatus : public WTextDerived
 {
 public:
-  explicit WTextTxStatus(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxStatus(Wt::WContainerWidget *parent = 0) : WTextDerived(&Db::getTxOverallStatus, parent) {}
 };
 
 #endif // WIDGETS_WTEXT_TX_STATUS_H_

@@ -8,7 +8,9 @@
 class WTextTxSwxName : public WTextDerived
 {
 public:
-  explicit WTextTxSwxName(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxSwxName(Wt::WContainerWidget *parent = 0) : WTextDerived(&Db::getSwxNameFromTxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_TX_SWX_NAME_H_

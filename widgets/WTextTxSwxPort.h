@@ -8,7 +8,10 @@
 class WTextTxSwxPort : public WTextDerived
 {
 public:
-  explicit WTextTxSwxPort(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxSwxPort(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getSwxIndexAndPortIndexFromTxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_TX_SWX_PORT_H_

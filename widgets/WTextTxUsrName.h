@@ -8,7 +8,10 @@
 class WTextTxUsrName : public WTextDerived
 {
 public:
-  explicit WTextTxUsrName(Wt::WContainerWidget *parent = 0);
+  explicit WTextTxUsrName(Wt::WContainerWidget *parent = 0)
+      : WTextDerived(&Db::getConnectedUsernameFromTxIndex, parent)
+  {
+  }
 };
 
 #endif // WIDGETS_WTEXT_TX_USR_NAME_H_

@@ -97,13 +97,13 @@ TYPED_TEST(TranslatingText, leavesAnEditAloneUnlessForced)
 
 TEST_F(CascadeRoleText, translatesTheRoleAndTakesAnyOtherWordForBackup)
 {
-  EXPECT_EQ(textOfWord("not_present"), "Not present");
+  EXPECT_EQ(textOfWord("not_present"), "Not in a cascade");
   EXPECT_EQ(textOfWord("controller"), "Controller");
   EXPECT_EQ(textOfWord("slave"), "Slave");
-  EXPECT_EQ(textOfWord("backup"), "Backup");
-  EXPECT_EQ(textOfWord("garbage"), "Backup");
-  EXPECT_EQ(textOfWord("Controller"), "Backup");
-  EXPECT_EQ(textOfWord(""), "Backup");
+  EXPECT_EQ(textOfWord("backup"), "Backup controller");
+  EXPECT_EQ(textOfWord("garbage"), "Backup controller");
+  EXPECT_EQ(textOfWord("Controller"), "Backup controller");
+  EXPECT_EQ(textOfWord(""), "Backup controller");
 }
 
 TEST_F(CascadeRoleText, isBackupOfSwitchesOfDifferentRoles)
@@ -111,7 +111,7 @@ TEST_F(CascadeRoleText, isBackupOfSwitchesOfDifferentRoles)
   store_.setRecords("swx", R"([{"index": 1, "word": "controller"}, {"index": 2, "word": "slave"},
                                {"index": 3, "word": "slave"}])");
   EXPECT_FALSE(read({1, 2}));
-  EXPECT_EQ(text(), "Backup");
+  EXPECT_EQ(text(), "Backup controller");
   EXPECT_FALSE(read({2, 3}));
   EXPECT_EQ(text(), "Slave");
 }

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "WTextRxSesMode.h"
-
-#include "Db.h"
-
-WTextRxSesMode::WTextRxSesMode(Wt::WContainerWidget *parent)
-    : WTextDerived(&Db::getSessionModeFromRxIndex, parent)
-{
-}

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "WTextRxSwxName.h"
-
-#include "Db.h"
-
-WTextRxSwxName::WTextRxSwxName(Wt::WContainerWidget *parent)
-    : WTextDerived(&Db::getSwxNameFromRxIndex, parent)
-{
-}
