@@ -17,7 +17,9 @@ public:
   void getZelParam(json_t *response, std::vector<unsigned int> &indexes, bool force) override;
 
 protected:
-  /// What readFromDatabase() shows of a value, which is empty where records differ.
+  /// The text that shows a value.
+  virtual Wt::WString textOf(const std::string &value) const;
+  /// The same in readFromDatabase(), where records that differ have an empty one.
   virtual Wt::WString textOfRead(const std::string &value) const;
 };
 
