@@ -23,6 +23,7 @@ class WDashView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
+class WSesView;
 class WStandardHeader;
 
 /**
@@ -118,6 +119,7 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WSesView *sesView;
   bool loggedIn;
   unsigned int loggedInUserIndex; ///< record of resource "user"
   bool showingSlaveUi;
