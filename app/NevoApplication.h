@@ -12,6 +12,7 @@
 
 namespace Wt
 {
+class WMenuItem;
 class WTabWidget;
 class WTable;
 class WText;
@@ -20,6 +21,7 @@ class WTimer;
 
 class WBannerDialog;
 class WDashView;
+class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
@@ -120,6 +122,8 @@ private:
   WStandardHeader *standardHeader;
   WDashView *dashView;
   WSesView *sesView;
+  WEventView *eventView;
+  Wt::WMenuItem *eventMenuItem;
   bool loggedIn;
   unsigned int loggedInUserIndex; ///< record of resource "user"
   bool showingSlaveUi;

@@ -6,6 +6,7 @@
 #include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
+#include "WEventView.h"
 #include "WSesView.h"
 #include "WStandardHeader.h"
 
@@ -19,7 +20,7 @@
 namespace
 {
 
-enum MainTab { DashTab, SesTab };
+enum MainTab { DashTab, SesTab, EventTab };
 
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
@@ -103,6 +104,8 @@ void NevoApplication::createMasterUi()
   mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
   sesView = new WSesView();
   mainTabWidget->addTab(sesView, text("Sessions"), Wt::WTabWidget::LazyLoading);
+  eventView = new WEventView();
+  eventMenuItem = mainTabWidget->addTab(eventView, text("Events"), Wt::WTabWidget::LazyLoading);
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();
@@ -133,6 +136,7 @@ void NevoApplication::mainTabChangedHandler()
 {
   dashView->disableAutoRefresh();
   sesView->disableAutoRefresh();
+  eventView->disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
   switch (index) {
   case DashTab:
@@ -142,6 +146,10 @@ void NevoApplication::mainTabChangedHandler()
   case SesTab:
     sesView->readFromDatabase(false);
     sesView->enableAutoRefresh();
+    break;
+  case EventTab:
+    eventView->readFromDatabase(false);
+    eventView->enableAutoRefresh();
     break;
   default:
     EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
