@@ -28,6 +28,7 @@ class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
+class WSesView;
 class WStandardHeader;
 
 /**
@@ -144,6 +145,7 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WSesView *sesView;
   WEventView *eventView;
   std::vector<MainTab> mainTabs; ///< as they stand on the page
   Wt::WMenuItem *usrMenuItem;
