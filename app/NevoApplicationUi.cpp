@@ -18,8 +18,6 @@
 namespace
 {
 
-enum MainTab { DashTab };
-
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
 {
@@ -95,11 +93,19 @@ void NevoApplication::endPage()
   root()->addWidget(versionText);
 }
 
+template <class View>
+Wt::WMenuItem *NevoApplication::addMainTab(View *view, const Wt::WString &title, std::function<void()> read)
+{
+  mainTabs.push_back(
+      {std::move(read), [view] { view->enableAutoRefresh(); }, [view] { view->disableAutoRefresh(); }, {}});
+  return mainTabWidget->addTab(view, title, Wt::WTabWidget::LazyLoading);
+}
+
 void NevoApplication::createMasterUi()
 {
   beginPage();
   dashView = new WDashView();
-  mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
+  addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();
@@ -128,15 +134,13 @@ void NevoApplication::createSlaveUi()
 
 void NevoApplication::mainTabChangedHandler()
 {
-  dashView->disableAutoRefresh();
+  for (const MainTab &tab : mainTabs)
+    tab.disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
-  switch (index) {
-  case DashTab:
-    dashView->readFromDatabase();
-    dashView->enableAutoRefresh();
-    break;
-  default:
+  if (index < 0 || static_cast<std::size_t>(index) >= mainTabs.size()) {
     EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
-    break;
+    return;
   }
+  mainTabs[index].readFromDatabase();
+  mainTabs[index].enableAutoRefresh();
 }
