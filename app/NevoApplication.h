@@ -24,9 +24,11 @@ class WTimer;
 
 class WBannerDialog;
 class WDashView;
+class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
+class WSesView;
 class WStandardHeader;
 
 /**
@@ -143,6 +145,8 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WSesView *sesView;
+  WEventView *eventView;
   std::vector<MainTab> mainTabs; ///< as they stand on the page
   Wt::WMenuItem *usrMenuItem;
   Wt::WMenuItem *devMenuItem;

@@ -6,6 +6,8 @@
 #include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
+#include "WEventView.h"
+#include "WSesView.h"
 #include "WStandardHeader.h"
 
 #include <Wt/WContainerWidget>
@@ -106,6 +108,10 @@ void NevoApplication::createMasterUi()
   beginPage();
   dashView = new WDashView();
   addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
+  sesView = new WSesView();
+  addMainTab(sesView, text("Sessions"), [this] { sesView->readFromDatabase(false); });
+  eventView = new WEventView();
+  eventMenuItem = addMainTab(eventView, text("Events"), [this] { eventView->readFromDatabase(false); });
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();

@@ -366,6 +366,15 @@ bool WSettingsTable::anyWidgetHasFocus() const
   return false;
 }
 
+void WSettingsTable::setFocusOnFirst()
+{
+  const auto first = std::find_if(rows.begin(), rows.end(), [](const Row &row) {
+    return row.hasFocus && row.form && row.form->isEnabled();
+  });
+  if (first != rows.end())
+    first->form->setFocus();
+}
+
 void WSettingsTable::clearContentChanged()
 {
   edited = false;

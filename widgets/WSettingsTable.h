@@ -59,6 +59,9 @@ public:
   /// Whether the user is in one of the fields.
   virtual bool anyWidgetHasFocus() const;
 
+  /// Puts the user into the first field that can be edited.
+  void setFocusOnFirst();
+
   /// Whether the user changed something since it was last written or put back.
   bool hasChangedContent() const { return edited; }
   void clearContentChanged();
@@ -76,7 +79,8 @@ protected:
 
   /// Adds a row with a new field of class `Field`, which takes a resource, a parameter and whether it is
   /// indexed.
-  template <class Field> Field *add(const Wt::WString &label, const char *param, const Wt::WString &toolTip)
+  template <class Field>
+  Field *add(const Wt::WString &label, const char *param, const Wt::WString &toolTip = Wt::WString())
   {
     return addField(label, new Field(resource, param, isIndexed()), toolTip, param);
   }
