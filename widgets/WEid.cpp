@@ -8,4 +8,6 @@ WEid::WEid(const char *resourceName, const char *parameterName, bool isIndexed, 
                                    new Wt::WRegExpValidator("^([0-9a-zA-Z]{6,6}-[0-9a-zA-Z]{6,6})$"), 13,
                                    parent)
 {
+  // A validator does not hold an empty text against its pattern.
+  mandatorySet(true);
 }

@@ -10,4 +10,6 @@ WIpV6Addr::WIpV6Addr(const char *resourceName, const char *parameterName, bool i
     : WValidatedEdit<WLineEditZel>(resourceName, parameterName, isIndexed,
                                    new Wt::WRegExpValidator(AddressPattern_ipV6()), 57, parent)
 {
+  // A validator does not hold an empty text against its pattern.
+  mandatorySet(true);
 }

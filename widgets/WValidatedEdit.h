@@ -11,7 +11,7 @@ template <class Edit> class WValidatedEdit : public Edit
 {
 public:
   bool isValid() { return this->validate() == Wt::WValidator::Valid; }
-  /// Whether an empty text is invalid even where the validator's pattern has it.
+  /// Whether an empty text is invalid.
   void mandatorySet(bool mandatory) { this->validator()->setMandatory(mandatory); }
 
 protected:

@@ -129,6 +129,11 @@ struct BoundTable {
   int count;
 };
 
+void PrintTo(const BoundTable &table, std::ostream *out)
+{
+  *out << table.name;
+}
+
 template <class Combo> BoundTable boundTable(const char *name)
 {
   return {name, bound<Combo>(), Combo::sLookup, static_cast<int>(std::size(Combo::sLookup))};
