@@ -2,6 +2,7 @@
 #include "ZelRspUtil.h"
 
 #include "Base64.h"
+#include "HeldAnswer.h"
 #include "Rows.h"
 
 #include <algorithm>
@@ -25,14 +26,6 @@ json_t *firstMember(const json_t *response, const char *name)
 json_t *rowMember(const json_t *response, unsigned int row, const char *name)
 {
   return memberOf(zelclient::rowOf(response, row), name);
-}
-
-int toInteger(const json_t *value)
-{
-  if (json_is_true(value))
-    return 1;
-  // 32 bits travel; whoever takes them as unsigned gets them all.
-  return static_cast<int>(static_cast<unsigned int>(json_integer_value(value)));
 }
 
 int toBoolean(const json_t *value)
@@ -77,7 +70,7 @@ const char *ZelRspUtil_getStringParam(const json_t *response, const char *name)
 
 int ZelRspUtil_getIntegerParam(const json_t *response, const char *name)
 {
-  return toInteger(firstMember(response, name));
+  return zelclient::integerOf(firstMember(response, name));
 }
 
 int ZelRspUtil_getBooleanParam(const json_t *response, const char *name)
@@ -102,7 +95,10 @@ const char *ZelRspUtil_getIndexedStringParam(const json_t *response, unsigned in
 
 int ZelRspUtil_getIndexedIntegerParam(const json_t *response, unsigned int row, const char *name)
 {
-  return toInteger(rowMember(response, row, name));
+  int value = 0;
+  if (name && zelclient::findInColumn(response, row, name, value))
+    return value;
+  return zelclient::integerOf(rowMember(response, row, name));
 }
 
 int ZelRspUtil_getIndexedBinaryParam(const json_t *response, unsigned int row, const char *name, void *buffer,

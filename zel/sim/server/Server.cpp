@@ -45,7 +45,7 @@ void closeAndForget(int &fd)
 
 Server::Server(World &world, const Commands &commands, Faults &faults, Options options)
     : world_(world), commands_(commands), faults_(faults), options_(std::move(options)), reader_(world),
-      writer_(world), lastId_(kFirstPeerId), now_(std::chrono::steady_clock::now()),
+      publisher_(reader_.run()), writer_(world), lastId_(kFirstPeerId), now_(std::chrono::steady_clock::now()),
       events_(sizeof(epoll_event) * kEventsPerTurn), nextStallCheck_(now_)
 {
 }
@@ -162,6 +162,7 @@ void Server::turn(int ready)
   }
   world_.clock.runDue();
   commit();
+  publisher_.publish(world_.store, faults_);
   release();
   sendDue();
   applyFaults();
@@ -180,6 +181,8 @@ void Server::accept(int listener, bool isControl)
       continue;
     }
     peers_[id] = Entry{std::make_unique<Peer>(fd, id, isControl), EPOLLIN};
+    if (!isControl)
+      peers_[id].peer->attach(publisher_.file());
   }
 }
 
