@@ -81,9 +81,16 @@ bool Connection::isUsable() const
 {
   if (fd_ < 0)
     return false;
+  const std::uint64_t hangUps = page_ ? page_->hangUps() : 0;
+  if (page_ && usableSince_ == hangUps && page_->isKept())
+    return true;
   char byte;
   ssize_t got = ::recv(fd_, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
-  return got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
+  if (got >= 0 || (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR))
+    return false;
+  if (page_)
+    usableSince_ = hangUps;
+  return true;
 }
 
 bool Connection::exchange(std::string_view first, std::string_view second, std::string_view &answer)

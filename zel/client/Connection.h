@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -50,6 +51,7 @@ private:
   int timeoutMs_ = 0; // that the socket's own limits are set to
   bool hasReceived_ = false;
   std::unique_ptr<ServerPage> page_;
+  mutable std::optional<std::uint64_t> usableSince_; // the page's count of hang-ups when last looked
   std::vector<char> buffer_;
 };
 

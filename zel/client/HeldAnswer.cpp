@@ -14,22 +14,18 @@ namespace
 constexpr std::size_t kFewestRows = 16;
 constexpr std::ptrdiff_t kMostColumns = 4;
 
-struct Lately {
-  std::shared_ptr<const HeldAnswer> answer;
-  std::string name; // of `column`
-  const HeldAnswer::Column *column = nullptr;
-};
+using Lately = std::shared_ptr<const HeldAnswer>;
 
 // A caller holds a list and, for each of its rows, looks into another one.
 constexpr std::size_t kLately = 2;
 thread_local Lately lately[kLately];
 thread_local std::size_t nextLately = 0;
 
-Lately *findLately(const json_t *response)
+const HeldAnswer *findLately(const json_t *response)
 {
-  for (Lately &one : lately)
-    if (one.answer && one.answer->value() == response)
-      return &one;
+  for (const Lately &answer : lately)
+    if (answer && answer->value() == response)
+      return answer.get();
   return nullptr;
 }
 
@@ -73,26 +69,30 @@ int integerOf(const json_t *value)
   return static_cast<int>(static_cast<unsigned int>(json_integer_value(value)));
 }
 
+__thread LastColumn lastColumn{};
+
 void rememberHeld(const std::shared_ptr<const HeldAnswer> &answer)
 {
   if (json_array_size(answer->value()) < kFewestRows || findLately(answer->value()))
     return;
-  lately[nextLately] = Lately{answer, {}, nullptr};
+  // Its memory may go with what is forgotten.
+  lastColumn.response = nullptr;
+  lately[nextLately] = answer;
   nextLately = (nextLately + 1) % kLately;
 }
 
-bool findInColumn(const json_t *response, std::size_t row, const char *name, int &value)
+bool findColumn(const json_t *response, const char *name)
 {
-  Lately *found = findLately(response);
-  if (!found)
+  const HeldAnswer *answer = findLately(response);
+  const std::size_t length = answer ? std::strlen(name) : 0;
+  const HeldAnswer::Column *column =
+      answer && length <= LastColumn::kLongestName ? answer->column({name, length}) : nullptr;
+  if (!column)
     return false;
-  if (!found->column || std::strcmp(found->name.c_str(), name) != 0) {
-    found->column = found->answer->column(name);
-    found->name = name;
-  }
-  if (!found->column)
-    return false;
-  value = row < found->column->size() ? (*found->column)[row] : 0;
+  lastColumn.response = response;
+  lastColumn.values = column->data();
+  lastColumn.rows = column->size();
+  std::memcpy(lastColumn.name, name, length + 1);
   return true;
 }
 

@@ -61,9 +61,31 @@ int integerOf(const json_t *value);
 // here. `answer` is kept alive until others have come.
 void rememberHeld(const std::shared_ptr<const HeldAnswer> &answer);
 
-// The integer of a row of a response that this thread has lately been handed out. False if it is none of
-// those, or has no column of that name.
-bool findInColumn(const json_t *response, std::size_t row, const char *name, int &value);
+// The column that this thread has looked into last, for a caller who runs over the rows.
+struct LastColumn {
+  static constexpr std::size_t kLongestName = 31;
+
+  const json_t *response;
+  const int *values;
+  std::size_t rows;
+  char name[kLongestName + 1];
+};
+// For its speed without the check whether it is initialised: it is so from the start.
+extern __thread LastColumn lastColumn;
+
+// Makes the column of a parameter the last one. False if the response is none of those that this thread
+// has lately been handed out, or has no such column.
+bool findColumn(const json_t *response, const char *name);
+
+inline bool isLastColumn(const json_t *response, const char *name)
+{
+  if (response != lastColumn.response)
+    return false;
+  const char *known = lastColumn.name;
+  while (*known && *known == *name)
+    ++known, ++name;
+  return *known == *name;
+}
 
 } // namespace zelclient
 

@@ -2,6 +2,7 @@
 #include "ServerPage.h"
 
 #include <fcntl.h>
+#include <linux/futex.h>
 #include <linux/magic.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -24,6 +25,13 @@ bool isHarmless(int fd)
 }
 
 } // namespace
+
+ServerPage::ServerPage(const zelwire::EpochPage *page)
+    : page_(page), run_(page->run), keeper_(page->keeper.load(std::memory_order_acquire))
+{
+  if ((keeper_ & FUTEX_OWNER_DIED) != 0)
+    keeper_ = 0;
+}
 
 std::unique_ptr<ServerPage> ServerPage::open(int fd)
 {

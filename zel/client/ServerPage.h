@@ -39,11 +39,20 @@ public:
            page_->serving.load(std::memory_order_acquire) != 0;
   }
 
+  // Whether the server's process lived all the time since the page was opened. False if it can't be known.
+  bool isKept() const
+  {
+    return keeper_ != 0 && page_->keeper.load(std::memory_order_acquire) == keeper_;
+  }
+  // How often the server has ended a connection.
+  std::uint64_t hangUps() const { return page_->hangUps.load(std::memory_order_acquire); }
+
 private:
-  explicit ServerPage(const zelwire::EpochPage *page) : page_(page), run_(page->run) {}
+  explicit ServerPage(const zelwire::EpochPage *page);
 
   const zelwire::EpochPage *page_;
   std::uint64_t run_;
+  std::uint32_t keeper_; // while it lives
 };
 
 } // namespace zelclient

@@ -95,9 +95,9 @@ const char *ZelRspUtil_getIndexedStringParam(const json_t *response, unsigned in
 
 int ZelRspUtil_getIndexedIntegerParam(const json_t *response, unsigned int row, const char *name)
 {
-  int value = 0;
-  if (name && zelclient::findInColumn(response, row, name, value))
-    return value;
+  using zelclient::lastColumn;
+  if (response && name && (zelclient::isLastColumn(response, name) || zelclient::findColumn(response, name)))
+    return row < lastColumn.rows ? lastColumn.values[row] : 0;
   return zelclient::integerOf(rowMember(response, row, name));
 }
 

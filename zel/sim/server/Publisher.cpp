@@ -31,6 +31,7 @@ bool Publisher::map(std::uint64_t run)
   page_ = new (memory) EpochPage();
   page_->magic = EpochPage::kMagic;
   page_->run = run;
+  lifeline_.hold(page_->keeper);
   // The seal on future writes came with a later kernel than the others; clients trust without it.
 #ifdef F_SEAL_FUTURE_WRITE
   ::fcntl(file_, F_ADD_SEALS, F_SEAL_FUTURE_WRITE);
@@ -41,12 +42,19 @@ bool Publisher::map(std::uint64_t run)
 Publisher::~Publisher()
 {
   // Clients keep the memory for as long as they hold their connections.
+  lifeline_.letGo();
   if (page_) {
     page_->serving.store(0, std::memory_order_release);
     ::munmap(page_, EpochPage::kSize);
   }
   if (file_ >= 0)
     ::close(file_);
+}
+
+void Publisher::hangUp()
+{
+  if (page_)
+    page_->hangUps.fetch_add(1, std::memory_order_acq_rel);
 }
 
 std::size_t Publisher::slotOf(const Resource &resource)

@@ -5,6 +5,7 @@
 #include "EpochPage.h"
 #include "data/Store.h"
 #include "server/Faults.h"
+#include "server/Lifeline.h"
 
 #include <cstdint>
 #include <string>
@@ -30,6 +31,9 @@ public:
   // of a write must find it here. While the store misbehaves, clients are sent to it.
   void publish(const Store &store, const Faults &faults);
 
+  // To be called before a connection is ended.
+  void hangUp();
+
   // The slot of a resource, as answers name it.
   static std::size_t slotOf(const Resource &resource);
 
@@ -38,6 +42,7 @@ private:
 
   int file_ = -1;
   zelwire::EpochPage *page_ = nullptr;
+  Lifeline lifeline_;
 };
 
 } // namespace zelsim

@@ -351,6 +351,7 @@ void Server::applyFaults()
   if (!faults_.drop)
     return;
   faults_.drop = false;
+  publisher_.hangUp();
   for (auto entry = peers_.begin(); entry != peers_.end();)
     entry = entry->second.peer->isControl() ? std::next(entry) : peers_.erase(entry);
 }
@@ -363,12 +364,15 @@ void Server::dropStalled()
   for (auto entry = peers_.begin(); entry != peers_.end();) {
     Peer &peer = *entry->second.peer;
     bool stalled = peer.hasOutput() && peer.due() <= now_ && now_ - peer.stalledSince() > kLongestStall;
+    if (stalled)
+      publisher_.hangUp();
     entry = stalled ? peers_.erase(entry) : std::next(entry);
   }
 }
 
 void Server::drop(std::uint64_t id)
 {
+  publisher_.hangUp();
   peers_.erase(id);
   if (world_.clientGone)
     world_.clientGone(id);
