@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What one refresh of the long lists costs: the calls to the store that the Sessions and the Events tab make, on a
-// switch of 1,000 devices with 500 sessions and 2,000 events in the history. Prints one JSON object: milliseconds of
-// the calling thread's own time and, in "_wall", of waiting with it; medians.
+// What one refresh of the long lists costs: the calls to the store that the Sessions and the Events tab make,
+// on a switch of 1,000 devices with 500 sessions and 2,000 events in the history. Prints one JSON object:
+// milliseconds of the calling thread's own time and, in "_wall", of waiting with it; medians.
 #include "Db.h"
 #include "TestSession.h"
 #include "TestStore.h"
@@ -34,7 +34,8 @@ double threadMs()
 
 double wallMs()
 {
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
+      .count();
 }
 
 void fail(const char *problem)
@@ -100,7 +101,8 @@ std::size_t readEvents()
          readAlerts(ZelReq_historicalAlertsRetrieve(client, kAlertSelect), 2000);
 }
 
-void measure(const char *name, const std::function<void(int)> &change, const std::function<std::size_t()> &refresh)
+void measure(const char *name, const std::function<void(int)> &change,
+             const std::function<std::size_t()> &refresh)
 {
   std::vector<double> cpu;
   std::vector<double> wall;
@@ -133,7 +135,8 @@ int main()
   auto nothing = [](int) {};
   std::printf("{\n");
   measure("sessions_unchanged", nothing, readSessions);
-  measure("sessions_one_renamed", [&](int i) { set("rx", "name", "Desk " + std::to_string(i)); }, readSessions);
+  measure(
+      "sessions_one_renamed", [&](int i) { set("rx", "name", "Desk " + std::to_string(i)); }, readSessions);
   auto changeAll = [&](int i) {
     const std::string name = "Changed " + std::to_string(i);
     set("rx", "name", name);
@@ -145,6 +148,10 @@ int main()
   measure("sessions_everything_changed", changeAll, readSessions);
   measure("events_unchanged", nothing, readEvents);
   measure(
-      "events_one_raised", [&](int) { store.control({"alert", "FanFault"}); }, readEvents);
+      "events_one_raised",
+      [&](int) {
+        store.control({"alert", "FanFault"});
+      },
+      readEvents);
   std::printf("  \"sessions\": %u\n}\n", kDevices);
 }

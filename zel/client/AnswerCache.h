@@ -41,7 +41,7 @@ private:
   void drop(Entries::iterator entry);
 
   mutable std::mutex mutex_;
-  Entries entries_; // most recently used first
+  Entries entries_;                                                   // most recently used first
   std::unordered_map<std::string_view, Entries::iterator> byRequest_; // keys are the answers' own
   std::size_t bytes_ = 0;
 };

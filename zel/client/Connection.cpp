@@ -167,7 +167,8 @@ ssize_t Connection::receiveSome(char *bytes, std::size_t size, int flags)
   message.msg_iov = &part;
   message.msg_iovlen = 1;
   message.msg_control = control;
-  message.msg_controllen = sizeof control;
+  // Not the whole buffer: its padding would have room for a second file, and nobody would close it.
+  message.msg_controllen = CMSG_LEN(sizeof(int));
   ssize_t got = ::recvmsg(fd_, &message, flags | MSG_CMSG_CLOEXEC);
   if (got <= 0)
     return got;

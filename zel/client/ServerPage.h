@@ -40,10 +40,7 @@ public:
   }
 
   // Whether the server's process lived all the time since the page was opened. False if it can't be known.
-  bool isKept() const
-  {
-    return keeper_ != 0 && page_->keeper.load(std::memory_order_acquire) == keeper_;
-  }
+  bool isKept() const { return keeper_ != 0 && page_->keeper.load(std::memory_order_acquire) == keeper_; }
   // How often the server has ended a connection.
   std::uint64_t hangUps() const { return page_->hangUps.load(std::memory_order_acquire); }
 

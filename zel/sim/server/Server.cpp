@@ -45,8 +45,9 @@ void closeAndForget(int &fd)
 
 Server::Server(World &world, const Commands &commands, Faults &faults, Options options)
     : world_(world), commands_(commands), faults_(faults), options_(std::move(options)), reader_(world),
-      publisher_(reader_.run()), writer_(world), lastId_(kFirstPeerId), now_(std::chrono::steady_clock::now()),
-      events_(sizeof(epoll_event) * kEventsPerTurn), nextStallCheck_(now_)
+      publisher_(reader_.run()), writer_(world), lastId_(kFirstPeerId),
+      now_(std::chrono::steady_clock::now()), events_(sizeof(epoll_event) * kEventsPerTurn),
+      nextStallCheck_(now_)
 {
 }
 
