@@ -12,6 +12,7 @@
 
 namespace Wt
 {
+class WMenuItem;
 class WTabWidget;
 class WTable;
 class WText;
@@ -20,6 +21,7 @@ class WTimer;
 
 class WBannerDialog;
 class WDashView;
+class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
@@ -118,6 +120,8 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WEventView *eventView;
+  Wt::WMenuItem *eventMenuItem;
   bool loggedIn;
   unsigned int loggedInUserIndex; ///< record of resource "user"
   bool showingSlaveUi;

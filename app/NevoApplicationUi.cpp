@@ -6,6 +6,7 @@
 #include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
+#include "WEventView.h"
 #include "WStandardHeader.h"
 
 #include <Wt/WContainerWidget>
@@ -18,7 +19,7 @@
 namespace
 {
 
-enum MainTab { DashTab };
+enum MainTab { DashTab, EventTab };
 
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
@@ -100,6 +101,8 @@ void NevoApplication::createMasterUi()
   beginPage();
   dashView = new WDashView();
   mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
+  eventView = new WEventView();
+  eventMenuItem = mainTabWidget->addTab(eventView, text("Events"), Wt::WTabWidget::LazyLoading);
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();
@@ -129,11 +132,16 @@ void NevoApplication::createSlaveUi()
 void NevoApplication::mainTabChangedHandler()
 {
   dashView->disableAutoRefresh();
+  eventView->disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
   switch (index) {
   case DashTab:
     dashView->readFromDatabase();
     dashView->enableAutoRefresh();
+    break;
+  case EventTab:
+    eventView->readFromDatabase(false);
+    eventView->enableAutoRefresh();
     break;
   default:
     EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);

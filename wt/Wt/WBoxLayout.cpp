@@ -237,6 +237,9 @@ void WBoxLayout::renderHandle(const Place &place, Dom::Document &document, std::
 {
   Dom::Element &handle = elements().get(document, place.item.get(), Engine::LayoutElements::Handle);
   Engine::ItemStyle::handle(handle, vertical());
+  // In a grid a handle lies at the end of its track; here it is an item of its own.
+  handle.set("*align-self", "stretch");
+  handle.set("*transform", "none");
   handle.setIf(spacing_ > 0, vertical() ? "*margin-block" : "*margin-inline", "-" + std::to_string(spacing_) + "px");
   children.push_back(&handle);
 }
