@@ -25,6 +25,7 @@ class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
+class WSesView;
 class WStandardHeader;
 
 /**
@@ -120,6 +121,7 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WSesView *sesView;
   WEventView *eventView;
   Wt::WMenuItem *eventMenuItem;
   bool loggedIn;

@@ -7,6 +7,7 @@
 #include "Text.h"
 #include "WDashView.h"
 #include "WEventView.h"
+#include "WSesView.h"
 #include "WStandardHeader.h"
 
 #include <Wt/WContainerWidget>
@@ -19,7 +20,7 @@
 namespace
 {
 
-enum MainTab { DashTab, EventTab };
+enum MainTab { DashTab, SesTab, EventTab };
 
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
@@ -101,6 +102,8 @@ void NevoApplication::createMasterUi()
   beginPage();
   dashView = new WDashView();
   mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
+  sesView = new WSesView();
+  mainTabWidget->addTab(sesView, text("Sessions"), Wt::WTabWidget::LazyLoading);
   eventView = new WEventView();
   eventMenuItem = mainTabWidget->addTab(eventView, text("Events"), Wt::WTabWidget::LazyLoading);
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
@@ -132,12 +135,17 @@ void NevoApplication::createSlaveUi()
 void NevoApplication::mainTabChangedHandler()
 {
   dashView->disableAutoRefresh();
+  sesView->disableAutoRefresh();
   eventView->disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
   switch (index) {
   case DashTab:
     dashView->readFromDatabase();
     dashView->enableAutoRefresh();
+    break;
+  case SesTab:
+    sesView->readFromDatabase(false);
+    sesView->enableAutoRefresh();
     break;
   case EventTab:
     eventView->readFromDatabase(false);
