@@ -3,6 +3,8 @@
 // on a switch of 1,000 devices with 500 sessions and 2,000 events in the history. Prints one JSON object:
 // milliseconds of the calling thread's own time and, in "_wall", of waiting with it; medians.
 #include "Db.h"
+#include "Main.h"
+#include "NevoSite.h"
 #include "TestSession.h"
 #include "TestStore.h"
 #include "ZelReq.h"
@@ -101,13 +103,16 @@ std::size_t readEvents()
          readAlerts(ZelReq_historicalAlertsRetrieve(client, kAlertSelect), 2000);
 }
 
-void measure(const char *name, const std::function<void(int)> &change,
-             const std::function<std::size_t()> &refresh)
+// Times `refresh` after each `change`; returns the medians.
+struct Times {
+  double cpu;
+  double wall;
+};
+
+Times timesOf(const std::function<void(int)> &change, const std::function<void()> &refresh)
 {
   std::vector<double> cpu;
   std::vector<double> wall;
-  refresh();
-  refresh();
   for (int i = 0; i < kRefreshes; ++i) {
     change(i);
     const double cpuBefore = threadMs();
@@ -116,42 +121,122 @@ void measure(const char *name, const std::function<void(int)> &change,
     wall.push_back(wallMs() - wallBefore);
     cpu.push_back(threadMs() - cpuBefore);
   }
-  std::printf("  \"%s_ms\": %.2f,\n  \"%s_wall_ms\": %.2f,\n", name, median(cpu), name, median(wall));
+  return {median(cpu), median(wall)};
+}
+
+// The store as the changes between refreshes write to it.
+class Switch
+{
+public:
+  using Change = std::function<void(int)>;
+  struct NamedChange {
+    const char *name;
+    Change change;
+  };
+
+  Switch() : store_(options())
+  {
+    // Nobody touches the page for longer than an administrator may be away.
+    store_.set("systemGlobals", 0, "nevoInactivityTimeout", "0");
+  }
+
+  std::vector<NamedChange> sessionChanges()
+  {
+    return {{"unchanged", [](int) {}},
+            {"one_renamed", [this](int i) { set("rx", "name", "Desk " + std::to_string(i)); }},
+            {"everything_changed", [this](int i) { changeAll("Changed " + std::to_string(i)); }}};
+  }
+  std::vector<NamedChange> eventChanges()
+  {
+    return {{"unchanged", [](int) {}}, {"one_raised", [this](int) {
+                                          store_.control({"alert", "FanFault"});
+                                        }}};
+  }
+
+private:
+  static TestStore::Options options()
+  {
+    TestStore::Options options;
+    options.fleet = kDevices;
+    options.more = {"--sessions", std::to_string(kDevices), "--alerts", "2000"};
+    return options;
+  }
+  void set(const char *resource, const char *parameter, const std::string &value)
+  {
+    if (!store_.set(resource, 1, parameter, value))
+      fail("the store refuses a change");
+  }
+  void changeAll(const std::string &name)
+  {
+    set("rx", "name", name);
+    set("tx", "name", name);
+    set("user", "fullName", name);
+    set("userSession", "sessionStartTime", std::to_string(++time_));
+    set("connection", "sessionStartTime", std::to_string(time_));
+  }
+
+  TestStore store_;
+  unsigned time_ = 1000;
+};
+
+void measureCalls(const char *tab, const std::vector<Switch::NamedChange> &changes, std::size_t (*read)())
+{
+  read();
+  for (const auto &[name, change] : changes) {
+    const Times times = timesOf(change, [read] { read(); });
+    std::printf("  \"%s_calls_%s_ms\": %.2f,\n  \"%s_calls_%s_wall_ms\": %.2f,\n", tab, name, times.cpu, tab,
+                name, times.wall);
+  }
+}
+
+// The page's tab of that name, refreshed by its timer.
+void measureTab(NevoSite &site, Visitor &page, const char *title, const char *rowCount, const char *tab,
+                const std::vector<Switch::NamedChange> &changes)
+{
+  page.click(title);
+  if (!page.byAttribute("aria-rowcount", rowCount))
+    fail("the tab does not show its list");
+  page.advance(std::chrono::seconds(10));
+  for (const auto &[name, change] : changes) {
+    std::vector<double> bytes;
+    const Times times = timesOf(
+        [&, &change = change](int i) {
+          // What the browser does with the last refresh is not the server's time.
+          page.settle();
+          if (i > 0)
+            bytes.push_back(static_cast<double>(page.bytesReceived()));
+          page.resetCounters();
+          change(i);
+        },
+        [&site] { site.scheduler.advance(std::chrono::seconds(5)); });
+    std::printf("  \"%s_tab_%s_ms\": %.2f,\n  \"%s_tab_%s_wall_ms\": %.2f,\n  \"%s_tab_%s_bytes\": %.0f,\n",
+                tab, name, times.cpu, tab, name, times.wall, tab, name, median(bytes));
+  }
+}
+
+void measureTabs(Switch &device)
+{
+  std::snprintf(Main_docRoot, sizeof Main_docRoot, "%s", NEVO_SOURCE_DIR);
+  setenv("NEVO_ATTRIBUTES", NEVO_SOURCE_DIR "/tests/headless/attributes", 1);
+  NevoSite site;
+  Visitor page(site);
+  page.open();
+  page.logIn();
+  measureTab(site, page, "Sessions", "501", "sessions", device.sessionChanges());
+  measureTab(site, page, "Events", "2001", "events", device.eventChanges());
 }
 
 } // namespace
 
 int main()
 {
-  TestStore::Options options;
-  options.fleet = kDevices;
-  options.more = {"--sessions", std::to_string(kDevices), "--alerts", "2000"};
-  TestStore store(options);
-  TestSession session;
-  auto set = [&store](const char *resource, const char *parameter, const std::string &value) {
-    if (!store.set(resource, 1, parameter, value))
-      fail("the store refuses a change");
-  };
-  auto nothing = [](int) {};
+  Switch device;
   std::printf("{\n");
-  measure("sessions_unchanged", nothing, readSessions);
-  measure(
-      "sessions_one_renamed", [&](int i) { set("rx", "name", "Desk " + std::to_string(i)); }, readSessions);
-  auto changeAll = [&](int i) {
-    const std::string name = "Changed " + std::to_string(i);
-    set("rx", "name", name);
-    set("tx", "name", name);
-    set("user", "fullName", name);
-    set("userSession", "sessionStartTime", std::to_string(1000 + i));
-    set("connection", "sessionStartTime", std::to_string(1000 + i));
-  };
-  measure("sessions_everything_changed", changeAll, readSessions);
-  measure("events_unchanged", nothing, readEvents);
-  measure(
-      "events_one_raised",
-      [&](int) {
-        store.control({"alert", "FanFault"});
-      },
-      readEvents);
+  {
+    TestSession session;
+    measureCalls("sessions", device.sessionChanges(), readSessions);
+    measureCalls("events", device.eventChanges(), readEvents);
+  }
+  measureTabs(device);
   std::printf("  \"sessions\": %u\n}\n", kDevices);
 }
