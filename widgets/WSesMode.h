@@ -3,15 +3,18 @@
 #define WIDGETS_WSES_MODE_H_
 
 #include "WComboBoxPlus.h"
+#include "WLookup.h"
 
-/// The choice between a shared and a private session.
-class WSesMode : public WComboBoxPlus
+/// The mode of a session that is about to begin.
+class WSesMode : public WLookup<WSesMode, WComboBoxPlus>
 {
 public:
-  explicit WSesMode(Wt::WContainerWidget *parent = 0);
+  using WLookup::WLookup;
 
   /// 1 for a shared session, 2 for a private one.
-  int getSelection();
+  int getSelection() const { return currentIndex() == 0 ? 1 : 2; }
+
+  static const Triplet sLookup[2];
 };
 
 #endif // WIDGETS_WSES_MODE_H_

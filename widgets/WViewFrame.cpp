@@ -31,5 +31,6 @@ WViewFrame WViewFrame::build(Wt::WContainerWidget &view)
   columns->addLayout(frame.panels, 1);
   columns->setResizable(0);
   view.setLayout(columns);
+  view.addStyleClass("nevo-view");
   return frame;
 }

@@ -223,7 +223,8 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
     element = &cell;
   }
   const bool grows = place.stretch > 0;
-  std::string flex = grows ? std::to_string(place.stretch) + " 1 0" : anyStretch || gap ? "none" : "1 1 auto";
+  // A share of the rest where the box has a size; of a box that is as large as its content, what the item needs.
+  std::string flex = grows ? std::to_string(place.stretch) + " 1 0%" : anyStretch || gap ? "none" : "1 1 auto";
   if (!place.size.isAuto() && !grows)
     flex = "0 0 " + place.size.cssText();
   Engine::ItemStyle::leaveGrid(*element);
