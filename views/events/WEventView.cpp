@@ -88,23 +88,26 @@ WNavAccordionStdCell *WEventView::addAction(WNavAccordion &accordion, const Wt::
 
 void WEventView::readFromDatabase(bool)
 {
-  refreshList(*unAckedEventList, &WEventView::unAckedEventListSelectionChangedHandler);
-  refreshList(*histEventList, &WEventView::histEventListSelectionChangedHandler);
+  const bool unAckedSelected = refreshList(*unAckedEventList);
+  if (!unAckedSelected)
+    unAckedEventListSelectionChangedHandler();
+  // Details of an event that has just gone from the other list stay until the next time.
+  if (!refreshList(*histEventList) && !unAckedSelected)
+    histEventListSelectionChangedHandler();
   if (unAckedEventList->rowCount() > 0)
     ackAllCell->enableActionButton();
   else
     ackAllCell->disableActionButton();
 }
 
-void WEventView::refreshList(WEventViewList &list, Handler selectionChanged)
+bool WEventView::refreshList(WEventViewList &list)
 {
   std::vector<unsigned int> selected = list.selectedInstances();
   list.readFromDatabase();
-  // A selection whose last event has gone tells nobody: the details stay until the next time.
   if (selected.empty())
-    (this->*selectionChanged)();
-  else
-    list.tableView->setSelectedZelIndexes(selected);
+    return false;
+  list.tableView->setSelectedZelIndexes(selected);
+  return true;
 }
 
 void WEventView::enableAutoRefresh()

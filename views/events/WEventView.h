@@ -44,7 +44,8 @@ private:
   void addActions(WNavAccordion &accordion);
   WNavAccordionStdCell *addAction(WNavAccordion &accordion, const Wt::WString &title,
                                   const Wt::WString &button, const Wt::WString &description);
-  void refreshList(WEventViewList &list, Handler selectionChanged);
+  /// Reads a list anew and selects in it what was selected before; true if there was something.
+  bool refreshList(WEventViewList &list);
   void followSelection(WEventViewList &list, WEventViewList &other, SignalConnection &otherConnection,
                        Handler otherChanged);
 

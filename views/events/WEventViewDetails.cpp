@@ -25,6 +25,7 @@ WEventViewDetails::WEventViewDetails(const Wt::WString &title, int height, Wt::W
   page->setLayout(layout, Wt::AlignLeft | Wt::AlignTop);
 
   Wt::WTabWidget *tabs = new Wt::WTabWidget();
+  tabs->setStyleClass("nevo-details-tab");
   tabs->addTab(page, text("Details"));
   setContent(tabs, 1, Wt::AlignJustify);
 }
