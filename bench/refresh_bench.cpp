@@ -144,7 +144,7 @@ public:
   {
     return {{"unchanged", [](int) {}},
             {"one_renamed", [this](int i) { set("rx", "name", "Desk " + std::to_string(i)); }},
-            {"everything_changed", [this](int i) { changeAll("Changed " + std::to_string(i)); }}};
+            {"every_resource_changed", [this](int i) { changeAll("Changed " + std::to_string(i)); }}};
   }
   std::vector<NamedChange> eventChanges()
   {
