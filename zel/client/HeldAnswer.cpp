@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HeldAnswer.h"
 
+#include "SharedValue.h"
+
 #include <cstring>
 #include <iterator>
 
@@ -32,14 +34,13 @@ const HeldAnswer *findLately(const json_t *response)
 } // namespace
 
 HeldAnswer::HeldAnswer(std::string request, json_t *value, std::string tag, Epoch epoch, std::size_t bytes)
-    : request_(std::move(request)), value_(json_incref(value)), tag_(std::move(tag)), epoch_(epoch),
-      bytes_(bytes)
+    : request_(std::move(request)), value_(retain(value)), tag_(std::move(tag)), epoch_(epoch), bytes_(bytes)
 {
 }
 
 HeldAnswer::~HeldAnswer()
 {
-  json_decref(value_);
+  release(value_);
 }
 
 const HeldAnswer::Column *HeldAnswer::column(std::string_view name) const

@@ -6,6 +6,7 @@
 #include "Connection.h"
 #include "Frame.h"
 #include "RequestText.h"
+#include "SharedValue.h"
 
 #include <new>
 #include <string>
@@ -52,16 +53,16 @@ json_t *takeAnswer(ZelClient_s &client, std::string_view text, bool mayKeep, con
   if (json_is_array(json_object_get(frame, "errors"))) {
     result = json_incref(frame);
   } else if (json_is_object(data) || json_is_array(data)) {
-    result = json_incref(data);
+    result = zelclient::retain(data);
     const char *tag = json_string_value(json_object_get(frame, "tag"));
     const zelclient::Epoch epoch = epochOf(frame, client.connection.page());
     if (mayKeep && (tag || epoch.run != 0))
       AnswerCache::instance().keep(std::make_shared<const zelclient::HeldAnswer>(
           client.request, data, tag ? tag : "", epoch, text.size()));
   } else if (held && json_is_true(json_object_get(frame, "unchanged"))) {
-    result = json_incref(held->value());
+    result = zelclient::retain(held->value());
   }
-  json_decref(frame);
+  zelclient::release(frame);
   return result;
 }
 
@@ -92,7 +93,7 @@ json_t *exchange(ZelClient_s &client, const json_t *request)
   // stand; and that has to be seen after the request began.
   if (held && page && page->stands(held->epoch()) && client.connection.isUsable()) {
     zelclient::rememberHeld(held);
-    return json_incref(held->value());
+    return zelclient::retain(held->value());
   }
   writeHave(held ? held->tag() : std::string(), client.have);
   std::string_view body = client.request;

@@ -4,6 +4,7 @@
 #include "Base64.h"
 #include "HeldAnswer.h"
 #include "Rows.h"
+#include "SharedValue.h"
 
 #include <algorithm>
 #include <cstring>
@@ -114,5 +115,5 @@ json_t *ZelRspUtil_getIndexedObjectParam(const json_t *response, unsigned int ro
 
 void ZelRspUtil_free(json_t *response)
 {
-  json_decref(response);
+  zelclient::release(response);
 }
