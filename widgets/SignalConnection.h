@@ -6,8 +6,8 @@
 #include <Wt/WSignal>
 #include <utility>
 
-/// What connecting to a widget's signal gives, to take the connection back by; releases of the toolkit name
-/// the type differently.
+/// What connecting a signal gives, by which it is disconnected again. Its type differs between the toolkit's
+/// versions.
 typedef decltype(std::declval<Wt::Signal<> &>().connect(
     static_cast<Wt::WObject *>(0), static_cast<Wt::WObject::Method>(0))) SignalConnection;
 

@@ -61,6 +61,11 @@ void WCollapsingContextPanel::showContent()
     content->show();
 }
 
+void WCollapsingContextPanel::setEmptyText(const Wt::WString &text)
+{
+  setAttributeValue("data-empty", text);
+}
+
 void WCollapsingContextPanel::titleButtonClicked()
 {
   Wt::WWidget *body = layout->count() > 1 ? layout->itemAt(1)->widget() : 0;

@@ -43,6 +43,9 @@ public:
   virtual void hideContent();
   virtual void showContent();
 
+  /// What stands in the middle while the content is hidden.
+  void setEmptyText(const Wt::WString &text);
+
 protected:
   void layoutSizeChanged(int width, int height) override;
 

@@ -81,6 +81,7 @@ void WEstabSesDialog::addButtons(Wt::WTableCell *cell)
   cancelButton->clicked().connect(this, &WEstabSesDialog::cancelButtonClickedHandler);
   connectButton = new Wt::WPushButton(text("Connect"), row->elementAt(0, 1));
   connectButton->setMargin(Wt::WLength(buttonMargin));
+  connectButton->addStyleClass("nevo-primary");
   connectButton->clicked().connect(this, &WEstabSesDialog::connectButtonClickedHandler);
   connectButton->disable();
 }

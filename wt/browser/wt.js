@@ -18,10 +18,8 @@ td,th{vertical-align:top;text-align:left}
 [data-li~=w]{width:auto!important}
 [data-li~=h]{height:auto!important}
 .Wt-hrh2,.Wt-vrh2{position:relative;z-index:1;touch-action:none}
-.Wt-hrh2{flex:0 0 6px;height:6px;cursor:row-resize}
-.Wt-vrh2{flex:0 0 6px;width:6px;cursor:col-resize}
-.Wt-hrh2[style*=grid]{align-self:end;transform:translateY(100%)}
-.Wt-vrh2[style*=grid]{justify-self:end;transform:translateX(100%)}
+.Wt-hrh2{flex:0 0 6px;height:6px;align-self:end;transform:translateY(100%);cursor:row-resize}
+.Wt-vrh2{flex:0 0 6px;width:6px;justify-self:end;transform:translateX(100%);cursor:col-resize}
 .Wt-tableview{display:flex;flex-direction:column;min-height:0;position:relative;overflow:hidden}
 .Wt-header{flex:none;overflow:hidden}
 .Wt-headerdiv,.Wt-tv-row{display:grid;grid-template-columns:var(--wt-columns);width:max-content;min-width:100%;box-sizing:border-box}

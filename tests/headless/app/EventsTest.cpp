@@ -525,7 +525,7 @@ TEST_F(Events, rememberThatThePersonWantsNoWarningEvenWhenNothingIsCleared)
   watch();
   visitor_.press("Clear");
   visitor_.check(visitor_.byTag("input"), true);
-  visitor_.key(visitor_.dialog(), 27);
+  visitor_.event(visitor_.dialog(), "dialog:escape");
   EXPECT_FALSE(visitor_.dialog());
   ASSERT_THAT(store_.requests("SET"), SizeIs(1));
   EXPECT_THAT(store_.requests("SET")[0], HasSubstr(R"("enableClearEventHistoryWarning":"disabled")"));
