@@ -49,8 +49,6 @@ using boost::system::error_code;
 
 constexpr int listRows = 50;
 constexpr std::chrono::seconds blockedFor{5};
-// The server bounds the new sessions of one address; people come from several.
-constexpr int pagesPerAddress = 25;
 constexpr int waitingPages = 100;
 constexpr std::chrono::seconds patience{30};
 constexpr double latencyLimit = 200;
@@ -216,10 +214,7 @@ public:
   {
     expect("Count 0", std::move(shown));
     auto &tcp = socket_.next_layer();
-    const auto own = asio::ip::make_address_v4("127.0.1." + std::to_string(1 + number_ / pagesPerAddress));
     const auto server = asio::ip::make_address_v4("127.0.0.1");
-    tcp.open(asio::ip::tcp::v4());
-    tcp.bind({own, 0});
     tcp.async_connect({server, static_cast<unsigned short>(port)}, [this, port](const error_code &ec) {
       if (ec)
         return fail(ec);

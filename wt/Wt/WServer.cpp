@@ -91,6 +91,10 @@ Net::HttpSettings WServer::Impl::httpSettings() const
   settings.compression = from.compression;
   settings.behindProxy = from.behindProxy;
   settings.maximumBody = static_cast<std::uint64_t>(from.maximumRequestSize);
+  if (from.maximumConnections)
+    settings.maximumConnections = static_cast<std::size_t>(*from.maximumConnections);
+  if (from.connectionsPerAddress)
+    settings.maximumPerAddress = static_cast<std::size_t>(*from.connectionsPerAddress);
   return settings;
 }
 
@@ -102,6 +106,10 @@ Engine::SessionConfig WServer::Impl::sessionConfig() const
   config.scriptVersion = Net::ScriptAsset::version();
   if (configuration.maximumSessions)
     config.maxSessions = static_cast<std::size_t>(*configuration.maximumSessions);
+  if (configuration.newSessionsPerAddress)
+    config.maxNewSessionsPerAddress = static_cast<std::size_t>(*configuration.newSessionsPerAddress);
+  if (configuration.newSessionsInterval)
+    config.newSessionsInterval = std::chrono::seconds(*configuration.newSessionsInterval);
   return config;
 }
 
