@@ -47,6 +47,7 @@ protected:
     add(modal, "m");
     add(dialog_->escapeActive_, "e");
     add(movable_, "v");
+    add(resizable_, "r");
     e.set("role", "dialog");
     e.setIf(modal, "aria-modal", "true");
     e.setIf(!isHidden(), "!dialog", configuration + "}");
