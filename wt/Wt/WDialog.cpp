@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/OwnTexts.h"
 #include "base/RawEvent.h"
 #include "dom/Element.h"
 #include "session/Session.h"
@@ -106,7 +107,7 @@ public:
   explicit CloseIcon(WContainerWidget *parent) : WText(parent)
   {
     addStyleClass("closeicon");
-    setAttributeValue("aria-label", "Close");
+    setAttributeValue("aria-label", WString::fromUTF8(Engine::ownText("Wt.WDialog.Close", "Close")));
   }
 
 protected:

@@ -50,6 +50,7 @@ struct WServer::Impl {
   std::shared_ptr<Engine::SessionManager> sessions;
   std::unique_ptr<Net::HttpServer> http;
   bool pidWritten = false;
+  std::unique_ptr<WLocalizedStrings> strings;
 
   void writePidFile();
   Net::HttpSettings httpSettings() const;
@@ -279,6 +280,16 @@ void WServer::reload()
 bool WServer::expireSessions()
 {
   return impl_->sessions && impl_->sessions->expireSessions();
+}
+
+void WServer::setLocalizedStrings(WLocalizedStrings *strings)
+{
+  impl_->strings.reset(strings);
+}
+
+WLocalizedStrings *WServer::localizedStrings() const
+{
+  return impl_->strings.get();
 }
 
 WIOService &WServer::ioService()

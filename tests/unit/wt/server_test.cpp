@@ -10,6 +10,7 @@
 #include <Wt/WEnvironment>
 #include <Wt/WFileResource>
 #include <Wt/WIOService>
+#include <Wt/WMessageResourceBundle>
 #include <Wt/WServer>
 #include <Wt/WText>
 #include <atomic>
@@ -148,6 +149,24 @@ TEST_F(ServerTest, TheConfigurationFileLimitsThePagesThatOneAddressMayOpen)
   const auto second = openPage(server.httpPort());
   const auto refused = openPage(server.httpPort(), "\"busy\":");
   EXPECT_EQ(applications, 2);
+}
+
+TEST_F(ServerTest, APageThatGetsNoSessionIsToldInTheWordsOfTheServersStrings)
+{
+  folder.write("words.xml", R"(<messages><message id="Wt.Page.Full">Alles besetzt</message></messages>)");
+  const std::string limits = folder.write("limits.xml", R"(<server><application-settings location="*">
+      <session-management><dedicated-process><max-num-sessions>1</max-num-sessions></dedicated-process>
+      </session-management></application-settings></server>)");
+  WServer server("program");
+  auto *words = new WMessageResourceBundle();
+  words->use(folder / "words");
+  server.setLocalizedStrings(words);
+  EXPECT_EQ(server.localizedStrings(), words);
+  configure(server, options({"--config=" + limits}));
+  server.addEntryPoint(Application, create);
+  ASSERT_TRUE(server.start());
+  const auto first = openPage(server.httpPort());
+  openPage(server.httpPort(), "{\"busy\":\"Alles besetzt\"}");
 }
 
 TEST_F(ServerTest, TheConfigurationFileLimitsTheConnections)
