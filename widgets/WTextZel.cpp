@@ -16,7 +16,7 @@ bool WTextZel::readFromDatabase(std::vector<unsigned int> &indexes, std::vector<
     return false;
   std::string value;
   const Agreement agreement = readCommon(indexes, value, errors);
-  setText(agreement == NoRecords || agreement == Unreadable ? Wt::WString() : textOf(value));
+  setText(agreement == NoRecords || agreement == Unreadable ? Wt::WString() : textOfRead(value));
   return endRead(agreement);
 }
 
@@ -33,4 +33,9 @@ void WTextZel::getZelParam(json_t *response, std::vector<unsigned int> &indexes,
 Wt::WString WTextZel::textOf(const std::string &value) const
 {
   return Wt::WString::fromUTF8(value);
+}
+
+Wt::WString WTextZel::textOfRead(const std::string &value) const
+{
+  return textOf(value);
 }

@@ -23,6 +23,8 @@ WEventViewDetails::WEventViewDetails(const Wt::WString &title, int height, Wt::W
   layout->addWidget(msgDetails);
   Wt::WContainerWidget *page = new Wt::WContainerWidget();
   page->setLayout(layout, Wt::AlignLeft | Wt::AlignTop);
+  // A long message is scrolled to, also by the keyboard.
+  page->setAttributeValue("tabindex", "0");
 
   Wt::WTabWidget *tabs = new Wt::WTabWidget();
   tabs->setStyleClass("nevo-details-tab");
