@@ -30,7 +30,9 @@ void SettingsEditing::contentChangedHandler()
 void SettingsEditing::saveButtonClickedHandler()
 {
   std::vector<std::string> errors;
-  if (tab->writeToDatabase(indexes(), errors)) {
+  const bool failed = afterFailure == KeepsEdits ? tab->writeOrKeep(indexes(), errors)
+                                                 : tab->writeToDatabase(indexes(), errors);
+  if (failed) {
     WMsgBoxDbErr box(WMsgBoxDbErr::AccessWrite, errors);
     box.exec();
     if (afterFailure == KeepsEdits)

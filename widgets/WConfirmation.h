@@ -9,7 +9,7 @@ struct WConfirmation {
   const char *warning; ///< the parameter of the user's record that says whether to ask
   Wt::WString title;
   Wt::WString question;
-  Wt::WString action; ///< the button that goes on; the other is "Cancel"
+  Wt::WString action;           ///< the button that goes on; the other is "Cancel"
   bool asksIfUnreadable = true; ///< whether to ask when the store does not say
 
   /// Asks, unless the logged-in user has turned this warning off, and keeps what the user says about asking

@@ -55,6 +55,18 @@ bool WSettingsTab::writeToDatabase(std::vector<unsigned int> indexes, std::vecto
   return failed;
 }
 
+bool WSettingsTab::writeOrKeep(const std::vector<unsigned int> &indexes, std::vector<std::string> &errors)
+{
+  std::vector<std::vector<WWidgetZel *>> edits;
+  for (const WSettingsTable *table : tables)
+    edits.push_back(table->changedFields());
+  if (!writeToDatabase(indexes, errors))
+    return false;
+  for (std::size_t i = 0; i < tables.size(); ++i)
+    tables[i]->setContentChanged(edits[i]);
+  return true;
+}
+
 void WSettingsTab::readFromDatabase(bool force, std::vector<unsigned int> indexes, bool discardEdits)
 {
   if (anyWidgetHasFocus())

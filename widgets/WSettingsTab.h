@@ -26,6 +26,9 @@ public:
   /// Writes all tables in order, whatever fails.
   bool writeToDatabase(std::vector<unsigned int> indexes, std::vector<std::string> &errors) override;
 
+  /// The same, but what was edited counts as edited still if it fails, so that it can be written once more.
+  bool writeOrKeep(const std::vector<unsigned int> &indexes, std::vector<std::string> &errors);
+
   /// Reads the tables, unless the user is in one of the fields. Nothing is read that the store has nothing
   /// new for, except at `force`, as when the tab comes to the front or the selection has changed, and at
   /// `discardEdits`. Edits stay unless they are discarded, or the tab holds none that it knows of.

@@ -240,26 +240,27 @@ bool WSettingsTable::fetch(const std::vector<unsigned int> &indexes, json_t *&re
   if (isIndexed())
     for (const unsigned int index : indexes)
       ZelReqUtil_setIntegerQuery(request.get(), "index", index);
-  bool nested = false;
-  for (const Row &row : rows)
-    nested = nested || !row.path.empty();
-  // Of records that hold objects, only those are asked for: there is much else in them.
-  if (nested) {
-    ZelReqUtil_setSelect(request.get(), "index");
-    std::vector<std::string> asked;
-    for (const Row &row : rows) {
-      const std::string wanted = !row.path.empty() ? row.path.front() : row.param ? row.param : "";
-      if (wanted.empty() || std::find(asked.begin(), asked.end(), wanted) != asked.end())
-        continue;
-      asked.push_back(wanted);
-      ZelReqUtil_setSelect(request.get(), wanted.c_str());
-    }
-  }
+  selectWithin(request.get());
   ZelResponse answer;
   std::vector<std::string> dropped;
   const bool failed = DbExchange_send(function, client, request, 0, answer, dropped) != 0;
   response = failed ? 0 : answer.release();
   return failed;
+}
+
+/// Of records that hold objects, only what is shown is asked for: there is much else in them.
+void WSettingsTable::selectWithin(json_t *request) const
+{
+  if (std::all_of(rows.begin(), rows.end(), [](const Row &row) { return row.path.empty(); }))
+    return;
+  std::vector<std::string> wanted(1, "index");
+  for (const Row &row : rows) {
+    const std::string name = !row.path.empty() ? row.path.front() : row.param ? row.param : "index";
+    if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
+      wanted.push_back(name);
+  }
+  for (const std::string &name : wanted)
+    ZelReqUtil_setSelect(request, name.c_str());
 }
 
 // ---- Writing
@@ -373,6 +374,22 @@ void WSettingsTable::setFocusOnFirst()
   });
   if (first != rows.end())
     first->form->setFocus();
+}
+
+std::vector<WWidgetZel *> WSettingsTable::changedFields() const
+{
+  std::vector<WWidgetZel *> fields;
+  for (const Row &row : rows)
+    if (row.field->hasChangedContent())
+      fields.push_back(row.field);
+  return fields;
+}
+
+void WSettingsTable::setContentChanged(const std::vector<WWidgetZel *> &fields)
+{
+  for (WWidgetZel *field : fields)
+    field->setContentChanged();
+  edited = edited || !fields.empty();
 }
 
 void WSettingsTable::clearContentChanged()

@@ -66,6 +66,11 @@ public:
   bool hasChangedContent() const { return edited; }
   void clearContentChanged();
 
+  /// The fields that hold an edit. A write forgets what was edited, taken by the store or not; with these it
+  /// can be called back.
+  std::vector<WWidgetZel *> changedFields() const;
+  void setContentChanged(const std::vector<WWidgetZel *> &fields);
+
   /// Emitted when the user changes a field, after the fields that depend on it were adjusted.
   Wt::Signal<> &contentChanged() { return contentChangedSignal; }
   virtual void contentChangedHandler();
@@ -134,6 +139,7 @@ private:
 
   void enterRow(WWidgetZel *field, Wt::WFormWidget *form, std::function<bool()> hasFocus, const char *param);
   void readAtOnce(std::vector<unsigned int> &indexes, bool force);
+  void selectWithin(json_t *request) const;
   bool fetch(const std::vector<unsigned int> &indexes, json_t *&response) const;
   bool writeFieldwise(std::vector<unsigned int> &indexes, std::vector<std::string> &errors);
   bool writeRecord(unsigned int index, std::vector<std::string> &errors, bool &refused);

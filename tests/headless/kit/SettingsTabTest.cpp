@@ -205,6 +205,24 @@ TEST_F(SettingsTabs, aFailedSaveShowsTheStoresMessagesAndKeepsTheEditsAndTheMark
   EXPECT_EQ(refreshes_, 0);
 }
 
+TEST_F(SettingsTabs, whatTheStoreHasRefusedCanBeSavedOnceMore)
+{
+  show();
+  edit("Location", "cellar");
+  edit("Title", "new");
+  store_.fail("SET", "rx", kRefused);
+  save();
+  visitor().click(visitor().button("Close"));
+  countChanges(2, 2);
+  read(false, false);
+  EXPECT_EQ(value("Location"), "cellar");
+  store_.answer("SET", "rx", "{}");
+  store_.forgetRequests();
+  save();
+  EXPECT_THAT(written(), ElementsAre(R"({"index":1,"location":"cellar"})", R"({"index":1,"title":"new"})"));
+  EXPECT_EQ(label(firstItem_), "First");
+}
+
 TEST_F(SettingsTabs, aFailedSaveDropsTheEditsWhereTheViewSaysSo)
 {
   show(SettingsEditing::DropsEdits);

@@ -128,6 +128,39 @@ TEST_F(SettingsTable, readsAllFieldsOfAllRecordsWithOneRequest)
   EXPECT_THAT(store_.requests(), ElementsAre(R"({"method":"GET","query":{"index":[1,2]},"resource":"rx"})"));
 }
 
+TEST_F(SettingsTable, readsSixteenFieldsOfFiftyRecordsWithOneRequest)
+{
+  static const char *const params[] = {"a", "b", "c", "d", "e", "f", "g", "h",
+                                       "i", "j", "k", "l", "m", "n", "o", "p"};
+  Indexes indexes;
+  std::string records;
+  for (unsigned int index = 1; index <= 50; ++index) {
+    indexes.push_back(index);
+    records += (index > 1 ? ",{" : "{") + ("\"index\":" + std::to_string(index));
+    for (const char *param : params)
+      records +=
+          std::string(",\"") + param + "\":\"" + (*param == 'p' ? std::to_string(index) : "same") + '"';
+    records += '}';
+  }
+  store_.setRecords("rx", '[' + records + ']');
+  class Wide : public WSettingsTable
+  {
+  public:
+    explicit Wide(Wt::WContainerWidget *parent)
+        : WSettingsTable("rx", ReadsAtOnce, {"Setting", "Value"}, parent)
+    {
+      for (const char *param : params)
+        add<WLineEditZel>(param, param);
+    }
+  };
+  build([this](Wt::WContainerWidget &root) { table_ = new Wide(&root); });
+  read(indexes);
+  EXPECT_THAT(store_.requests(), SizeIs(1));
+  EXPECT_EQ(value("a"), "same");
+  EXPECT_EQ(value("o"), "same");
+  EXPECT_EQ(value("p"), "");
+}
+
 TEST_F(SettingsTable, readsNothingForNoRecords)
 {
   show(WSettingsTable::ReadsAtOnce);
