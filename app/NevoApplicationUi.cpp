@@ -20,8 +20,6 @@
 namespace
 {
 
-enum MainTab { DashTab, SesTab, EventTab };
-
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
 {
@@ -97,15 +95,23 @@ void NevoApplication::endPage()
   root()->addWidget(versionText);
 }
 
+template <class View>
+Wt::WMenuItem *NevoApplication::addMainTab(View *view, const Wt::WString &title, std::function<void()> read)
+{
+  mainTabs.push_back(
+      {std::move(read), [view] { view->enableAutoRefresh(); }, [view] { view->disableAutoRefresh(); }, {}});
+  return mainTabWidget->addTab(view, title, Wt::WTabWidget::LazyLoading);
+}
+
 void NevoApplication::createMasterUi()
 {
   beginPage();
   dashView = new WDashView();
-  mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
+  addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
   sesView = new WSesView();
-  mainTabWidget->addTab(sesView, text("Sessions"), Wt::WTabWidget::LazyLoading);
+  addMainTab(sesView, text("Sessions"), [this] { sesView->readFromDatabase(false); });
   eventView = new WEventView();
-  eventMenuItem = mainTabWidget->addTab(eventView, text("Events"), Wt::WTabWidget::LazyLoading);
+  eventMenuItem = addMainTab(eventView, text("Events"), [this] { eventView->readFromDatabase(false); });
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();
@@ -134,25 +140,13 @@ void NevoApplication::createSlaveUi()
 
 void NevoApplication::mainTabChangedHandler()
 {
-  dashView->disableAutoRefresh();
-  sesView->disableAutoRefresh();
-  eventView->disableAutoRefresh();
+  for (const MainTab &tab : mainTabs)
+    tab.disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
-  switch (index) {
-  case DashTab:
-    dashView->readFromDatabase();
-    dashView->enableAutoRefresh();
-    break;
-  case SesTab:
-    sesView->readFromDatabase(false);
-    sesView->enableAutoRefresh();
-    break;
-  case EventTab:
-    eventView->readFromDatabase(false);
-    eventView->enableAutoRefresh();
-    break;
-  default:
+  if (index < 0 || static_cast<std::size_t>(index) >= mainTabs.size()) {
     EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
-    break;
+    return;
   }
+  mainTabs[index].readFromDatabase();
+  mainTabs[index].enableAutoRefresh();
 }

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Three hundred pages at once on one server, each a WebSocket of its own, all driven by one thread. Prints
 // one JSON object: how long a click takes to be shown while a tenth of the pages act each second, what
-// waiting dialogs cost in memory and threads, and how far a handler that blocks its session delays the
-// others. usage: load [pages]
+// waiting dialogs cost in memory and threads, and how far a handler that blocks its session, one that waits
+// for a store that does not answer, and many of these, delay the others. usage: load [pages]
+#include "TestStore.h"
+#include "ZelClient.h"
+#include "ZelReq.h"
+#include "ZelRspUtil.h"
+
 #include <Wt/WApplication>
 #include <Wt/WContainerWidget>
 #include <Wt/WDialog>
@@ -49,9 +54,8 @@ using boost::system::error_code;
 
 constexpr int listRows = 50;
 constexpr std::chrono::seconds blockedFor{5};
-// The server bounds the new sessions of one address; people come from several.
-constexpr int pagesPerAddress = 25;
 constexpr int waitingPages = 100;
+constexpr std::size_t storePages = 20; // as many as wait for the store at once
 constexpr std::chrono::seconds patience{30};
 constexpr double latencyLimit = 200;
 constexpr double delayLimit = 50;
@@ -59,8 +63,8 @@ constexpr double delayLimit = 50;
 // --- The server
 // --------------------------------------------------------------------------------------------------
 
-/// A page with a list, a count that clicks change, a dialog that its handler waits for, and a handler that
-/// blocks.
+/// A page with a list, a count that clicks change, a dialog that its handler waits for, a handler that blocks,
+/// and one that asks the store.
 class LoadPage : public Wt::WApplication
 {
 public:
@@ -69,6 +73,7 @@ public:
     addButton("Add", &LoadPage::add);
     addButton("Ask", &LoadPage::ask);
     addButton("Block", &LoadPage::block);
+    addButton("Read", &LoadPage::read);
     shown_ = new Wt::WText("Count 0", root());
     auto *model = new Wt::WStandardItemModel(listRows, 4, this);
     for (int row = 0; row < listRows; ++row)
@@ -101,8 +106,18 @@ private:
     shown_->setText("Unblocked");
   }
 
+  void read()
+  {
+    if (!store_)
+      store_.reset(ZelClient_new());
+    json_t *response = ZelReq_rxRetrieve(store_.get(), "[\"index\",\"name\"]");
+    shown_->setText(ZelRspUtil_numEntries(response) > 0 ? "Read" : "No answer");
+    ZelRspUtil_free(response);
+  }
+
   Wt::WText *shown_ = nullptr;
   int count_ = 0;
+  std::unique_ptr<ZelClient_s, void (*)(ZelClient_s *)> store_{nullptr, ZelClient_close};
 };
 
 Wt::WApplication *createPage(const Wt::WEnvironment &environment)
@@ -216,10 +231,7 @@ public:
   {
     expect("Count 0", std::move(shown));
     auto &tcp = socket_.next_layer();
-    const auto own = asio::ip::make_address_v4("127.0.1." + std::to_string(1 + number_ / pagesPerAddress));
     const auto server = asio::ip::make_address_v4("127.0.0.1");
-    tcp.open(asio::ip::tcp::v4());
-    tcp.bind({own, 0});
     tcp.async_connect({server, static_cast<unsigned short>(port)}, [this, port](const error_code &ec) {
       if (ec)
         return fail(ec);
@@ -306,7 +318,7 @@ private:
     const json_t *settings = json_array_get(value, 2);
     const json_t *tag = json_array_get(value, 1);
     if (json_is_object(settings) && json_is_string(tag) && std::string(json_string_value(tag)) == "button")
-      for (const char *known : {"Add", "Ask", "Block", "Agree"})
+      for (const char *known : {"Add", "Ask", "Block", "Read", "Agree"})
         if (holds(value, known))
           buttons_[known] = json_integer_value(json_array_get(value, 0));
     for (std::size_t i = 0; i < json_array_size(value); ++i)
@@ -353,8 +365,15 @@ double percentile(std::vector<double> values, double share)
 
 class Load
 {
+  struct Blocked {
+    std::vector<double> clicks; ///< of the pages that are not blocked
+    bool blockedAll = false;    ///< nobody went on before the measurement was over
+    bool wentOn = false;        ///< and all did after it
+    int threads = 0;
+  };
+
 public:
-  Load(const ServerProcess &server, int pages) : server_(server)
+  Load(const TestStore &store, const ServerProcess &server, int pages) : store_(store), server_(server)
   {
     for (int i = 0; i < pages; ++i)
       pages_.push_back(std::make_unique<Page>(context_, i));
@@ -372,24 +391,36 @@ public:
     residentOpen_ = server_.residentMb();
     if (answered_ == pages_.size()) {
       calm_ = act(std::chrono::seconds(20), 0);
-      measureBlocked();
+      blocked_ = measureBlocked(0, 1, "Block", "Unblocked");
+      store_.control({"silent", "on"});
+      storeBlocked_ = measureBlocked(0, 1, "Read", "No answer");
+      manyBlocked_ = measureBlocked(1, std::min(storePages + 1, pages_.size() - 1), "Read", "No answer");
+      store_.control({"silent", "off"});
       measureWaiting();
     }
     print();
-    return errors() == 0 && answered_ == pages_.size() && agreed_ == waiting();
+    return errors() == 0 && answered_ == pages_.size() && agreed_ == waiting() && blocked_.wentOn &&
+           storeBlocked_.wentOn && manyBlocked_.wentOn;
   }
 
 private:
   std::size_t waiting() const { return std::min<std::size_t>(waitingPages, pages_.size()); }
 
-  /// Lets the first pages do something and waits until none of them waits for its effect.
+  /// Lets the first pages do something and waits until no page waits for its effect.
   void all(std::size_t count, const std::function<void(Page &)> &something)
   {
     for (std::size_t i = 0; i < count; ++i)
       something(*pages_[i]);
+    settle(0);
+  }
+
+  /// Waits until no page from `first` on waits for its effect.
+  void settle(std::size_t first)
+  {
     const auto until = Clock::now() + patience;
     const auto open = [](const auto &page) { return page->waits() && page->error().empty(); };
-    while (Clock::now() < until && std::any_of(pages_.begin(), pages_.end(), open))
+    const auto from = pages_.begin() + static_cast<std::ptrdiff_t>(first);
+    while (Clock::now() < until && std::any_of(from, pages_.end(), open))
       context_.run_one_for(std::chrono::milliseconds(100));
   }
 
@@ -408,17 +439,23 @@ private:
       if (!page.waits())
         page.add([&latencies](double ms) { latencies.push_back(ms); });
     }
-    all(0, nullptr);
+    settle(first);
     return latencies;
   }
 
-  void measureBlocked()
+  /// How long the clicks of the pages from `end` on take while those from `begin` wait within their handlers.
+  Blocked measureBlocked(std::size_t begin, std::size_t end, const char *button, const char *effect)
   {
-    bool over = false;
-    pages_[0]->click("Block", "Unblocked", [&over](double) { over = true; });
-    blocked_ = act(std::chrono::duration_cast<std::chrono::seconds>(blockedFor) - std::chrono::seconds(1), 1);
-    all(0, nullptr);
-    unblocked_ = over;
+    Blocked result;
+    std::size_t over = 0;
+    for (std::size_t i = begin; i < end; ++i)
+      pages_[i]->click(button, effect, [&over](double) { ++over; });
+    result.clicks = act(blockedFor - std::chrono::seconds(1), end);
+    result.blockedAll = over == 0;
+    result.threads = server_.threads();
+    settle(0);
+    result.wentOn = result.blockedAll && over == end - begin;
+    return result;
   }
 
   void measureWaiting()
@@ -460,23 +497,35 @@ private:
                 "\"threads_with_dialogs\": %d,"
                 " \"resident_of_dialogs_mb\": %.1f,\n",
                 waiting(), agreed_, threadsBefore_, threadsWaiting_, residentWaiting_);
-    std::printf(" \"one_blocked_clicks\": %zu, \"one_blocked_p50_ms\": %.2f, \"one_blocked_p99_ms\": %.2f,"
-                " \"one_blocked_max_ms\": %.2f, \"one_blocked_delay_ms\": %.2f, \"blocked_went_on\": %s,\n",
-                blocked_.size(), percentile(blocked_, 0.5), percentile(blocked_, 0.99),
-                percentile(blocked_, 1), percentile(blocked_, 1) - calmMedian, unblocked_ ? "true" : "false");
-    std::printf(" \"limits\": {\"latency_p99_ms\": %.0f, \"one_blocked_delay_ms\": %.0f}}\n", latencyLimit,
-                delayLimit);
+    print("one_blocked", blocked_, calmMedian);
+    print("store_blocked", storeBlocked_, calmMedian);
+    print("many_store_blocked", manyBlocked_, calmMedian);
+    std::printf(" \"limits\": {\"latency_p99_ms\": %.0f, \"one_blocked_delay_ms\": %.0f,"
+                " \"store_blocked_delay_ms\": %.0f, \"many_store_blocked_delay_ms\": %.0f}}\n",
+                latencyLimit, delayLimit, delayLimit, delayLimit);
   }
 
+  static void print(const char *name, const Blocked &blocked, double calmMedian)
+  {
+    const std::vector<double> &clicks = blocked.clicks;
+    std::printf(" \"%s_clicks\": %zu, \"%s_p50_ms\": %.2f, \"%s_p99_ms\": %.2f, \"%s_max_ms\": %.2f,"
+                " \"%s_delay_ms\": %.2f, \"%s_threads\": %d, \"%s_went_on\": %s,\n",
+                name, clicks.size(), name, percentile(clicks, 0.5), name, percentile(clicks, 0.99), name,
+                percentile(clicks, 1), name, percentile(clicks, 1) - calmMedian, name, blocked.threads, name,
+                blocked.wentOn ? "true" : "false");
+  }
+
+  const TestStore &store_;
   const ServerProcess &server_;
   asio::io_context context_{1};
   std::vector<std::unique_ptr<Page>> pages_;
   std::minstd_rand random_{1};
   std::vector<double> calm_;
-  std::vector<double> blocked_;
+  Blocked blocked_;
+  Blocked storeBlocked_;
+  Blocked manyBlocked_;
   std::size_t answered_ = 0;
   std::size_t agreed_ = 0;
-  bool unblocked_ = false;
   int threadsBefore_ = 0;
   int threadsWaiting_ = 0;
   double residentAtStart_ = 0;
@@ -491,10 +540,13 @@ int main(int argc, char **argv)
   if (argc == 3 && std::string(argv[1]) == "serve")
     return serve(argv[0], argv[2]);
   const int pages = argc > 1 ? std::atoi(argv[1]) : 300;
+  const TestStore store;
+  const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(blockedFor).count();
+  ::setenv("NEVO_STORE_TIMEOUT_MS", std::to_string(limit).c_str(), 1);
   const ServerProcess server;
-  if (pages < 2 || server.port() == 0) {
+  if (pages < 3 || server.port() == 0) {
     std::fputs("load: the server did not start.\n", stderr);
     return 1;
   }
-  return Load(server, pages).run() ? 0 : 1;
+  return Load(store, server, pages).run() ? 0 : 1;
 }

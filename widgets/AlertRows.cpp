@@ -9,26 +9,15 @@
 #include <algorithm>
 #include <boost/any.hpp>
 
-using AlertRows::Column;
-
 namespace
 {
 
-/// What the cells of an alert's row hold, the hidden one left out.
-struct Cells {
-  std::string texts[AlertRows::ColumnCount];
-  std::string typeClass; ///< the style class that puts the severity's sign before its word
-
-  explicit Cells(const AlertRecord &alert)
-  {
-    texts[AlertRows::DateColumn] = alert.dateText();
-    texts[AlertRows::TypeColumn] = alert.severityText();
-    texts[AlertRows::OriginatorColumn] = alert.originatorEid.value_or(std::string());
-    texts[AlertRows::MessageColumn] = alert.message;
-    if (alert.severity == "error" || alert.severity == "warning" || alert.severity == "info")
-      typeClass = "nevo-severity-" + alert.severity;
-  }
-};
+/// The style class that puts the severity's sign before its word; empty for one that nobody knows.
+std::string severityClass(const AlertRecord &alert)
+{
+  const bool known = alert.severity == "error" || alert.severity == "warning" || alert.severity == "info";
+  return known ? "nevo-severity-" + alert.severity : std::string();
+}
 
 template <class Value>
 bool holds(const Wt::WStandardItemModel &model, int row, int column, int role, const Value &value)
@@ -40,13 +29,12 @@ bool holds(const Wt::WStandardItemModel &model, int row, int column, int role, c
 
 bool rowShows(const Wt::WStandardItemModel &model, int row, const AlertRecord &alert)
 {
-  if (!holds(model, row, AlertRows::InstanceColumn, Wt::EditRole, alert.instanceId))
-    return false;
-  const Cells cells(alert);
-  for (int column = AlertRows::DateColumn; column < AlertRows::ColumnCount; ++column)
-    if (!holds(model, row, column, Wt::EditRole, cells.texts[column]))
-      return false;
-  return holds(model, row, AlertRows::TypeColumn, Wt::StyleClassRole, cells.typeClass);
+  // The class tells the severity's word too.
+  return holds(model, row, AlertRows::InstanceColumn, Wt::EditRole, alert.instanceId) &&
+         holds(model, row, AlertRows::TypeColumn, Wt::StyleClassRole, severityClass(alert)) &&
+         holds(model, row, AlertRows::OriginatorColumn, Wt::EditRole, alert.originatorEid.value_or("")) &&
+         holds(model, row, AlertRows::MessageColumn, Wt::EditRole, alert.message) &&
+         holds(model, row, AlertRows::DateColumn, Wt::EditRole, alert.dateText());
 }
 
 bool modelShows(const Wt::WStandardItemModel &model, const std::vector<AlertRecord> &alerts)
@@ -62,11 +50,15 @@ bool modelShows(const Wt::WStandardItemModel &model, const std::vector<AlertReco
 
 void setRow(Wt::WStandardItemModel &model, int row, const AlertRecord &alert)
 {
-  const Cells cells(alert);
-  model.setData(row, AlertRows::InstanceColumn, boost::any(alert.instanceId), Wt::EditRole);
-  for (int column = AlertRows::DateColumn; column < AlertRows::ColumnCount; ++column)
-    model.setData(row, column, boost::any(cells.texts[column]), Wt::EditRole);
-  model.setData(row, AlertRows::TypeColumn, boost::any(cells.typeClass), Wt::StyleClassRole);
+  const auto set = [&model, row](int column, int role, const boost::any &value) {
+    model.setData(row, column, value, role);
+  };
+  set(AlertRows::InstanceColumn, Wt::EditRole, alert.instanceId);
+  set(AlertRows::DateColumn, Wt::EditRole, alert.dateText());
+  set(AlertRows::TypeColumn, Wt::EditRole, alert.severityText());
+  set(AlertRows::TypeColumn, Wt::StyleClassRole, severityClass(alert));
+  set(AlertRows::OriginatorColumn, Wt::EditRole, alert.originatorEid.value_or(""));
+  set(AlertRows::MessageColumn, Wt::EditRole, alert.message);
 }
 
 void clear(Wt::WStandardItemModel &model)

@@ -58,6 +58,7 @@ private:
   WCollapsingContextPanelTitleBar *titleBar;
   Wt::WWidget *content;
   HeightType heightType;
+  Wt::WString emptyText;
   int fixedHeight;
   int lastHeight;
   bool collapsed;

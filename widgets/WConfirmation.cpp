@@ -17,9 +17,9 @@ bool WConfirmation::ask() const
   const unsigned int user = Db_db.getIndexOfCurrentlyLoggedInNevoUsr();
   // Nobody sees these errors: a preference that cannot be read or kept only means to be asked again.
   Db::Errors errors;
-  bool wanted = true;
+  bool wanted = asksIfUnreadable;
   if (Db_db.readEnableDisable("user", user, warning, wanted, errors) != 0)
-    wanted = true;
+    wanted = asksIfUnreadable;
   if (!wanted)
     return true;
 

@@ -10,6 +10,7 @@ struct WConfirmation {
   Wt::WString title;
   Wt::WString question;
   Wt::WString action; ///< the button that goes on; the other is "Cancel"
+  bool asksIfUnreadable = true; ///< whether to ask when the store does not say
 
   /// Asks, unless the logged-in user has turned this warning off, and keeps what the user says about asking
   /// again, whichever button that came with. True if the action may take place.

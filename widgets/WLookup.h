@@ -14,14 +14,14 @@
 template <class Choice, class Combo = WComboBoxZel> class WLookup : public Combo
 {
 public:
-  explicit WLookup(Wt::WContainerWidget *parent = 0) : Combo(Choice::sLookup, count(), parent) {}
+  explicit WLookup(Wt::WContainerWidget *parent = 0) : Combo(Choice::sLookup, numberOfChoices(), parent) {}
   WLookup(const char *resource, const char *param, bool indexed, Wt::WContainerWidget *parent = 0)
-      : Combo(resource, param, indexed, Choice::sLookup, count(), parent)
+      : Combo(resource, param, indexed, Choice::sLookup, numberOfChoices(), parent)
   {
   }
 
 private:
-  static int count() { return static_cast<int>(std::size(Choice::sLookup)); }
+  static int numberOfChoices() { return static_cast<int>(std::size(Choice::sLookup)); }
 };
 
 #endif // WIDGETS_WLOOKUP_H_

@@ -16,7 +16,7 @@ bool WTextZel::readFromDatabase(std::vector<unsigned int> &indexes, std::vector<
     return false;
   std::string value;
   const Agreement agreement = readCommon(indexes, value, errors);
-  setText(Wt::WString::fromUTF8(value));
+  setText(agreement == NoRecords || agreement == Unreadable ? Wt::WString() : textOfRead(value));
   return endRead(agreement);
 }
 
@@ -26,6 +26,16 @@ void WTextZel::getZelParam(json_t *response, std::vector<unsigned int> &indexes,
     return;
   std::string value;
   const Agreement agreement = extractCommon(response, indexes, value);
-  setText(Wt::WString::fromUTF8(value));
+  setText(agreement == Agreeing ? textOf(value) : Wt::WString());
   endBulkRead(agreement);
+}
+
+Wt::WString WTextZel::textOf(const std::string &value) const
+{
+  return Wt::WString::fromUTF8(value);
+}
+
+Wt::WString WTextZel::textOfRead(const std::string &value) const
+{
+  return textOf(value);
 }

@@ -55,8 +55,14 @@ WWidgetZel::Agreement WWidgetZel::readCommon(const std::vector<unsigned int> &in
 WWidgetZel::Agreement WWidgetZel::readCommon(const std::vector<unsigned int> &indexes, unsigned int &value,
                                              std::vector<std::string> &errors) const
 {
+  return readCommon(indexes, param, value, errors);
+}
+
+WWidgetZel::Agreement WWidgetZel::readCommon(const std::vector<unsigned int> &indexes, const char *parameter,
+                                             unsigned int &value, std::vector<std::string> &errors) const
+{
   const auto read = [&](unsigned int index, unsigned int &single) {
-    return Db_db.readUInt32(resource, index, param, single, errors);
+    return Db_db.readUInt32(resource, index, parameter, single, errors);
   };
   return merge(indexes, read, value);
 }
@@ -76,12 +82,18 @@ WWidgetZel::Agreement WWidgetZel::extractCommon(json_t *response, const std::vec
 WWidgetZel::Agreement WWidgetZel::extractCommon(json_t *response, const std::vector<unsigned int> &indexes,
                                                 unsigned int &value) const
 {
+  return extractCommon(response, indexes, param, value);
+}
+
+WWidgetZel::Agreement WWidgetZel::extractCommon(json_t *response, const std::vector<unsigned int> &indexes,
+                                                const char *parameter, unsigned int &value) const
+{
   if (namesNoRecord(indexes))
     return NoRecords;
   bool same = true;
   const unsigned int failed = indexed && indexes.size() > 1
-                                  ? Db_db.extractUInt32Merge(response, indexes, param, value, same)
-                                  : Db_db.extractUInt32(response, param, value);
+                                  ? Db_db.extractUInt32Merge(response, indexes, parameter, value, same)
+                                  : Db_db.extractUInt32(response, parameter, value);
   return failed ? Unreadable : same ? Agreeing : Differing;
 }
 

@@ -70,10 +70,14 @@ protected:
                        std::vector<std::string> &errors) const;
   Agreement readCommon(const std::vector<unsigned int> &indexes, unsigned int &value,
                        std::vector<std::string> &errors) const;
+  Agreement readCommon(const std::vector<unsigned int> &indexes, const char *parameter, unsigned int &value,
+                       std::vector<std::string> &errors) const;
   /// The same from a response, without a request.
   Agreement extractCommon(json_t *response, const std::vector<unsigned int> &indexes,
                           std::string &value) const;
   Agreement extractCommon(json_t *response, const std::vector<unsigned int> &indexes,
+                          unsigned int &value) const;
+  Agreement extractCommon(json_t *response, const std::vector<unsigned int> &indexes, const char *parameter,
                           unsigned int &value) const;
 
   /// Write one record; 0 stands for the record of a resource that has only one. True on failure.

@@ -348,6 +348,40 @@ test('a dialog stands in the middle until it is moved by its title bar', onGalle
   assert.deepEqual([moved.width, moved.height], [before.width, before.height]);
 }));
 
+test('a dialog is moved and resized by keyboard', onGallery(async page => {
+  await page.getByRole('button', { name: 'Free dialog' }).click();
+  const free = page.getByRole('dialog', { name: 'Free dialog' });
+  const before = await free.boundingBox();
+  await page.keyboard.press('Tab');
+  await free.getByRole('button', { name: 'Move with the arrow keys' }).focus();
+  for (const key of ['ArrowLeft', 'ArrowLeft', 'ArrowUp', 'ArrowRight']) await page.keyboard.press(key);
+  const moved = await free.boundingBox();
+  assert.deepEqual(moved, { ...before, x: before.x - 16, y: before.y - 16 });
+  await free.getByRole('button', { name: 'Resize with the arrow keys' }).focus();
+  for (const key of ['ArrowRight', 'ArrowDown', 'ArrowDown', 'ArrowLeft', 'ArrowRight']) await page.keyboard.press(key);
+  assert.deepEqual(await free.boundingBox(), { ...moved, width: before.width + 16, height: before.height + 32 });
+  await assertAccessible(page, 'a dialog with handles');
+  for (let i = 0; i < 40; ++i) await page.keyboard.press('ArrowLeft');
+  assert.ok((await free.boundingBox()).width >= 96);
+}));
+
+test('a dialog is resized by its corner, and stays where it is', onGallery(async page => {
+  await page.getByRole('button', { name: 'Free dialog' }).click();
+  const free = page.getByRole('dialog', { name: 'Free dialog' });
+  const before = await free.boundingBox();
+  await page.mouse.move(before.x + before.width - 6, before.y + before.height - 6);
+  await page.mouse.down();
+  await page.mouse.move(before.x + before.width + 34, before.y + before.height + 14, { steps: 3 });
+  await page.mouse.up();
+  assert.deepEqual(await free.boundingBox(), { ...before, width: before.width + 40, height: before.height + 20 });
+}));
+
+test('a dialog that cannot be moved or resized has no handles', onGallery(async page => {
+  await page.getByRole('button', { name: 'Bare dialog' }).click();
+  await page.getByRole('dialog', { name: 'Without a title bar.' }).waitFor();
+  assert.equal(await page.locator('.Wt-dialog-grip').count(), 0);
+}));
+
 test('a dialog that is not modal leaves the page usable and can be closed', onGallery(async page => {
   await page.getByRole('button', { name: 'Free dialog' }).click();
   const free = page.getByRole('dialog', { name: 'Free dialog' });

@@ -177,8 +177,8 @@ test('the keyboard alone connects a session', async () => {
     return page.evaluate(() => document.activeElement.textContent);
   }, text => text === 'Connect');
   await page.keyboard.press('Enter');
-  await eventually(() => dialog(page, 'Connect KVM Session').count(), count => count === 0);
-  await button(page, 'Close').waitFor();
+  await dialog(page, 'Session').getByText('Session has been successfully connected.').waitFor();
+  assert.equal(await page.locator('.Wt-dialog').count(), 1);
   await page.keyboard.press('Enter');
   await eventually(() => page.locator('.Wt-dialog').count(), count => count === 0);
 });

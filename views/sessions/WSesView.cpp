@@ -19,6 +19,7 @@
 
 #include <Wt/WStandardItemModel>
 #include <Wt/WVBoxLayout>
+#include <memory>
 
 namespace
 {
@@ -27,6 +28,34 @@ const int listHeight = 260;   ///< pixels
 const int smallestList = 115; ///< pixels
 const int settleTime = 1000;  ///< milliseconds that the store takes to drop the rows of ended sessions
 const int waitBoxWidth = 250; ///< pixels, at most
+
+struct NewSession {
+  unsigned int user = 0;
+  unsigned int rx = 0;
+  unsigned int tx = 0;
+  Info_ConnectionMode mode = Info_ConnectionMode_Share;
+};
+
+/// What the user wants to connect; null for nothing. The dialog is gone when it returns.
+std::unique_ptr<NewSession> askForSession()
+{
+  WEstabSesDialog dialog;
+  dialog.exec();
+  std::unique_ptr<NewSession> wanted(new NewSession);
+  if (dialog.buttonClicked() != 1 ||
+      dialog.getSelectedParameters(wanted->user, wanted->rx, wanted->tx, wanted->mode))
+    wanted.reset();
+  return wanted;
+}
+
+void connectSession(const NewSession &wanted)
+{
+  Db::Errors errors;
+  if (Db_db.createKvmSession(wanted.user, wanted.rx, wanted.tx, wanted.mode, errors) == 0)
+    WNotice::show(WMsgBox::MsgInfo, text("Session"), text("Session has been successfully connected."));
+  else
+    WNotice::showError(text("Unable to create session."), errors);
+}
 
 /// Lets the store settle. A box says so, whose loop leaves the server's threads to the other sessions.
 void waitForTheStore()
@@ -116,19 +145,9 @@ void WSesView::disableAutoRefresh()
 
 void WSesView::estabSesActionButtonClicked()
 {
-  WEstabSesDialog dialog;
-  dialog.exec();
-  unsigned int user = 0;
-  unsigned int rx = 0;
-  unsigned int tx = 0;
-  Info_ConnectionMode mode = Info_ConnectionMode_Share;
-  if (dialog.buttonClicked() == 1 && !dialog.getSelectedParameters(user, rx, tx, mode)) {
-    Db::Errors errors;
-    if (Db_db.createKvmSession(user, rx, tx, mode, errors) == 0)
-      WNotice::show(WMsgBox::MsgInfo, text("Session"), text("Session has been successfully connected."));
-    else
-      WNotice::showError(text("Unable to create session."), errors);
-  }
+  const std::unique_ptr<NewSession> wanted = askForSession();
+  if (wanted)
+    connectSession(*wanted);
   readFromDatabase(true);
 }
 

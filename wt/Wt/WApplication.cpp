@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WApplication>
 
+#include "base/OwnTexts.h"
 #include "session/Session.h"
 
 #include <Wt/WContainerWidget>
@@ -97,7 +98,8 @@ void WApplication::redirect(const std::string &url)
 
 void WApplication::quit()
 {
-  quit(WString::fromUTF8("The session has ended. Reload the page to begin a new one."));
+  quit(WString::fromUTF8(
+      Engine::ownText("Wt.QuittedMessage", "The session has ended. Reload the page to begin a new one.")));
 }
 
 void WApplication::quit(const WString &restartMessage)
@@ -164,6 +166,7 @@ void WApplication::refresh()
   data_->bundle.refresh();
   if (data_->title.refresh())
     session_->page().setTitle(data_->title.toUTF8());
+  session_->page().setTexts(Engine::ownScriptTexts());
   domRoot_->refresh();
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/OwnTexts.h"
 #include "base/RawEvent.h"
 #include "dom/Element.h"
 #include "session/Session.h"
@@ -47,6 +48,7 @@ protected:
     add(modal, "m");
     add(dialog_->escapeActive_, "e");
     add(movable_, "v");
+    add(resizable_, "r");
     e.set("role", "dialog");
     e.setIf(modal, "aria-modal", "true");
     e.setIf(!isHidden(), "!dialog", configuration + "}");
@@ -105,7 +107,7 @@ public:
   explicit CloseIcon(WContainerWidget *parent) : WText(parent)
   {
     addStyleClass("closeicon");
-    setAttributeValue("aria-label", "Close");
+    setAttributeValue("aria-label", WString::fromUTF8(Engine::ownText("Wt.WDialog.Close", "Close")));
   }
 
 protected:

@@ -19,6 +19,9 @@ class WText;
  * done() ends a dialog that is shown: outside exec() it hides and then emits finished(); within exec() it
  * emits finished() while still shown, and exec() hides it on its return. Further calls until then have no
  * effect. hide() and destruction emit nothing and do not end exec().
+ *
+ * A movable dialog follows a press on its title bar, a resizable one its lower right corner; each has a handle
+ * that gets the focus after everything else in the dialog and takes the arrow keys.
  */
 class WDialog : public WPopupWidget
 {

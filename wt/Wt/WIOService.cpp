@@ -2,17 +2,14 @@
 #include "WIOService.h"
 
 #include "base/Log.h"
+#include "http/WorkerThreads.h"
 
-#include <algorithm>
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context_strand.hpp>
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
-#include <csignal>
-#include <list>
 #include <mutex>
 #include <optional>
-#include <pthread.h>
 
 namespace Wt
 {
@@ -22,22 +19,20 @@ namespace
 
 namespace asio = boost::asio;
 
-// Sessions have stacks of their own; this one is for resources and for functions that programs schedule.
-constexpr std::size_t stackSize = 1024 * 1024;
-
 } // namespace
 
 struct WIOService::Impl {
   using Guard = asio::executor_work_guard<asio::io_context::executor_type>;
 
-  explicit Impl(WIOService &service) : strand(service) {}
+  explicit Impl(WIOService &service)
+      : strand(service), threads([&service] { return service.run_one() > 0; })
+  {
+  }
 
   asio::io_context::strand strand;
   std::mutex mutex;
   std::optional<Guard> guard; ///< keeps idle threads; set while running
-  std::list<pthread_t> threads;
-  int limit = 10;
-  int busy = 0;
+  Net::WorkerThreads threads;
 };
 
 WIOService::WIOService() : impl_(std::make_unique<Impl>(*this)) {}
@@ -49,12 +44,17 @@ WIOService::~WIOService()
 
 void WIOService::setThreadCount(int count)
 {
-  impl_->limit = std::max(1, count);
+  impl_->threads.setLimit(count);
 }
 
 int WIOService::threadCount() const
 {
-  return impl_->limit;
+  return impl_->threads.limit();
+}
+
+int WIOService::threadsNow() const
+{
+  return impl_->threads.count();
 }
 
 void WIOService::start()
@@ -64,62 +64,29 @@ void WIOService::start()
     return;
   restart();
   impl_->guard.emplace(asio::make_work_guard(*this));
-  addThread();
-}
-
-/// With the lock held. Signals are for the program's own threads.
-void WIOService::addThread()
-{
-  sigset_t all;
-  sigset_t former;
-  sigfillset(&all);
-  pthread_sigmask(SIG_SETMASK, &all, &former);
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, stackSize);
-  const auto body = [](void *service) -> void * {
-    static_cast<WIOService *>(service)->run();
-    return nullptr;
-  };
-  pthread_t thread;
-  if (pthread_create(&thread, &attributes, body, this) == 0)
-    impl_->threads.push_back(thread);
-  else
-    Engine::log(Engine::LogLevel::Error, "pool", "A worker thread cannot be started.");
-  pthread_attr_destroy(&attributes);
-  pthread_sigmask(SIG_SETMASK, &former, nullptr);
+  impl_->threads.start();
 }
 
 void WIOService::stop()
 {
-  std::list<pthread_t> threads;
   {
     const std::lock_guard<std::mutex> lock(impl_->mutex);
     impl_->guard.reset();
-    threads.swap(impl_->threads);
   }
   asio::io_context::stop();
-  for (const pthread_t thread : threads)
-    pthread_join(thread, nullptr);
+  impl_->threads.join();
 }
 
 void WIOService::perform(const std::function<void()> &function)
 {
-  {
-    const std::lock_guard<std::mutex> lock(impl_->mutex);
-    ++impl_->busy;
-    const int threads = static_cast<int>(impl_->threads.size());
-    if (impl_->guard && impl_->busy >= threads && threads < impl_->limit)
-      addThread();
-  }
+  impl_->threads.entered();
   try {
     function();
   } catch (const std::exception &e) {
     Engine::log(Engine::LogLevel::Error, "pool",
                 std::string("An exception escaped a function on a worker thread: ") + e.what());
   }
-  const std::lock_guard<std::mutex> lock(impl_->mutex);
-  --impl_->busy;
+  impl_->threads.left();
 }
 
 void WIOService::submit(std::function<void()> function)

@@ -12,7 +12,8 @@ namespace Wt
 
 /**
  * The server's pool of worker threads. Threads are started as they are needed, up to the number that was set:
- * as long as that is not reached there is always one that waits for work.
+ * as long as that is not reached there is always one that waits for work. A thread that waits inside a function
+ * for longer than some milliseconds does not count.
  */
 class WIOService : public boost::asio::io_service
 {
@@ -41,12 +42,12 @@ public:
   void submit(std::function<void()> function);
   /// Runs the function now, on this thread of the pool, and sees to it that others go on meanwhile.
   void perform(const std::function<void()> &function);
+  /// The threads that there are at the moment.
+  int threadsNow() const;
 
 private:
   struct Impl;
   std::unique_ptr<Impl> impl_;
-
-  void addThread();
 };
 
 } // namespace Wt

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WIntValidator>
 
+#include "base/OwnTexts.h"
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -58,6 +60,17 @@ void WIntValidator::setRange(int bottom, int top)
   repaint();
 }
 
+namespace
+{
+
+WString rangeText()
+{
+  return WString::fromUTF8(
+      Engine::ownText("Wt.WIntValidator.BadRange", "The number must be between {1} and {2}"));
+}
+
+} // namespace
+
 WIntValidator::Texts &WIntValidator::texts()
 {
   if (!texts_)
@@ -75,7 +88,7 @@ WString WIntValidator::invalidNotANumberText() const
 {
   if (texts_ && !texts_->notANumber.empty())
     return texts_->notANumber;
-  return WString::fromUTF8("Must be an integer number");
+  return WString::fromUTF8(Engine::ownText("Wt.WIntValidator.NotAnInteger", "Must be an integer number"));
 }
 
 void WIntValidator::setInvalidTooSmallText(const WString &text)
@@ -88,7 +101,7 @@ WString WIntValidator::invalidTooSmallText() const
 {
   if (texts_ && !texts_->tooSmall.empty())
     return WString(texts_->tooSmall).arg(bottom_).arg(top_);
-  return WString::fromUTF8("The number must be between {1} and {2}").arg(bottom_).arg(top_);
+  return rangeText().arg(bottom_).arg(top_);
 }
 
 void WIntValidator::setInvalidTooLargeText(const WString &text)
@@ -101,7 +114,7 @@ WString WIntValidator::invalidTooLargeText() const
 {
   if (texts_ && !texts_->tooLarge.empty())
     return WString(texts_->tooLarge).arg(bottom_).arg(top_);
-  return WString::fromUTF8("The number must be between {1} and {2}").arg(bottom_).arg(top_);
+  return rangeText().arg(bottom_).arg(top_);
 }
 
 WValidator::Result WIntValidator::validate(const WString &input) const

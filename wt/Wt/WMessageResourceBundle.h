@@ -12,8 +12,16 @@
 
 namespace Wt {
 
-/// Texts from XML files, searched in the order of use(). Files are read at the first lookup, and what was read
-/// is shared by all sessions.
+/**
+ * Texts from XML files, searched in the order of use(). Files are read at the first lookup, and what was read is
+ * shared by all sessions.
+ *
+ * The toolkit's own sentences are English unless the application's files have these keys: "Wt.QuittedMessage",
+ * "Wt.Page.ConnectionLost", "Wt.Page.Failed", "Wt.WDialog.Close", "Wt.WDialog.Move", "Wt.WDialog.Resize",
+ * "Wt.WValidator.Mandatory", "Wt.WRegExpValidator.Invalid", "Wt.WIntValidator.NotAnInteger" and
+ * "Wt.WIntValidator.BadRange" ({1} to {2}); or, for pages that get no session, those of
+ * WServer::setLocalizedStrings(): "Wt.Page.Full", "Wt.Page.TooMany" and "Wt.Page.Stopping".
+ */
 class WMessageResourceBundle : public WLocalizedStrings
 {
 public:

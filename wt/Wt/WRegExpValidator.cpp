@@ -2,6 +2,7 @@
 #include <Wt/WRegExpValidator>
 
 #include "base/Log.h"
+#include "base/OwnTexts.h"
 #include "base/Pattern.h"
 
 namespace Wt {
@@ -47,7 +48,7 @@ void WRegExpValidator::setInvalidNoMatchText(const WString &text)
 
 WString WRegExpValidator::invalidNoMatchText() const
 {
-  return noMatchText_ ? *noMatchText_ : WString::fromUTF8("Invalid input");
+  return noMatchText_ ? *noMatchText_ : WString::fromUTF8(Engine::ownText("Wt.WRegExpValidator.Invalid", "Invalid input"));
 }
 
 WValidator::Result WRegExpValidator::validate(const WString &input) const

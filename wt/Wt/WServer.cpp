@@ -50,6 +50,7 @@ struct WServer::Impl {
   std::shared_ptr<Engine::SessionManager> sessions;
   std::unique_ptr<Net::HttpServer> http;
   bool pidWritten = false;
+  std::unique_ptr<WLocalizedStrings> strings;
 
   void writePidFile();
   Net::HttpSettings httpSettings() const;
@@ -91,6 +92,10 @@ Net::HttpSettings WServer::Impl::httpSettings() const
   settings.compression = from.compression;
   settings.behindProxy = from.behindProxy;
   settings.maximumBody = static_cast<std::uint64_t>(from.maximumRequestSize);
+  if (from.maximumConnections)
+    settings.maximumConnections = static_cast<std::size_t>(*from.maximumConnections);
+  if (from.connectionsPerAddress)
+    settings.maximumPerAddress = static_cast<std::size_t>(*from.connectionsPerAddress);
   return settings;
 }
 
@@ -102,6 +107,10 @@ Engine::SessionConfig WServer::Impl::sessionConfig() const
   config.scriptVersion = Net::ScriptAsset::version();
   if (configuration.maximumSessions)
     config.maxSessions = static_cast<std::size_t>(*configuration.maximumSessions);
+  if (configuration.newSessionsPerAddress)
+    config.maxNewSessionsPerAddress = static_cast<std::size_t>(*configuration.newSessionsPerAddress);
+  if (configuration.newSessionsInterval)
+    config.newSessionsInterval = std::chrono::seconds(*configuration.newSessionsInterval);
   return config;
 }
 
@@ -271,6 +280,16 @@ void WServer::reload()
 bool WServer::expireSessions()
 {
   return impl_->sessions && impl_->sessions->expireSessions();
+}
+
+void WServer::setLocalizedStrings(WLocalizedStrings *strings)
+{
+  impl_->strings.reset(strings);
+}
+
+WLocalizedStrings *WServer::localizedStrings() const
+{
+  return impl_->strings.get();
 }
 
 WIOService &WServer::ioService()

@@ -6,6 +6,7 @@
 #include <Wt/WException>
 #include <Wt/WGlobal>
 #include <Wt/WIOService>
+#include <Wt/WLocalizedStrings>
 #include <boost/function.hpp>
 #include <memory>
 #include <string>
@@ -70,6 +71,12 @@ public:
   WIOService &ioService();
   /// Runs the function within the session of that id, which WApplication::sessionId() tells.
   void post(const std::string &sessionId, const boost::function<void()> &function);
+
+  /// The texts where no session runs, such as those of a page that gets none; owned. Before start(). Asked from
+  /// any thread, one at a time.
+  void setLocalizedStrings(WLocalizedStrings *strings);
+  /// Null unless set.
+  WLocalizedStrings *localizedStrings() const;
 
   // For the toolkit itself
 

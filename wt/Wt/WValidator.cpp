@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/FieldValidation.h"
+#include "base/OwnTexts.h"
 
 namespace Wt {
 
@@ -36,7 +37,7 @@ void WValidator::setInvalidBlankText(const WString &text)
 
 WString WValidator::invalidBlankText() const
 {
-  return blankText_ ? *blankText_ : WString::fromUTF8("This field cannot be empty");
+  return blankText_ ? *blankText_ : WString::fromUTF8(Engine::ownText("Wt.WValidator.Mandatory", "This field cannot be empty"));
 }
 
 WValidator::Result WValidator::validate(const WString &input) const

@@ -41,6 +41,16 @@ td,th{vertical-align:top;text-align:left}
 `);
 document.adoptedStyleSheets = [sheet];
 
+// ---- sentences of the runtime ------------------------------------------------------------------------------------
+
+/// The application may have its own.
+const texts = {
+  lost: 'The connection to the server is lost. Trying to reconnect…',
+  ended: 'This session has ended. Reload the page to begin a new one.',
+  move: 'Move with the arrow keys',
+  resize: 'Resize with the arrow keys',
+};
+
 // ---- page --------------------------------------------------------------------------------------------------------
 
 const root = document.documentElement;
@@ -207,6 +217,7 @@ const pageCommands = {
     root.className = names;
     root.classList.toggle('Wt-unstyled', unstyled);
   },
+  texts(given) { Object.assign(texts, given); },
   redirect(url) { go(url); },
   style(url) {
     const link = document.createElement('link');
@@ -457,7 +468,7 @@ const receivers = {
     setTimeout(() => location.reload(), performance.now() < 5000 ? 3000 : 0);
   },
   quit({ quit }) {
-    ended = quit.text || 'This session has ended. Reload the page to begin a new one.';
+    ended = quit.text || texts.ended;
     token = '';
     busy(false);
     if (quit.url !== undefined) go(quit.url);
@@ -499,7 +510,7 @@ function connect() {
   socket.onclose = () => {
     ready = false;
     if (leaving || ended) return;
-    overlay(true, 'The connection to the server is lost. Trying to reconnect…');
+    overlay(true, texts.lost);
     clearTimeout(retry);
     retry = setTimeout(connect, resendAfter[Math.min(attempts++, resendAfter.length - 1)]);
   };
@@ -650,7 +661,11 @@ formSheet.replaceSync(`@layer wt{
 .Wt-dialogcover:has(~.Wt-dialogcover){background:none}
 .Wt-dialog{position:fixed;z-index:100;inset:0;width:fit-content;height:fit-content;margin:auto;max-width:calc(100vw - 16px);max-height:calc(100vh - 16px);border:1px solid;background:Canvas;color:CanvasText;overflow:auto}
 .Wt-dialog:focus{outline:none}
-.Wt-dialog.Wt-resizable{resize:both}
+.Wt-dialog-grip{position:absolute;left:0;top:0;width:16px;height:16px;line-height:16px;text-align:center;touch-action:none;cursor:move}
+.Wt-dialog-grip:not(.Wt-resize,:focus-visible){opacity:0;pointer-events:none}
+.Wt-dialog-grip::before{content:"✥"}
+.Wt-resize{left:auto;top:auto;right:0;bottom:0;cursor:nwse-resize}
+.Wt-resize::before{content:"◢"}
 .dialog-layout{display:flex;flex-direction:column;height:100%;max-height:inherit}
 .dialog-layout>.body{flex:1 1 auto;min-height:0;overflow:auto}
 .titlebar h4{margin:0}
@@ -877,7 +892,7 @@ behaviours.tabs = {
   detach: unhandle('tabs'),
 };
 
-// ---- dialogs: m modal, e Escape rejects, v movable by the title bar
+// ---- dialogs: m modal, e Escape rejects, v movable by the title bar, r resizable at the lower right corner
 
 const dialogs = []; // shown ones, the topmost last: { el, opener }
 
@@ -942,15 +957,57 @@ document.addEventListener('keydown', e => {
   }
 });
 
-function moveDialog(el, e) {
-  const bar = e.target.closest('.titlebar');
-  if (!configOf(el, 'dialog').v || e.button !== 0 || !bar || bar.contains(e.target.closest(focusable))) return;
+/// Puts a dialog that was at `box` elsewhere, with its title bar in sight.
+function moveDialog(el, box, dx, dy) {
+  const left = Math.min(Math.max(box.left + dx, 48 - box.width), innerWidth - 48);
+  const top = Math.min(Math.max(box.top + dy, 0), innerHeight - 24);
+  Object.assign(el.style, { left: left + 'px', top: top + 'px', right: 'auto', bottom: 'auto', margin: '0' });
+}
+
+/// Its upper left corner stays where it is.
+function resizeDialog(el, box, dx, dy) {
+  moveDialog(el, box, 0, 0);
+  const width = Math.max(96, Math.min(box.width + dx, innerWidth - box.left));
+  const height = Math.max(64, Math.min(box.height + dy, innerHeight - box.top));
+  Object.assign(el.style, { boxSizing: 'border-box', width: width + 'px', height: height + 'px' });
+}
+
+function dragDialog(el, at, e, act) {
   const box = el.getBoundingClientRect();
-  followPointer(bar, e, (dx, dy) => {
-    const left = Math.min(Math.max(box.left + dx, 48 - box.width), innerWidth - 48);
-    const top = Math.min(Math.max(box.top + dy, 0), innerHeight - 24);
-    Object.assign(el.style, { left: left + 'px', top: top + 'px', right: 'auto', bottom: 'auto', margin: '0' });
+  followPointer(at, e, (dx, dy) => act(el, box, dx, dy));
+}
+
+function pressDialog(el, e) {
+  const bar = e.target.closest('.titlebar');
+  if (e.button !== 0) return;
+  if (e.target.matches('.Wt-resize')) dragDialog(el, e.target, e, resizeDialog);
+  else if (configOf(el, 'dialog').v && bar && !bar.contains(e.target.closest(focusable))) dragDialog(el, bar, e, moveDialog);
+}
+
+/// A handle for the arrow keys, made when there is a use for it; the last stops of the Tab key.
+function gripDialog(el, wanted, name, label, act) {
+  const grip = el.querySelector(`:scope>.${name}`);
+  if (wanted === !!grip) return;
+  if (grip) return grip.remove();
+  const made = document.createElement('div');
+  made.className = 'Wt-dialog-grip ' + name;
+  made.tabIndex = 0;
+  made.setAttribute('role', 'button');
+  made.setAttribute('aria-label', label);
+  made.addEventListener('keydown', e => {
+    const by = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] }[e.key];
+    if (!by) return;
+    e.preventDefault();
+    act(el, el.getBoundingClientRect(), by[0] * sizeStep, by[1] * sizeStep);
   });
+  el.append(made);
+}
+
+function gripsOf(el) {
+  const { v, r } = configOf(el, 'dialog');
+  const bar = el.querySelector('.titlebar');
+  gripDialog(el, !!v && !!bar && !bar.hidden, 'Wt-move', texts.move, moveDialog);
+  gripDialog(el, !!r, 'Wt-resize', texts.resize, resizeDialog);
 }
 
 behaviours.dialog = {
@@ -959,13 +1016,17 @@ behaviours.dialog = {
     dialogs.push(dialog);
     el.tabIndex = -1;
     nameDialog(el);
-    handle(el, 'dialog', { pointerdown(e) { moveDialog(el, e); } });
+    gripsOf(el);
+    handle(el, 'dialog', { pointerdown(e) { pressDialog(el, e); } });
     queueMicrotask(() => {
       coverPage();
       enterDialog(dialog);
     });
   },
-  update: () => queueMicrotask(coverPage),
+  update(el) {
+    gripsOf(el);
+    queueMicrotask(coverPage);
+  },
   detach(el) {
     unhandle('dialog')(el);
     const [gone] = dialogs.splice(dialogs.findIndex(dialog => dialog.el === el), 1);

@@ -40,7 +40,7 @@ struct HttpSettings {
   bool behindProxy = false;
   std::uint64_t maximumBody = 128 * 1024;
   std::size_t maximumConnections = 2000;
-  std::size_t maximumPerAddress = 1000;
+  std::size_t maximumPerAddress = 1500; ///< leaves room for others beside an office behind one address
 };
 
 /// The sockets of a server and the one thread that serves them.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <limits>
 #include <pugixml.hpp>
 #include <sys/stat.h>
 
@@ -105,14 +106,30 @@ bool isTrue(const char *text)
   return std::string(text) == "true" || std::string(text) == "1";
 }
 
+/// Takes a number, brought within its bounds. What is no number, or is not there, leaves the target as it is.
+void readCount(const pugi::xml_node &node, int low, int high, std::optional<int> &target)
+{
+  std::string text = node.text().as_string();
+  text.erase(0, text.find_first_not_of(" \t\r\n"));
+  text.erase(text.find_last_not_of(" \t\r\n") + 1);
+  long number = 0;
+  if (parseInt(text, 0, std::numeric_limits<long>::max(), number))
+    target = static_cast<int>(std::clamp<long>(number, low, high));
+}
+
 /// Takes over what a section of the file says; what it does not say stays.
 void readSection(const pugi::xml_node &section, ServerConfiguration &configuration)
 {
+  const int most = 1000 * 1000;
   const pugi::xml_node sessions = section.child("session-management");
   if (const pugi::xml_node node = sessions.child("timeout"))
     configuration.timeout = node.text().as_int(configuration.timeout);
-  if (const pugi::xml_node node = sessions.child("dedicated-process").child("max-num-sessions"))
-    configuration.maximumSessions = std::max(1, node.text().as_int(1));
+  readCount(sessions.child("dedicated-process").child("max-num-sessions"), 1, most,
+            configuration.maximumSessions);
+  readCount(sessions.child("new-sessions-per-address"), 1, most, configuration.newSessionsPerAddress);
+  readCount(sessions.child("new-sessions-interval"), 1, 24 * 60 * 60, configuration.newSessionsInterval);
+  readCount(section.child("max-connections"), 1, most, configuration.maximumConnections);
+  readCount(section.child("max-connections-per-address"), 1, most, configuration.connectionsPerAddress);
   if (const pugi::xml_node node = section.child("max-request-size"))
     configuration.maximumRequestSize =
         std::clamp<long long>(node.text().as_llong(128), 1, std::int64_t{1} << 40) * 1024;

@@ -38,8 +38,13 @@ struct ServerConfiguration {
   int timeout = 600; ///< seconds; negative: never
   std::int64_t maximumRequestSize = 128 * 1024;
   int fileThreads = 10;
-  std::optional<int> maximumSessions;
   bool behindProxy = false;
+  // Where the file says nothing, the defaults of SessionConfig and HttpSettings hold.
+  std::optional<int> maximumSessions;
+  std::optional<int> newSessionsPerAddress;
+  std::optional<int> newSessionsInterval; ///< seconds
+  std::optional<int> maximumConnections;
+  std::optional<int> connectionsPerAddress;
 
   // Both, after check()
   unsigned short httpPortNumber = 0;

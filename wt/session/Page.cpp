@@ -202,5 +202,13 @@ void Page::setHtmlClass(const std::string &classes)
   textCommand("htmlClass", classes);
 }
 
+void Page::setTexts(const std::string &texts)
+{
+  if (texts == texts_)
+    return;
+  texts_ = texts;
+  command("texts", texts);
+}
+
 } // namespace Engine
 } // namespace Wt

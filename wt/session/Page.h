@@ -77,6 +77,8 @@ public:
   void setLanguage(const std::string &language);
   void addStyleSheet(const std::string &url);
   void setHtmlClass(const std::string &classes);
+  /// The sentences of the script that are not the script's own, as a JSON object.
+  void setTexts(const std::string &texts);
 
 private:
   struct Window {
@@ -95,6 +97,7 @@ private:
   std::string title_;
   std::string language_;
   std::string htmlClass_;
+  std::string texts_ = "{}";
   WWebWidget *focusWanted_ = nullptr;
   std::uint64_t seen_ = 0;
   Dom::Element::Id focus_ = 0;

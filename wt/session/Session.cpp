@@ -3,6 +3,7 @@
 
 #include "base/EventAccess.h"
 #include "base/Log.h"
+#include "base/OwnTexts.h"
 #include "dom/JsonText.h"
 #include "session/Random.h"
 #include "session/WidgetAccess.h"
@@ -21,8 +22,7 @@ namespace Engine {
 namespace {
 
 const char reloadMessage[] = "{\"reload\":true}";
-const char failureMessage[] = "{\"quit\":{\"text\":\"An internal error has ended this session. "
-                              "Reload the page to begin a new one.\",\"now\":true}}";
+const char failureText[] = "An internal error has ended this session. Reload the page to begin a new one.";
 
 thread_local Session *currentSession = nullptr;
 
@@ -377,11 +377,14 @@ void Session::loop()
 /// A handler ended with an exception. That is the rule when the session was killed, and a fault otherwise.
 void Session::failed(const char *what)
 {
+  const std::string text = ownText("Wt.Page.Failed", failureText);
   const std::lock_guard<std::mutex> held(mutex_);
   if (killed_)
     return;
   killed_ = true;
-  farewell_ = failureMessage;
+  farewell_ = "{\"quit\":{\"text\":";
+  Dom::appendJsonString(farewell_, text);
+  farewell_ += ",\"now\":true}}";
   released_.notify_all();
   log(LogLevel::Fatal, "session", publicId() + " ended by an exception: " + what);
 }
@@ -705,6 +708,7 @@ void Session::sendTheme()
   const std::string theme = application_.load()->cssTheme();
   if (!theme.empty())
     page_.addStyleSheet("resources/themes/" + theme + "/wt.css");
+  page_.setTexts(ownScriptTexts());
 }
 
 void Session::push()

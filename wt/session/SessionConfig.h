@@ -19,8 +19,10 @@ namespace Engine {
 struct SessionConfig {
   std::chrono::seconds timeout{600};         ///< how long a session outlives its connection; negative: for ever
   std::size_t maxSessions = 500;             ///< beyond it a page is told to try again later
-  std::size_t maxNewSessionsPerAddress = 30; ///< within newSessionsInterval
-  std::chrono::seconds newSessionsInterval{10};
+  /// Within newSessionsInterval. All people of an office may come from one address, and all at once: after an
+  /// outage each page loads itself anew.
+  std::size_t maxNewSessionsPerAddress = 600;
+  std::chrono::seconds newSessionsInterval{60};
   std::size_t maxQueuedMessages = 1000;      ///< messages of one page that wait while its session is busy
   std::size_t maxQueuedBytes = 4u << 20;
   std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged

@@ -2,6 +2,7 @@
 #include "session/SessionManager.h"
 
 #include "base/Log.h"
+#include "base/OwnTexts.h"
 #include "base/ResourceUrl.h"
 #include "dom/JsonText.h"
 #include "session/Random.h"
@@ -192,11 +193,11 @@ std::shared_ptr<Session> SessionManager::begin(const RequestHead &head, std::str
   const EntryPoint *place = entryPoint(head.entryPoint);
   const std::lock_guard<std::mutex> held(mutex_);
   if (stopping_ || !place) {
-    refusal = stoppingText;
+    refusal = ownText("Wt.Page.Stopping", stoppingText);
   } else if (byPublicId_.size() >= config_.maxSessions) {
-    refusal = fullText;
+    refusal = ownText("Wt.Page.Full", fullText);
   } else if (tooManyFrom(head.clientAddress)) {
-    refusal = rateText;
+    refusal = ownText("Wt.Page.TooMany", rateText);
   }
   if (!refusal.empty()) {
     log(LogLevel::Warning, "session", "no session for " + head.clientAddress + ": " + refusal);

@@ -239,7 +239,7 @@ void PageMirror::command(json_t *operation)
     redirected = argument;
   else if (name == "style")
     styleSheets.push_back(argument);
-  else if (name != "htmlClass" && name != "lang")
+  else if (name != "htmlClass" && name != "lang" && name != "texts")
     fail("obey", operation);
 }
 

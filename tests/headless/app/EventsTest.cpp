@@ -4,8 +4,11 @@
 #include "NevoSite.h"
 #include "SwitchScript.h"
 #include "TestStore.h"
+#include "WEventViewHistList.h"
 
-#include <ctime>
+#include <Wt/WContainerWidget>
+#include <Wt/WStandardItemModel>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -186,6 +189,24 @@ protected:
     store_.forgetRequests();
     visitor_.resetCounters();
   }
+  // Runs a function within the session now.
+  void within(const std::function<void(NevoApplication &)> &action)
+  {
+    NevoApplication &application = site_.application();
+    site_.manager->post(application.sessionId(), [&] { action(application); });
+    visitor_.advance(0s);
+  }
+  // The first widget of that class below another.
+  template <class Widget> static Widget *find(Wt::WObject &from)
+  {
+    for (Wt::WObject *child : from.children()) {
+      if (Widget *found = dynamic_cast<Widget *>(child))
+        return found;
+      if (Widget *found = find<Widget>(*child))
+        return found;
+    }
+    return nullptr;
+  }
   // What was asked of the store's alert control.
   std::vector<std::string> commands()
   {
@@ -331,6 +352,32 @@ TEST_F(Events, sendOnlyTheCellThatChanged)
   EXPECT_THAT(visitor_.messages(kHistory), ElementsAre("Three", "2", "One"));
   EXPECT_EQ(visitor_.operationsReceived(), 1U);
   EXPECT_LE(visitor_.bytesReceived(), kBytesPerCell + kBytesBeside);
+}
+
+TEST_F(Events, stayUntouchedInTheirModelWhereNothingChanged)
+{
+  std::vector<std::string> events;
+  for (int i = 1; i <= 2000; ++i)
+    events.push_back(event(i, "info", "Event " + number(i)));
+  setHistory(events);
+  watch();
+  int changes = 0;
+  within([&changes](NevoApplication &application) {
+    WEventViewHistList *list = find<WEventViewHistList>(*application.root());
+    ASSERT_TRUE(list);
+    const auto count = std::bind([&changes] { ++changes; });
+    list->model->rowsRemoved().connect(count);
+    list->model->rowsInserted().connect(count);
+    list->model->dataChanged().connect(count);
+    list->model->layoutChanged().connect(count);
+  });
+  visitor_.waitForRefresh();
+  EXPECT_EQ(changes, 0);
+  events.back() = event(2000, "error", "Event 2000");
+  setHistory(events);
+  visitor_.waitForRefresh();
+  EXPECT_GT(changes, 0);
+  EXPECT_EQ(visitor_.rows(kHistory)[0][1], "Error");
 }
 
 TEST_F(Events, keepTheOrderThatThePersonChose)

@@ -2,6 +2,7 @@
 #include "KitPage.h"
 
 #include "ClientSession.h"
+#include "KitSession.h"
 
 #include <Wt/WMessageResourceBundle>
 #include <boost/bind.hpp>
@@ -9,7 +10,7 @@
 namespace
 {
 
-class KitApplication : public Wt::WApplication, public ClientSession
+class KitApplication : public Wt::WApplication, public ClientSession, public KitSession
 {
 public:
   explicit KitApplication(const Wt::WEnvironment &environment) : Wt::WApplication(environment)

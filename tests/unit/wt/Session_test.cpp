@@ -578,6 +578,21 @@ TEST(Session, limitsTheRateOfNewPagesFromOneAddress)
   EXPECT_EQ("", site.openPage()->busyText());
 }
 
+TEST(Session, opensThePagesOfAWholeOfficeBehindOneAddressAtOnceAndOnceMoreWhenTheyReload)
+{
+  TestSite site(TestSite::building([](WApplication &) {}));
+  std::vector<std::shared_ptr<HeadlessBrowser>> pages;
+  for (int round = 0; round < 2; ++round) {
+    for (const auto &page : pages)
+      page->close();
+    pages.clear();
+    for (int i = 0; i < 300; ++i) {
+      pages.push_back(site.openPage());
+      ASSERT_EQ("", pages.back()->busyText());
+    }
+  }
+}
+
 TEST(Session, tellsTheEnvironmentWhatTheBrowserSaid)
 {
   std::string seen;

@@ -467,7 +467,7 @@ TEST(WDialog, takesSizesAndFlags)
   EXPECT_EQ("500px", frame->get("*max-width"));
   EXPECT_TRUE(frame->hasClass("Wt-resizable"));
   EXPECT_FALSE(frame->children[0]->hasClass("movable"));
-  EXPECT_EQ("{\"m\":1}", frame->get("!dialog"));
+  EXPECT_EQ("{\"m\":1,\"r\":1}", frame->get("!dialog"));
 }
 
 TEST(WDialog, tellsATestWithoutBrowserWhichMustEndIt)

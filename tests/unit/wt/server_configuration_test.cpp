@@ -132,6 +132,41 @@ TEST(ServerConfigurationTest, TheFileSetsTheLimitsAndASectionOfTheProgramWins)
   EXPECT_TRUE(c.behindProxy);
 }
 
+TEST(ServerConfigurationTest, TheFileSetsTheLimitsOfOneAddress)
+{
+  const HttpTestFolder folder;
+  const std::string file = folder.write("c.xml", R"(<server><application-settings location="*">
+      <session-management>
+        <new-sessions-per-address> 40 </new-sessions-per-address>
+        <new-sessions-interval>20</new-sessions-interval>
+      </session-management>
+      <max-connections>300</max-connections>
+      <max-connections-per-address>0</max-connections-per-address>
+    </application-settings></server>)");
+  std::string error;
+  ServerConfiguration c;
+  ASSERT_TRUE(c.readFile(file, "", error)) << error;
+  EXPECT_EQ(c.newSessionsPerAddress, 40);
+  EXPECT_EQ(c.newSessionsInterval, 20);
+  EXPECT_EQ(c.maximumConnections, 300);
+  EXPECT_EQ(c.connectionsPerAddress, 1);
+}
+
+TEST(ServerConfigurationTest, ALimitThatIsNoNumberIsAsIfItWereNotThere)
+{
+  const HttpTestFolder folder;
+  const std::string file = folder.write("c.xml", R"(<server><application-settings location="*">
+      <session-management><new-sessions-per-address>many</new-sessions-per-address></session-management>
+      <max-connections>-5</max-connections><max-connections-per-address/>
+    </application-settings></server>)");
+  std::string error;
+  ServerConfiguration c;
+  ASSERT_TRUE(c.readFile(file, "", error)) << error;
+  EXPECT_FALSE(c.newSessionsPerAddress.has_value());
+  EXPECT_FALSE(c.maximumConnections.has_value());
+  EXPECT_FALSE(c.connectionsPerAddress.has_value());
+}
+
 TEST(ServerConfigurationTest, WithoutAFileTheDefaultsHold)
 {
   ::unsetenv("WT_CONFIG_XML");

@@ -4,6 +4,7 @@
 #include <Wt/WIOService>
 #include <atomic>
 #include <condition_variable>
+#include <ctime>
 #include <future>
 #include <gtest/gtest.h>
 #include <mutex>
@@ -82,24 +83,55 @@ TEST(ServerPoolTest, AFunctionMayScheduleItselfAgainAndStopEndsTheChain)
   service.stop();
 }
 
-TEST(ServerPoolTest, AllThreadsMayBeHeldAtOnceAndNoMore)
+TEST(ServerPoolTest, ManyFunctionsThatWaitDelayNoOtherAndTheThreadsInTheirPlaceEndAfterThem)
 {
   WIOService service;
   service.setThreadCount(3);
   service.start();
   Counter held;
-  Counter late;
+  Counter others;
   std::promise<void> release;
   const std::shared_future<void> released = release.get_future().share();
-  for (int i = 0; i < 3; ++i)
+  for (int i = 0; i < 60; ++i)
     service.submit([&held, released] {
       held.add();
       released.wait();
     });
-  EXPECT_TRUE(held.reaches(3));
-  service.submit([&late] { late.add(); });
+  for (int i = 0; i < 100; ++i)
+    service.submit([&others] { others.add(); });
+  EXPECT_TRUE(others.reaches(100));
+  EXPECT_TRUE(held.reaches(60));
+  EXPECT_GT(service.threadsNow(), 60);
+  Counter timers;
+  service.schedule(1, [&timers] { timers.add(); });
+  EXPECT_TRUE(timers.reaches(1));
   release.set_value();
-  EXPECT_TRUE(late.reaches(1));
+  // A spare thread ends after the next thing that it does.
+  for (int i = 1; service.threadsNow() > 3; ++i) {
+    service.submit([&others] { others.add(); });
+    ASSERT_TRUE(others.reaches(100 + i));
+    ASSERT_LT(i, 100000);
+  }
+  EXPECT_EQ(service.threadsNow(), 3);
+}
+
+TEST(ServerPoolTest, FunctionsThatComputeAreNotHeldToBeWaiting)
+{
+  WIOService service;
+  service.setThreadCount(2);
+  service.start();
+  Counter done;
+  std::atomic<int> most{0};
+  for (int i = 0; i < 6; ++i)
+    service.submit([&service, &done, &most] {
+      const std::clock_t until = std::clock() + CLOCKS_PER_SEC / 10;
+      while (std::clock() < until) {
+      }
+      most = std::max(most.load(), service.threadsNow());
+      done.add();
+    });
+  ASSERT_TRUE(done.reaches(6));
+  EXPECT_LT(most, 6);
 }
 
 TEST(ServerPoolTest, OneHeldThreadDelaysNobody)

@@ -10,6 +10,7 @@
 #include <Wt/WEnvironment>
 #include <Wt/WFileResource>
 #include <Wt/WIOService>
+#include <Wt/WMessageResourceBundle>
 #include <Wt/WServer>
 #include <Wt/WText>
 #include <atomic>
@@ -131,6 +132,60 @@ std::unique_ptr<HttpTestClient> openPage(int port, const std::string &until = "\
 }
 
 } // namespace
+
+TEST_F(ServerTest, TheConfigurationFileLimitsThePagesThatOneAddressMayOpen)
+{
+  const std::string file = folder.write("limits.xml", R"(<server><application-settings location="*">
+      <session-management>
+        <new-sessions-per-address>2</new-sessions-per-address>
+        <new-sessions-interval>3600</new-sessions-interval>
+      </session-management>
+    </application-settings></server>)");
+  WServer server("program");
+  configure(server, options({"--config=" + file}));
+  server.addEntryPoint(Application, create);
+  ASSERT_TRUE(server.start());
+  const auto first = openPage(server.httpPort());
+  const auto second = openPage(server.httpPort());
+  const auto refused = openPage(server.httpPort(), "\"busy\":");
+  EXPECT_EQ(applications, 2);
+}
+
+TEST_F(ServerTest, APageThatGetsNoSessionIsToldInTheWordsOfTheServersStrings)
+{
+  folder.write("words.xml", R"(<messages><message id="Wt.Page.Full">Alles besetzt</message></messages>)");
+  const std::string limits = folder.write("limits.xml", R"(<server><application-settings location="*">
+      <session-management><dedicated-process><max-num-sessions>1</max-num-sessions></dedicated-process>
+      </session-management></application-settings></server>)");
+  WServer server("program");
+  auto *words = new WMessageResourceBundle();
+  words->use(folder / "words");
+  server.setLocalizedStrings(words);
+  EXPECT_EQ(server.localizedStrings(), words);
+  configure(server, options({"--config=" + limits}));
+  server.addEntryPoint(Application, create);
+  ASSERT_TRUE(server.start());
+  const auto first = openPage(server.httpPort());
+  openPage(server.httpPort(), "{\"busy\":\"Alles besetzt\"}");
+}
+
+TEST_F(ServerTest, TheConfigurationFileLimitsTheConnections)
+{
+  const std::string limits[] = {"<max-connections>2</max-connections>",
+                                "<max-connections-per-address>2</max-connections-per-address>"};
+  for (const std::string &limit : limits) {
+    const std::string file = folder.write("limits.xml", "<server><application-settings location=\"*\">" + limit +
+                                                            "</application-settings></server>");
+    WServer server("program");
+    configure(server, options({"--config=" + file}));
+    server.addEntryPoint(Application, create);
+    ASSERT_TRUE(server.start());
+    const auto first = openPage(server.httpPort());
+    const auto second = openPage(server.httpPort());
+    HttpTestClient third(static_cast<unsigned short>(server.httpPort()));
+    EXPECT_TRUE(third.isClosed()) << limit;
+  }
+}
 
 TEST_F(ServerTest, APageIsServedAndItsSessionLivesAndDiesWithIt)
 {

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "KitDemo.h"
+
+#include "DemoTables.h"
+#include "Main.h"
+#include "WSettingsTab.h"
+#include "WSettingsTable.h"
+
+#include <Wt/WCheckBox>
+#include <Wt/WEnvironment>
+#include <Wt/WMessageResourceBundle>
+#include <Wt/WPushButton>
+#include <Wt/WText>
+#include <Wt/WTimer>
+
+namespace
+{
+
+const unsigned int recordCount = 3;
+const int refreshMilliseconds = 1000;
+
+} // namespace
+
+KitDemo::KitDemo(const Wt::WEnvironment &environment)
+    : Wt::WApplication(environment), page(new Wt::WContainerWidget(root())), refreshTimer(new Wt::WTimer())
+{
+  setTitle("Bound widgets");
+  messageResourceBundle().use(std::string(Main_docRoot) + "/resources/msgs-general");
+  const std::string *theme = environment.getParameter("theme");
+  setCssTheme(theme ? *theme : "unknown");
+  enableUpdates(true);
+  page->setAttributeValue("role", "main");
+  new Wt::WText("<h1>Bound widgets</h1>", page);
+  addRecordChoice();
+  addSection("Receivers", {DemoTables_receivers(), DemoTables_receiversAtOnce()});
+  addSection("System", {DemoTables_system()});
+  new Wt::WText("End of the kit", page);
+  selectionChangedHandler();
+  refreshTimer->setInterval(refreshMilliseconds);
+  refreshTimer->timeout().connect(this, &KitDemo::refreshTimerTimeout);
+  refreshTimer->start();
+}
+
+KitDemo::~KitDemo()
+{
+  // The widgets go before what they reach the store through.
+  root()->clear();
+}
+
+void KitDemo::addRecordChoice()
+{
+  for (unsigned int index = 1; index <= recordCount; ++index) {
+    Wt::WCheckBox *box = new Wt::WCheckBox("Record " + std::to_string(index), page);
+    box->setChecked(index == 1);
+    box->changed().connect(this, &KitDemo::selectionChangedHandler);
+    records.push_back(box);
+  }
+}
+
+void KitDemo::addSection(const char *title, const std::vector<WSettingsTable *> &tables)
+{
+  Wt::WContainerWidget *section = new Wt::WContainerWidget(page);
+  section->setAttributeValue("role", "region");
+  section->setAttributeValue("aria-label", title);
+  new Wt::WText(std::string("<h2>") + title + "</h2>", section);
+  WSettingsTab *tab = new WSettingsTab(ChangeTracker::DevRxSettings, {}, tables, section);
+  SettingsEditing::View view;
+  view.selectedIndexes = [this] { return selectedIndexes(); };
+  view.refresh = [this] { refreshTimerTimeout(); };
+  editings.emplace_back(new SettingsEditing(tab, view));
+  SettingsEditing *editing = editings.back().get();
+  tab->contentChanged().connect(editing, &SettingsEditing::contentChangedHandler);
+  tab->saveButton->clicked().connect(editing, &SettingsEditing::saveButtonClickedHandler);
+  tab->cancelButton->clicked().connect(editing, &SettingsEditing::cancelButtonClickedHandler);
+  tabs.push_back(tab);
+}
+
+std::vector<unsigned int> KitDemo::selectedIndexes() const
+{
+  std::vector<unsigned int> indexes;
+  for (std::size_t i = 0; i < records.size(); ++i)
+    if (records[i]->isChecked())
+      indexes.push_back(static_cast<unsigned int>(i + 1));
+  return indexes;
+}
+
+void KitDemo::selectionChangedHandler()
+{
+  for (WSettingsTab *tab : tabs)
+    tab->readFromDatabase(true, selectedIndexes(), true);
+}
+
+void KitDemo::refreshTimerTimeout()
+{
+  for (WSettingsTab *tab : tabs)
+    tab->readFromDatabase(true, selectedIndexes(), false);
+}
