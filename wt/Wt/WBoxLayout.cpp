@@ -199,7 +199,8 @@ void WBoxLayout::renderItems(Dom::Element &e)
   std::vector<Dom::Element *> children;
   for (std::size_t i = 0; i < places_.size(); ++i) {
     renderPlace(places_[i], anyStretch, e.document(), children);
-    if (places_[i].resizable && i + 1 < places_.size())
+    if (places_[i].resizable && i + 1 < places_.size() && !hides(places_[i].item.get()) &&
+        !hides(places_[i + 1].item.get()))
       renderHandle(places_[i], e.document(), children);
   }
   e.setChildren(children);

@@ -233,11 +233,27 @@ void WGridLayout::renderPlace(const Place &place, Dom::Document &document, std::
   children.push_back(element);
 }
 
+/// True if the row or column has items, and none of them shows.
+bool WGridLayout::trackHidden(std::size_t track, bool row) const
+{
+  const int at = static_cast<int>(track);
+  bool any = false;
+  for (const Place &place : places_) {
+    const int first = row ? place.row : place.column;
+    if (at < first || at >= first + (row ? place.rowSpan : place.columnSpan))
+      continue;
+    any = true;
+    if (!hides(place.item.get()))
+      return false;
+  }
+  return any;
+}
+
 void WGridLayout::renderHandles(const std::vector<Track> &tracks, bool rows, Dom::Document &document,
                                 std::vector<Dom::Element *> &children)
 {
   for (std::size_t i = 0; i + 1 < tracks.size(); ++i) {
-    if (!tracks[i].resizable)
+    if (!tracks[i].resizable || trackHidden(i, rows) || trackHidden(i + 1, rows))
       continue;
     Dom::Element &handle = elements().get(document, &tracks[i], Engine::LayoutElements::Handle);
     Engine::ItemStyle::handle(handle, rows);

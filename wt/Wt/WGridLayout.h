@@ -66,6 +66,7 @@ private:
   static Track &track(std::vector<Track> &tracks, int index);
   static std::string tracksText(const std::vector<Track> &tracks, bool rows);
   void renderPlace(const Place &place, Dom::Document &document, std::vector<Dom::Element *> &children);
+  bool trackHidden(std::size_t track, bool row) const;
   void renderHandles(const std::vector<Track> &tracks, bool rows, Dom::Document &document,
                      std::vector<Dom::Element *> &children);
 

@@ -88,9 +88,11 @@ void WLayout::setContainer(WContainerWidget *container)
 {
   container_ = container;
   if (!container) {
-    for (int i = 0, n = count(); i < n; ++i)
+    for (int i = 0, n = count(); i < n; ++i) {
       if (WLayout *nested = itemAt(i)->layout())
         nested->setContainer(nullptr);
+      watch(itemAt(i));
+    }
     return;
   }
   for (int i = 0, n = count(); i < n; ++i)
@@ -112,7 +114,40 @@ void WLayout::itemAdded(WLayoutItem *item)
     nested->parentLayout_ = this;
   if (container_)
     adopt(item);
+  else
+    watch(item);
   repaint();
+}
+
+/// Without a container nobody tells that a widget is gone.
+void WLayout::watch(WLayoutItem *item)
+{
+  if (WWidget *widget = item->widget())
+    widget->destroyed().connect(this, &WLayout::widgetDestroyed);
+}
+
+void WLayout::widgetDestroyed(WObject *object)
+{
+  // Its widget part is gone: only the address counts.
+  for (int i = 0, n = container_ ? 0 : count(); i < n; ++i) {
+    WLayoutItem *item = itemAt(i);
+    if (item->widget() == object) {
+      removeItem(item);
+      delete item;
+      return;
+    }
+  }
+}
+
+bool WLayout::hides(WLayoutItem *item)
+{
+  if (const WWidget *widget = item->widget())
+    return widget->isHidden();
+  WLayout *nested = item->layout();
+  for (int i = 0, n = nested ? nested->count() : 0; i < n; ++i)
+    if (!hides(nested->itemAt(i)))
+      return false;
+  return nested && nested->count() > 0;
 }
 
 void WLayout::itemRemoved(WLayoutItem *item)

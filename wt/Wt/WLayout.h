@@ -87,6 +87,8 @@ protected:
   Dom::Element *itemElement(WLayoutItem *item, Dom::Document &document);
   /// True if the item's widget is told its size by the layout.
   static bool sizeControlled(WLayoutItem *item);
+  /// True if nothing of the item shows.
+  static bool hides(WLayoutItem *item);
   Engine::LayoutElements &elements() { return *elements_; }
 
 private:
@@ -102,6 +104,8 @@ private:
   void renderInto(Dom::Element &e);
 
   void adopt(WLayoutItem *item);
+  void watch(WLayoutItem *item);
+  void widgetDestroyed(WObject *object);
 
   std::unique_ptr<Engine::LayoutElements> elements_;
   WContainerWidget *container_ = nullptr;

@@ -284,9 +284,12 @@ void WWebWidget::setHidden(bool hidden, const WAnimation &animation)
     rare().animation = std::make_unique<WAnimation>(animation);
   else if (rare_)
     rare_->animation.reset();
+  WWebWidget *above = widgetAbove();
+  const auto *container = dynamic_cast<const WContainerWidget *>(above);
   if (element_)
     repaint();
-  else if (WWebWidget *above = widgetAbove())
+  // A layout has no handles beside what is hidden.
+  if (above && (!element_ || (container && container->layout())))
     above->repaint();
 }
 

@@ -162,6 +162,78 @@ TEST(WBoxLayout, hasHandlesWhereItemsCanBeResized)
   EXPECT_EQ(nullptr, page.styled("Wt-vrh2"));
 }
 
+TEST(WBoxLayout, hasNoHandleBesideWhatIsHidden)
+{
+  WHBoxLayout *layout = nullptr;
+  WText *late = nullptr;
+  WidgetPage page([&](WContainerWidget *root) {
+    late = text("late");
+    late->hide();
+    layout = new WHBoxLayout(new WContainerWidget(root));
+    layout->addWidget(text("a"));
+    WVBoxLayout *nested = new WVBoxLayout();
+    nested->addWidget(text("b"));
+    nested->addWidget(late);
+    layout->addLayout(nested);
+    layout->addWidget(text("c"));
+    layout->setResizable(0);
+    layout->setResizable(1);
+  });
+  const auto handles = [&page] { return !page.styled("Wt-vrh2") ? 0 : page.styled("Wt-vrh2", 1) ? 2 : 1; };
+  EXPECT_EQ(2, handles());
+  WWidget *first = layout->itemAt(0)->widget();
+  page.run([&] { first->hide(); });
+  EXPECT_EQ(1, handles());
+  WWidget *inner = layout->itemAt(1)->layout()->itemAt(0)->widget();
+  page.run([&] {
+    first->show();
+    inner->hide();
+  });
+  EXPECT_EQ(0, handles());
+  page.run([&] { late->show(); });
+  EXPECT_EQ(2, handles());
+}
+
+TEST(WBoxLayout, aWidgetMayBeDeletedWhileItsLayoutHasNoContainer)
+{
+  WHBoxLayout *layout = nullptr;
+  WContainerWidget *container = nullptr;
+  WidgetPage page([&](WContainerWidget *root) {
+    container = new WContainerWidget(root);
+    layout = new WHBoxLayout();
+    WText *gone = text("gone");
+    layout->addWidget(gone);
+    layout->addWidget(text("stays"));
+    WVBoxLayout *nested = new WVBoxLayout();
+    WText *goneToo = text("gone too");
+    nested->addWidget(goneToo);
+    layout->addLayout(nested);
+    delete gone;
+    delete goneToo;
+    EXPECT_EQ(2, layout->count());
+    EXPECT_EQ(0, nested->count());
+    container->setLayout(layout);
+  });
+  EXPECT_TRUE(page.browser->shows("stays"));
+  page.run([&] { delete layout->itemAt(0)->widget(); });
+  EXPECT_EQ(1, layout->count());
+}
+
+TEST(WBoxLayout, aWidgetMayBeDeletedAfterItsNestedLayoutWasTakenOut)
+{
+  WVBoxLayout *nested = nullptr;
+  WidgetPage page([&](WContainerWidget *root) {
+    auto *outer = new WHBoxLayout(new WContainerWidget(root));
+    nested = new WVBoxLayout();
+    nested->addWidget(text("inside"));
+    outer->addLayout(nested);
+    outer->removeItem(nested);
+    delete nested->itemAt(0)->widget();
+  });
+  EXPECT_EQ(0, nested->count());
+  page.run([&] { delete nested; });
+}
+
 TEST(WBoxLayout, forgetsAWidgetThatIsDeletedOrRemoved)
 {
   WText *a = nullptr;
