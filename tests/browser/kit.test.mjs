@@ -153,13 +153,13 @@ test('a table that is read at once asks for all records in one request', onKit(a
 
 // ---- typing
 
-test('typing is noticed within a second, without leaving the field', onKit(async page => {
+test('typing is noticed without leaving the field', onKit(async page => {
   await becomes(() => value(field(page, line)), 'Desk 1');
   for (const label of [line, area, number]) {
     await field(page, label).click();
     await page.keyboard.press('End');
     await page.keyboard.type('7');
-    await becomes(() => save(page).isEnabled(), true, 1000);
+    await becomes(() => save(page).isEnabled(), true);
     assert.ok(await field(page, label).evaluate(element => element === document.activeElement));
     await cancel(page).click();
     await becomes(() => save(page).isDisabled(), true);
