@@ -59,9 +59,10 @@ void showNotice(const Wt::WString &title, const Wt::WString &message)
 } // namespace
 
 NevoApplication::NevoApplication(const Wt::WEnvironment &env)
-    : Wt::WApplication(env), mainTable(0), mainTabWidget(0), standardHeader(0), dashView(0), loggedIn(false),
-      loggedInUserIndex(0), showingSlaveUi(false), zelClient(0), lastUserActivityTime(0),
-      nevoInactivityTimeoutSec(defaultInactivitySeconds)
+    : Wt::WApplication(env), mainTable(0), mainTabWidget(0), standardHeader(0), dashView(0), sesView(0),
+      eventView(0), usrMenuItem(0), devMenuItem(0), periphMenuItem(0), sysSettingsMenuItem(0),
+      eventMenuItem(0), loggedIn(false), loggedInUserIndex(0), showingSlaveUi(false), zelClient(0),
+      lastUserActivityTime(0), nevoInactivityTimeoutSec(defaultInactivitySeconds)
 {
   const int count = ++sAppInstanceCount;
   EventLog_write(4, 7, "NevoApplication", "In constructor. sAppInstanceCount = %d.", count);

@@ -2,16 +2,20 @@
 #ifndef APP_NEVO_APPLICATION_H_
 #define APP_NEVO_APPLICATION_H_
 
+#include "ChangeTracker.h"
+#include "NevoSession.h"
 #include "StoreSession.h"
 
 #include <Wt/WApplication>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace Wt
 {
+class WMenuItem;
 class WTabWidget;
 class WTable;
 class WText;
@@ -20,9 +24,11 @@ class WTimer;
 
 class WBannerDialog;
 class WDashView;
+class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
+class WSesView;
 class WStandardHeader;
 
 /**
@@ -32,13 +38,13 @@ class WStandardHeader;
  * A session connects to the store, waits at the front door (banner, login, first password), is logged in once
  * createUi() has run, and ends by restartWebApp() or by expiry.
  */
-class NevoApplication : public Wt::WApplication, public StoreSession
+class NevoApplication : public Wt::WApplication, public StoreSession, public NevoSession
 {
 public:
   explicit NevoApplication(const Wt::WEnvironment &env);
   ~NevoApplication() override;
 
-  bool userIsLoggedIn() const { return loggedIn; }
+  bool userIsLoggedIn() const override { return loggedIn; }
   unsigned int getIndexOfCurrentlyLoggedInUsr() override { return loggedInUserIndex; }
 
   /// The session's connection to the store, opened if need be; it may be invalid all the same.
@@ -47,8 +53,7 @@ public:
   /// Gives the connection back, so that a waiting page holds none of the store's.
   void closeZelClient() override;
 
-  /// The inactivity limit has been saved anew: minutes, 0 for none.
-  void updateNevoInactivityTimeout(unsigned int minutes);
+  void updateNevoInactivityTimeout(unsigned int minutes) override;
 
   /// Logs the user out of the store and starts the page over at the front door.
   void logOutUser();
@@ -59,13 +64,29 @@ public:
   /// Ends the whole process with status 1; its supervisor starts it again.
   void exitApplication();
 
-  /// Empties the dashboard's list of events.
-  void dashViewEventLogClear();
+  void dashViewEventLogClear() override;
+
+  /// The views let go of what they have begun and not saved.
+  void discardChanges();
+
+  bool sectionChanged(ChangeTracker::SectionId id) const override;
+  void sectionChanged(ChangeTracker::SectionId id, bool changed) override;
+  void subsectionChanged(ChangeTracker::SubsectionId id, bool changed) override;
+  bool parentSectionChanged(ChangeTracker::SubsectionId id) const override;
+  bool anythingChanged() const override;
 
 protected:
   void notify(const Wt::WEvent &event) override;
 
 private:
+  /// What the page does with a tab of the master's page.
+  struct MainTab {
+    std::function<void()> readFromDatabase;
+    std::function<void()> enableAutoRefresh;
+    std::function<void()> disableAutoRefresh;
+    std::function<void()> discardChanges; ///< may be empty
+  };
+
   // The session's first stage
   void initStringTranslation();
   void initBrand();
@@ -93,7 +114,13 @@ private:
   void createSlaveUi();
   void beginPage();
   void endPage();
+  /// Adds the next tab. `read` reads the view when its tab comes to the front.
+  template <class View>
+  Wt::WMenuItem *addMainTab(View *view, const Wt::WString &title, std::function<void()> read);
   void mainTabChangedHandler();
+
+  /// Null where the page has no such tab.
+  Wt::WMenuItem *menuItemOf(ChangeTracker::SectionId id) const;
 
   // The timers
   void startTimer(std::unique_ptr<Wt::WTimer> &timer, int milliseconds, void (NevoApplication::*handler)());
@@ -118,6 +145,15 @@ private:
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
   WDashView *dashView;
+  WSesView *sesView;
+  WEventView *eventView;
+  std::vector<MainTab> mainTabs; ///< as they stand on the page
+  Wt::WMenuItem *usrMenuItem;
+  Wt::WMenuItem *devMenuItem;
+  Wt::WMenuItem *periphMenuItem;
+  Wt::WMenuItem *sysSettingsMenuItem;
+  Wt::WMenuItem *eventMenuItem;
+  ChangeTracker changeTracker;
   bool loggedIn;
   unsigned int loggedInUserIndex; ///< record of resource "user"
   bool showingSlaveUi;

@@ -6,6 +6,8 @@
 #include "NevoApplication.h"
 #include "Text.h"
 #include "WDashView.h"
+#include "WEventView.h"
+#include "WSesView.h"
 #include "WStandardHeader.h"
 
 #include <Wt/WContainerWidget>
@@ -17,8 +19,6 @@
 
 namespace
 {
-
-enum MainTab { DashTab };
 
 /// A page of one tab that says why there is nothing to be done here.
 Wt::WText *notice(const Wt::WString &message)
@@ -95,11 +95,23 @@ void NevoApplication::endPage()
   root()->addWidget(versionText);
 }
 
+template <class View>
+Wt::WMenuItem *NevoApplication::addMainTab(View *view, const Wt::WString &title, std::function<void()> read)
+{
+  mainTabs.push_back(
+      {std::move(read), [view] { view->enableAutoRefresh(); }, [view] { view->disableAutoRefresh(); }, {}});
+  return mainTabWidget->addTab(view, title, Wt::WTabWidget::LazyLoading);
+}
+
 void NevoApplication::createMasterUi()
 {
   beginPage();
   dashView = new WDashView();
-  mainTabWidget->addTab(dashView, text("Dashboard"), Wt::WTabWidget::LazyLoading);
+  addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
+  sesView = new WSesView();
+  addMainTab(sesView, text("Sessions"), [this] { sesView->readFromDatabase(false); });
+  eventView = new WEventView();
+  eventMenuItem = addMainTab(eventView, text("Events"), [this] { eventView->readFromDatabase(false); });
   mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
   mainTabChangedHandler();
   endPage();
@@ -128,15 +140,13 @@ void NevoApplication::createSlaveUi()
 
 void NevoApplication::mainTabChangedHandler()
 {
-  dashView->disableAutoRefresh();
+  for (const MainTab &tab : mainTabs)
+    tab.disableAutoRefresh();
   const int index = mainTabWidget->currentIndex();
-  switch (index) {
-  case DashTab:
-    dashView->readFromDatabase();
-    dashView->enableAutoRefresh();
-    break;
-  default:
+  if (index < 0 || static_cast<std::size_t>(index) >= mainTabs.size()) {
     EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
-    break;
+    return;
   }
+  mainTabs[index].readFromDatabase();
+  mainTabs[index].enableAutoRefresh();
 }

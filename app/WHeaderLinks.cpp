@@ -4,6 +4,8 @@
 #include "Db.h"
 #include "NevoApplication.h"
 #include "Text.h"
+#include "WConfirmation.h"
+#include "WPrefs.h"
 
 #include <Wt/WAnchor>
 #include <Wt/WEvent>
@@ -19,7 +21,7 @@ namespace
 #define NEVO_HELP_URL "https://help.example.com/corvane-kvm/"
 #endif
 
-enum LinkColumn { HelpColumn = 0, LogoutColumn = 2 };
+enum LinkColumn { HelpColumn, PreferencesColumn, LogoutColumn };
 
 std::string helpUrl()
 {
@@ -38,6 +40,10 @@ WHeaderLinks::WHeaderLinks(Wt::WContainerWidget *parent)
   Wt::WAnchor *help = addLink(HelpColumn, text("Help"), "nevo-help-button");
   help->setLink(Wt::WLink(helpUrl()));
   help->setTarget(Wt::TargetNewWindow);
+  if (Db_db.thisSwxIsMaster() && !Db_db.thisSwxIsManaged()) {
+    Wt::WAnchor *preferences = addLink(PreferencesColumn, text("Preferences"), "nevo-preferences-button");
+    preferences->clicked().connect(this, &WHeaderLinks::preferencesClickedHandler);
+  }
   Wt::WAnchor *logout = addLink(LogoutColumn, text("Log out"), "nevo-logout-button");
   logout->clicked().connect(this, &WHeaderLinks::logoutClickedHandler);
 }
@@ -50,8 +56,23 @@ Wt::WAnchor *WHeaderLinks::addLink(int column, const Wt::WString &label, const c
   return link;
 }
 
+void WHeaderLinks::preferencesClickedHandler()
+{
+  WPrefs dialog;
+  dialog.exec();
+}
+
 void WHeaderLinks::logoutClickedHandler()
 {
-  if (NevoApplication *application = dynamic_cast<NevoApplication *>(Wt::WApplication::instance()))
-    application->logOutUser();
+  NevoApplication *application = dynamic_cast<NevoApplication *>(Wt::WApplication::instance());
+  if (!application)
+    return;
+  const WConfirmation confirmation = {
+      "enableLogoutUnsavedChangesWarning", text("Warning"),
+      text("There are unsaved changes. Are you sure you want to discard your changes and log out?"),
+      text("Discard changes"), false};
+  if (application->anythingChanged() && !confirmation.ask())
+    return;
+  application->discardChanges();
+  application->logOutUser();
 }

@@ -10,7 +10,8 @@ class WAnchor;
 class WTable;
 } // namespace Wt
 
-/// The links at the right of the page's header.
+/// The links at the right of the page's header. "Preferences" is there only on a master that is under no
+/// manager.
 class WHeaderLinks : public Wt::WContainerWidget
 {
 public:
@@ -18,6 +19,7 @@ public:
 
 private:
   Wt::WAnchor *addLink(int column, const Wt::WString &label, const char *styleClass);
+  void preferencesClickedHandler();
   void logoutClickedHandler();
 
   Wt::WTable *table;

@@ -198,6 +198,10 @@ public:
   unsigned int clearAllHistoricalAlerts(Errors &errors);
   unsigned int ackAllAlerts(Errors &errors);
   unsigned int ackSpecificAlert(unsigned int instanceId, Errors &errors);
+  // What a monitor's data says of itself: manufacturer and product as Edid has them, and the key of the text
+  // for its type, which is left to the caller to translate. A record without data is an analog "@@@" "0000".
+  unsigned int getEdidInfo(unsigned int edidIndex, std::string &manufacturer, std::string &productCode,
+                           std::string &type, Errors &errors);
   // Copies at most `size` bytes of the monitor's data and zeroes the rest of the buffer.
   unsigned int getEdidByName(const std::string &name, char *buffer, unsigned int size, Errors &errors);
   unsigned int pushEdidToTx(unsigned int txIndex, unsigned int edidIndex, Errors &errors);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Db.h"
 #include "DbExchange.h"
+#include "Edid.h"
 #include "Security.h"
 #include "ZelReq.h"
 #include "ZelRsp.h"
 
 namespace
 {
+
+constexpr unsigned int kEdidSize = 256; // of a monitor's data in the store
 
 // A command that goes to a control resource by SET. `message` is logged if the request can't be made or
 // gets no response.
@@ -54,6 +57,20 @@ unsigned int deleteConnection(ZelClient_s *client, unsigned int connectionIndex,
     return 1;
   ZelResponse response;
   return DbExchange_send("destroyKvmSession", client, request, nullptr, response, errors);
+}
+
+// Copies a monitor's data out of a response.
+unsigned int takeEdid(const ZelResponse &response, char *buffer, unsigned int size, Db::Errors &errors)
+{
+  if (!response)
+    return 1;
+  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
+    Db_db.interpZelErrors(errorsObject, errors, false);
+    Db_db.logZelErrors(errors);
+    return 1;
+  }
+  ZelRspUtil_getBinaryParam(response.get(), "data", buffer, size);
+  return 0;
 }
 
 } // namespace
@@ -136,21 +153,29 @@ unsigned int Db::ackSpecificAlert(unsigned int instanceId, Errors &errors)
   return command.send(errors);
 }
 
+unsigned int Db::getEdidInfo(unsigned int edidIndex, std::string &manufacturer, std::string &productCode,
+                             std::string &type, Errors &errors)
+{
+  ZelClient_s *client = nullptr;
+  if (getZelClient(client))
+    return 1;
+  char block[kEdidSize];
+  if (takeEdid(ZelResponse(ZelReq_edidRetrieveByIndex(client, edidIndex)), block, sizeof block, errors))
+    return 1;
+  Edid edid;
+  edid.populate(block, sizeof block);
+  edid.manufacturerIdGet(manufacturer);
+  edid.productCodeGet(productCode);
+  type = edid.isDigital() ? "[RSnnn]DVI" : "[RSnnn]VGA";
+  return 0;
+}
+
 unsigned int Db::getEdidByName(const std::string &name, char *buffer, unsigned int size, Errors &errors)
 {
   ZelClient_s *client = nullptr;
   if (getZelClient(client))
     return 1;
-  const ZelResponse response(ZelReq_edidRetrieveByName(client, name.c_str()));
-  if (!response)
-    return 1;
-  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
-    interpZelErrors(errorsObject, errors, false);
-    logZelErrors(errors);
-    return 1;
-  }
-  ZelRspUtil_getBinaryParam(response.get(), "data", buffer, size);
-  return 0;
+  return takeEdid(ZelResponse(ZelReq_edidRetrieveByName(client, name.c_str())), buffer, size, errors);
 }
 
 unsigned int Db::pushEdidToTx(unsigned int txIndex, unsigned int edidIndex, Errors &errors)

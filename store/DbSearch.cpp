@@ -33,7 +33,8 @@ unsigned int Db::findIndexOfUInt32Key(const char *resource, const char *keyParam
   const ZelResponse response(ZelClient_getResponse(client, request.get()));
   if (!response || ZelRspUtil_getObjectParam(response.get(), "errors"))
     return 1;
-  for (unsigned int row = 0; row < numberOfRows(response); ++row) {
+  const unsigned int rows = numberOfRows(response);
+  for (unsigned int row = 0; row < rows; ++row) {
     if (integerOf(response, row, keyParameter) == keyValue) {
       index = integerOf(response, row, "index");
       return 0;
@@ -55,7 +56,8 @@ unsigned int Db::findIndexOfStringKey(const char *resource, const char *indexPar
   ZelResponse response;
   if (DbExchange_send("findIndexOfStringKey", client, request, nullptr, response, errors))
     return 1;
-  for (unsigned int row = 0; row < numberOfRows(response); ++row) {
+  const unsigned int rows = numberOfRows(response);
+  for (unsigned int row = 0; row < rows; ++row) {
     const char *found = ZelRspUtil_getIndexedStringParam(response.get(), row, keyParameter);
     if (found && keyValue && std::strcmp(found, keyValue) == 0) {
       index = integerOf(response, row, indexParameter);

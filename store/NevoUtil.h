@@ -41,7 +41,8 @@ std::string NevoUtil_secsToFormattedTimeString(unsigned int seconds);
 // where numbers meet other texts ("10" < "1a" < "2" < "10"), so sort with an algorithm that bears it.
 bool NevoUtil_lessThan(const std::string &a, const std::string &b);
 
-// Shows or takes away the mark of unsaved edits, one "*" at the end of a tab's label.
+// Shows or takes away the mark of unsaved edits, one "*" at the end of a tab's label. A tab that
+// the page does not have (null) is passed over.
 void NevoUtil_indicateChange(Wt::WMenuItem *menuItem, bool changed);
 
 // From an index of a list's proxy model to the store index, which the model keeps in column 0 as an

@@ -6,6 +6,8 @@
 
 void NevoUtil_indicateChange(Wt::WMenuItem *menuItem, bool changed)
 {
+  if (!menuItem)
+    return;
   std::string label = menuItem->text().toUTF8();
   const bool isMarked = !label.empty() && label.back() == '*';
   if (changed == isMarked)

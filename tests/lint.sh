@@ -56,8 +56,9 @@ look '"resolved"' 'tests/browser/package-lock.json' | rule "the lock file names 
 
 # What a folder may include from beside itself.
 declare -A below=(
-  [app]="views widgets store wt platform" [views]="widgets store wt platform" [widgets]="store wt platform"
-  [store]="wt platform" [platform]="" [wt]="" [zel]="store/client" [bench]="*" [tests]="*"
+  [app]="views widgets store wt platform" [views]="widgets app/session store wt platform"
+  [widgets]="app/session store wt platform" [store]="wt views/peripherals/edid platform" [platform]="" [wt]=""
+  [zel]="store/client" [bench]="*" [tests]="*"
 )
 sources '*.h' | awk -F/ '{ print $NF, $0 }' | sort >"${TMPDIR:-/tmp}/nevo-headers.$$"
 look '^#include "' 'app/*' 'views/*' 'widgets/*' 'store/*' 'platform/*' 'wt/*' 'zel/*' |

@@ -3,6 +3,7 @@
 
 #include <Wt/WAbstractItemModel>
 #include <boost/any.hpp>
+#include <unordered_map>
 
 namespace
 {
@@ -35,8 +36,7 @@ void WAutoSizeTableView::setSelectedZelIndexes(std::vector<unsigned int> &indexe
     return;
   }
   Wt::WModelIndexSet selection;
-  for (const unsigned int index : indexes)
-    addRowOf(index, selection, 0, 0);
+  addRowsOf(indexes, selection, 0, 0);
   setSelectedIndexes(selection);
 }
 
@@ -44,23 +44,27 @@ void WAutoSizeTableView::setSelectedFilteredZelIndexes(std::vector<unsigned int>
                                                        bool (*filter)(void *, Wt::WModelIndex))
 {
   Wt::WModelIndexSet selection = selectedIndexes();
-  for (const unsigned int index : indexes)
-    addRowOf(index, selection, context, filter);
+  addRowsOf(indexes, selection, context, filter);
   setSelectedIndexes(selection);
 }
 
-void WAutoSizeTableView::addRowOf(unsigned int zelIndex, Wt::WModelIndexSet &selection, void *context,
-                                  bool (*filter)(void *, Wt::WModelIndex))
+void WAutoSizeTableView::addRowsOf(const std::vector<unsigned int> &indexes, Wt::WModelIndexSet &selection,
+                                   void *context, bool (*filter)(void *, Wt::WModelIndex))
 {
+  // One pass over the rows, however many records are wanted; the first row of a record counts.
+  std::unordered_map<unsigned int, int> rowOf;
   for (int row = 0, rows = model()->rowCount(); row < rows; ++row) {
     const boost::any data = model()->data(row, 0, Wt::EditRole);
-    const unsigned int *index = boost::any_cast<unsigned int>(&data);
-    if (!index || *index != zelIndex)
+    if (const unsigned int *index = boost::any_cast<unsigned int>(&data))
+      rowOf.emplace(*index, row);
+  }
+  for (const unsigned int index : indexes) {
+    const auto row = rowOf.find(index);
+    if (row == rowOf.end())
       continue;
-    const Wt::WModelIndex found = model()->index(row, 0);
+    const Wt::WModelIndex found = model()->index(row->second, 0);
     if (!filter || filter(context, found))
       selection.insert(found);
-    return;
   }
 }
 

@@ -41,8 +41,8 @@ protected:
   void layoutSizeChanged(int width, int height) override;
 
 private:
-  void addRowOf(unsigned int zelIndex, Wt::WModelIndexSet &selection, void *context,
-                bool (*filter)(void *, Wt::WModelIndex));
+  void addRowsOf(const std::vector<unsigned int> &indexes, Wt::WModelIndexSet &selection, void *context,
+                 bool (*filter)(void *, Wt::WModelIndex));
   void adaptFirstTime(int width);
   void adaptFreeColumns(int width);
 

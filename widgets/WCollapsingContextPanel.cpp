@@ -52,6 +52,7 @@ void WCollapsingContextPanel::hideContent()
   contentHidden = true;
   if (content)
     content->hide();
+  setAttributeValue("data-empty", emptyText);
 }
 
 void WCollapsingContextPanel::showContent()
@@ -59,6 +60,14 @@ void WCollapsingContextPanel::showContent()
   contentHidden = false;
   if (content)
     content->show();
+  setAttributeValue("data-empty", Wt::WString());
+}
+
+void WCollapsingContextPanel::setEmptyText(const Wt::WString &text)
+{
+  emptyText = text;
+  if (contentHidden)
+    setAttributeValue("data-empty", emptyText);
 }
 
 void WCollapsingContextPanel::titleButtonClicked()

@@ -43,6 +43,9 @@ public:
   virtual void hideContent();
   virtual void showContent();
 
+  /// What stands in the middle while the content is hidden.
+  void setEmptyText(const Wt::WString &text);
+
 protected:
   void layoutSizeChanged(int width, int height) override;
 
@@ -55,6 +58,7 @@ private:
   WCollapsingContextPanelTitleBar *titleBar;
   Wt::WWidget *content;
   HeightType heightType;
+  Wt::WString emptyText;
   int fixedHeight;
   int lastHeight;
   bool collapsed;

@@ -31,7 +31,7 @@ class Rig {
   starts = 0;    // how often the server was started
 
   constructor(options) {
-    this.options = { brand: 'unknown', liveliness: 0, seed: 1, fleet: 0, attributes: {}, line: false, ...options };
+    this.options = { brand: 'unknown', liveliness: 0, seed: 1, fleet: 0, store: [], attributes: {}, line: false, ...options };
     this.environment = {
       ...process.env,
       NEVO_STORE_SOCKET: join(this.folder, 'store'),
@@ -64,7 +64,7 @@ class Rig {
     const { brand, liveliness, seed, fleet } = this.options;
     const args = ['--socket', this.environment.NEVO_STORE_SOCKET, '--database', join(this.folder, 'switch.db'),
       '--settings', join(this.folder, 'settings'), '--icons', join(this.folder, 'icons'), '--oem', brand,
-      '--liveliness', liveliness, '--seed', seed, '--password-rounds', 1000, ...(fleet ? ['--fleet', fleet] : [])];
+      '--liveliness', liveliness, '--seed', seed, '--password-rounds', 1000, ...(fleet ? ['--fleet', fleet] : []), ...this.options.store];
     const child = this.store = spawn(join(build, 'zel/zelsim'), args.map(String), { stdio: ['ignore', 'pipe', 'inherit'] });
     await new Promise((resolve, reject) => {
       child.stdout.on('data', text => String(text).includes('ready') && resolve());
@@ -125,7 +125,8 @@ class Rig {
   }
 }
 
-/// Starts a system. Options: brand, liveliness, seed, fleet, attributes, and line: true for one that can be cut.
+/// Starts a system. Options: brand, liveliness, seed, fleet, store (more words for the switch's command line),
+/// attributes, and line: true for one that can be cut.
 export async function startRig(options = {}, how = {}) {
   if (!existsSync(join(build, 'app/nevo'))) throw new Error(`There is no server in ${build}; build it first.`);
   const rig = new Rig(options);

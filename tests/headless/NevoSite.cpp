@@ -105,14 +105,22 @@ void Visitor::failToLogIn()
   click(button("Ok"));
 }
 
+bool Visitor::openTab(const std::string &name)
+{
+  return click(page().findIf([&](const Node &n) {
+    return n.tag == "a" && n.get("role") == "tab" && n.text == name && n.visible();
+  }));
+}
+
 Node *Visitor::panel(const std::string &title) const
 {
-  Node *found = page().findIf([&](const Node &n) {
-    return n.text == title && n.visible() && !n.hasClass("Wt-label") && n.parent && n.parent->tag != "a";
-  });
-  while (found && !found->hasClass("nevo-context-panel"))
-    found = found->parent;
-  return found;
+  for (Node *found : page().findAll([&](const Node &n) { return n.text == title && n.visible(); })) {
+    while (found && !found->hasClass("nevo-context-panel"))
+      found = found->parent;
+    if (found)
+      return found;
+  }
+  return nullptr;
 }
 
 Node *Visitor::list(const std::string &title) const

@@ -38,6 +38,9 @@ public:
   // Logs in with a wrong password and confirms the message.
   void failToLogIn();
 
+  // Clicks the tab of that name; false if none shows.
+  bool openTab(const std::string &name);
+
   // The panel with this title, its list, and the texts of the rows that its list shows.
   Node *panel(const std::string &title) const;
   Node *list(const std::string &title) const;

@@ -55,6 +55,23 @@ bool matches(const json_t *record, json_t *query)
   return true;
 }
 
+// The queries of one record each that a query asks for: each number of a list is one.
+std::vector<Json> singleQueries(json_t *query)
+{
+  std::vector<Json> single;
+  json_t *indexes = json_object_get(query, "index");
+  std::size_t at = 0;
+  json_t *index = nullptr;
+  json_array_foreach(indexes, at, index)
+  {
+    single.emplace_back(json_copy(query));
+    json_object_set(single.back().get(), "index", index);
+  }
+  if (!json_is_array(indexes))
+    single.emplace_back(json_incref(query));
+  return single;
+}
+
 std::string dataFrame(const std::string &json)
 {
   return "{\"data\":" + json + "}";
@@ -66,14 +83,22 @@ std::string recordsFrame(const std::string &json, json_t *query)
   if (!query)
     return dataFrame(json);
   const Json records = parse(json);
-  std::size_t at = 0;
-  json_t *record = nullptr;
-  json_array_foreach(records.get(), at, record)
-  {
-    if (matches(record, query))
-      return dataFrame(dump(record));
+  const Json found(json_array());
+  for (const Json &single : singleQueries(query)) {
+    std::size_t at = 0;
+    json_t *record = nullptr;
+    json_array_foreach(records.get(), at, record)
+    {
+      if (matches(record, single.get())) {
+        json_array_append(found.get(), record);
+        break;
+      }
+    }
   }
-  return kNoEntries;
+  if (json_array_size(found.get()) == 0)
+    return kNoEntries;
+  const bool isList = json_is_array(json_object_get(query, "index"));
+  return dataFrame(dump(isList ? found.get() : json_array_get(found.get(), 0)));
 }
 
 bool readAll(int socket, char *buffer, std::size_t size)
@@ -142,6 +167,17 @@ void ScriptedStore::hangUp(const std::string &method, const std::string &resourc
 {
   const std::lock_guard<std::mutex> lock(mutex_);
   scripts_[method + " " + resource] = {Kind::HangUp, ""};
+}
+
+void ScriptedStore::failRecord(const std::string &method, const std::string &resource, unsigned int index,
+                               const std::string &errors)
+{
+  fail(method, resource + " " + std::to_string(index), errors);
+}
+
+void ScriptedStore::hangUpRecord(const std::string &method, const std::string &resource, unsigned int index)
+{
+  hangUp(method, resource + " " + std::to_string(index));
 }
 
 std::vector<std::string> ScriptedStore::requests()
@@ -222,6 +258,19 @@ void ScriptedStore::serveClient(int client)
   }
 }
 
+const ScriptedStore::Script *ScriptedStore::scriptOf(json_t *request) const
+{
+  const std::string name = memberText(request, "method") + " " + memberText(request, "resource");
+  for (const char *section : {"query", "params"}) {
+    const json_t *index = json_object_get(json_object_get(request, section), "index");
+    const auto record = scripts_.find(name + " " + std::to_string(json_integer_value(index)));
+    if (record != scripts_.end())
+      return &record->second;
+  }
+  const auto all = scripts_.find(name);
+  return all == scripts_.end() ? nullptr : &all->second;
+}
+
 std::string ScriptedStore::answerTo(json_t *request)
 {
   const std::string method = memberText(request, "method");
@@ -230,13 +279,12 @@ std::string ScriptedStore::answerTo(json_t *request)
   json_object_del(request, "have");
   const std::lock_guard<std::mutex> lock(mutex_);
   requests_.push_back(dump(request));
-  const auto script = scripts_.find(method + " " + resource);
-  if (script != scripts_.end()) {
-    if (script->second.kind == Kind::HangUp)
+  if (const Script *script = scriptOf(request)) {
+    if (script->kind == Kind::HangUp)
       return "";
-    if (script->second.kind == Kind::Errors)
-      return "{\"errors\":" + script->second.json + "}";
-    return dataFrame(script->second.json);
+    if (script->kind == Kind::Errors)
+      return "{\"errors\":" + script->json + "}";
+    return dataFrame(script->json);
   }
   if (method != "GET")
     return dataFrame("{}");

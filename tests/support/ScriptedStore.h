@@ -14,8 +14,8 @@
 // it lives comes here.
 //
 // Without further instruction a GET answers with the records that were set: one record where its "query"
-// names one, else all rows; "no entries" (1009) where the query finds none. Every other method answers
-// with success and changes nothing.
+// names one, rows where it names several, else all rows; "no entries" (1009) where the query finds none.
+// Every other method answers with success and changes nothing.
 class ScriptedStore
 {
 public:
@@ -33,6 +33,10 @@ public:
   void fail(const std::string &method, const std::string &resource, const std::string &errors);
   // ... not at all: the connection is closed instead.
   void hangUp(const std::string &method, const std::string &resource);
+  // The same for the requests that name one record, in "query" or "params".
+  void failRecord(const std::string &method, const std::string &resource, unsigned int index,
+                  const std::string &errors);
+  void hangUpRecord(const std::string &method, const std::string &resource, unsigned int index);
 
   // The requests so far, oldest first, as compact JSON with sorted keys.
   std::vector<std::string> requests();
@@ -49,6 +53,7 @@ private:
 
   void serve();
   void serveClient(int client);
+  const Script *scriptOf(json_t *request) const;
   // The frame that answers a request; empty to hang up.
   std::string answerTo(json_t *request);
 
@@ -60,7 +65,7 @@ private:
 
   std::mutex mutex_; // of what follows
   std::map<std::string, std::string> records_;
-  std::map<std::string, Script> scripts_; // by method, a blank and the resource
+  std::map<std::string, Script> scripts_; // by method, resource and perhaps index, with blanks between
   std::vector<std::string> requests_;
 };
 

@@ -7,17 +7,12 @@
 #include "WDashViewSesList.h"
 #include "WNumericSortFilterProxyModel.h"
 
-#include <Wt/WApplication>
-#include <Wt/WEvent>
 #include <Wt/WGridLayout>
 #include <Wt/WStandardItemModel>
-#include <Wt/WTimer>
 #include <vector>
 
 namespace
 {
-
-const int refreshMilliseconds = 5000;
 
 void setUpList(Wt::WContainerWidget &list)
 {
@@ -48,7 +43,8 @@ Wt::WModelIndexSet indexesOf(const std::vector<int> &rows, const Wt::WAbstractIt
 
 WDashView::WDashView(Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), layout(new Wt::WGridLayout()), sessionList(new WDashViewSesList()),
-      eventList(new WDashViewEventList()), spacer(new Wt::WContainerWidget()), refreshTimer(new Wt::WTimer())
+      eventList(new WDashViewEventList()), spacer(new Wt::WContainerWidget()),
+      refreshTimer(this, &WDashView::refreshTimerTimeout)
 {
   setUpList(*sessionList);
   setUpList(*eventList);
@@ -62,12 +58,7 @@ WDashView::WDashView(Wt::WContainerWidget *parent)
   layout->setRowResizable(0);
   layout->setRowResizable(1);
   setLayout(layout);
-
-  refreshTimer->setInterval(refreshMilliseconds);
-  refreshTimer->timeout().connect(this, &WDashView::refreshTimerTimeout);
 }
-
-WDashView::~WDashView() = default;
 
 void WDashView::eventLogClear()
 {
@@ -90,17 +81,15 @@ void WDashView::readFromDatabase()
 
 void WDashView::enableAutoRefresh()
 {
-  refreshTimer->start();
+  refreshTimer.enable();
 }
 
 void WDashView::disableAutoRefresh()
 {
-  refreshTimer->stop();
+  refreshTimer.disable();
 }
 
 void WDashView::refreshTimerTimeout()
 {
-  Wt::WApplication::UpdateLock lock(Wt::WApplication::instance());
-  if (lock)
-    readFromDatabase();
+  WRefreshTimer::locked([this] { readFromDatabase(); });
 }

@@ -2,14 +2,14 @@
 #ifndef VIEWS_SESSIONS_WDASH_VIEW_H_
 #define VIEWS_SESSIONS_WDASH_VIEW_H_
 
+#include "WRefreshTimer.h"
+
 #include <Wt/WContainerWidget>
-#include <memory>
 
 namespace Wt
 {
 class WGridLayout;
-class WTimer;
-} // namespace Wt
+}
 
 class WDashViewEventList;
 class WDashViewSesList;
@@ -20,7 +20,6 @@ class WDashView : public Wt::WContainerWidget
 {
 public:
   explicit WDashView(Wt::WContainerWidget *parent = 0);
-  ~WDashView() override;
 
   /// Empties the list of events.
   virtual void eventLogClear();
@@ -36,7 +35,7 @@ private:
   WDashViewSesList *sessionList;
   WDashViewEventList *eventList;
   Wt::WContainerWidget *spacer;
-  std::unique_ptr<Wt::WTimer> refreshTimer;
+  WRefreshTimer refreshTimer;
 };
 
 #endif // VIEWS_SESSIONS_WDASH_VIEW_H_

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "WDashViewSesList.h"
 
-#include "Clock.h"
 #include "Convert.h"
 #include "Db.h"
-#include "NevoUtil.h"
+#include "SessionDuration.h"
 #include "Text.h"
 #include "WAutoSizeTableView.h"
 #include "WNumericSortFilterProxyModel.h"
@@ -82,12 +81,11 @@ void WDashViewSesList::readFromDatabase()
   const int count = ZelRspUtil_numEntries(sessions.get());
   if (count > 0)
     model->insertRows(0, count);
-  const unsigned int now = static_cast<unsigned int>(Clock_now());
   for (int row = 0; row < count; ++row)
-    fillRow(row, sessions.get(), connections.get(), now);
+    fillRow(row, sessions.get(), connections.get());
 }
 
-void WDashViewSesList::fillRow(int row, json_t *sessions, json_t *connections, unsigned int now)
+void WDashViewSesList::fillRow(int row, json_t *sessions, json_t *connections)
 {
   json_t *session = ZelObj_getRow(sessions, row);
   const unsigned int index =
@@ -100,13 +98,11 @@ void WDashViewSesList::fillRow(int row, json_t *sessions, json_t *connections, u
   Db_db.getTxNameOrEidFromUsrSesIndex(index, transmitter, errors);
   const Connection connection =
       connectionOf(connections, rxIndex, ZelRsp_userSessionGetSessionStartTime(session));
-  // A station's clock may run ahead of this one's.
-  const unsigned int duration = now > connection.start ? now - connection.start : 0;
 
   model->setData(row, IndexColumn, boost::any(index), Wt::EditRole);
   model->setData(row, UsernameColumn, boost::any(username), Wt::EditRole);
   model->setData(row, ReceiverColumn, boost::any(receiver), Wt::EditRole);
   model->setData(row, TransmitterColumn, boost::any(transmitter), Wt::EditRole);
   model->setData(row, ModeColumn, boost::any(connection.mode), Wt::EditRole);
-  model->setData(row, DurationColumn, boost::any(NevoUtil_secsToFormattedTimeString(duration)), Wt::EditRole);
+  model->setData(row, DurationColumn, boost::any(SessionDuration_since(connection.start)), Wt::EditRole);
 }

@@ -16,7 +16,7 @@ public:
   void readFromDatabase() override;
 
 private:
-  void fillRow(int row, json_t *sessions, json_t *connections, unsigned int now);
+  void fillRow(int row, json_t *sessions, json_t *connections);
 };
 
 #endif // VIEWS_SESSIONS_WDASH_VIEW_SES_LIST_H_

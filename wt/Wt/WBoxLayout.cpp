@@ -224,7 +224,8 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
     element = &cell;
   }
   const bool grows = place.stretch > 0;
-  std::string flex = grows ? std::to_string(place.stretch) + " 1 0" : anyStretch || gap ? "none" : "1 1 auto";
+  // A share of the rest where the box has a size; of a box that is as large as its content, what the item needs.
+  std::string flex = grows ? std::to_string(place.stretch) + " 1 0%" : anyStretch || gap ? "none" : "1 1 auto";
   if (!place.size.isAuto() && !grows)
     flex = "0 0 " + place.size.cssText();
   Engine::ItemStyle::leaveGrid(*element);
@@ -238,6 +239,9 @@ void WBoxLayout::renderHandle(const Place &place, Dom::Document &document, std::
 {
   Dom::Element &handle = elements().get(document, place.item.get(), Engine::LayoutElements::Handle);
   Engine::ItemStyle::handle(handle, vertical());
+  // In a grid a handle lies at the end of its track; here it is an item of its own.
+  handle.set("*align-self", "stretch");
+  handle.set("*transform", "none");
   handle.setIf(spacing_ > 0, vertical() ? "*margin-block" : "*margin-inline", "-" + std::to_string(spacing_) + "px");
   children.push_back(&handle);
 }

@@ -8,8 +8,17 @@ namespace zelclient
 
 namespace
 {
-constexpr std::size_t kMaxEntries = 128;
+
+// A list of sessions is made of some thousand answers of one parameter each.
+constexpr std::size_t kMaxEntries = 8192;
 constexpr std::size_t kMaxBytes = 4 * 1024 * 1024;
+
+// What an answer counts for: both texts, and what even the shortest one costs beside them.
+std::size_t sizeOf(const HeldAnswer &answer)
+{
+  return answer.request().size() + answer.bytes() + 256;
+}
+
 } // namespace
 
 AnswerCache &AnswerCache::instance()
@@ -18,44 +27,35 @@ AnswerCache &AnswerCache::instance()
   return cache;
 }
 
-AnswerCache::~AnswerCache()
-{
-  for (Entry &entry : entries_)
-    json_decref(entry.value);
-}
-
-std::string AnswerCache::find(std::string_view request, json_t **value)
+AnswerCache::Answer AnswerCache::find(std::string_view request)
 {
   std::lock_guard<std::mutex> lock(mutex_);
-  *value = nullptr;
   auto found = byRequest_.find(request);
   if (found == byRequest_.end())
-    return {};
+    return nullptr;
   entries_.splice(entries_.begin(), entries_, found->second);
-  *value = json_incref(found->second->value);
-  return found->second->tag;
+  return *found->second;
 }
 
-void AnswerCache::keep(std::string_view request, std::string tag, json_t *value, std::size_t bytes)
+void AnswerCache::keep(Answer answer)
 {
   std::lock_guard<std::mutex> lock(mutex_);
-  auto found = byRequest_.find(request);
+  auto found = byRequest_.find(answer->request());
   if (found != byRequest_.end())
     drop(found->second);
-  if (bytes > kMaxBytes / 4)
+  if (sizeOf(*answer) > kMaxBytes / 4)
     return;
-  entries_.push_front(Entry{std::string(request), std::move(tag), json_incref(value), bytes});
-  byRequest_.emplace(entries_.front().request, entries_.begin());
-  bytes_ += bytes;
+  entries_.push_front(std::move(answer));
+  byRequest_.emplace(entries_.front()->request(), entries_.begin());
+  bytes_ += sizeOf(*entries_.front());
   while (entries_.size() > kMaxEntries || bytes_ > kMaxBytes)
     drop(std::prev(entries_.end()));
 }
 
 void AnswerCache::drop(Entries::iterator entry)
 {
-  bytes_ -= entry->bytes;
-  byRequest_.erase(entry->request);
-  json_decref(entry->value);
+  bytes_ -= sizeOf(**entry);
+  byRequest_.erase((*entry)->request());
   entries_.erase(entry);
 }
 

@@ -2,9 +2,11 @@
 #ifndef ZEL_CLIENT_ANSWER_CACHE_H_
 #define ZEL_CLIENT_ANSWER_CACHE_H_
 
+#include "HeldAnswer.h"
+
 #include <cstddef>
-#include <jansson.h>
 #include <list>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -13,40 +15,34 @@
 namespace zelclient
 {
 
-// The answers that the server has tagged, by the text of their request; shared by all connections of the
-// process and bounded in number and size, the least recently used going first. The values are handed out
-// again and again, so nobody may change them. Tags tell servers and runs of a server apart; the cache
-// doesn't.
+// The answers that the server has tagged or tied to its page, by the text of their request; shared by all
+// connections of the process and bounded in number and size, the least recently used going first. Tags and
+// epochs tell servers and runs of a server apart; the cache doesn't.
 class AnswerCache
 {
 public:
+  using Answer = std::shared_ptr<const HeldAnswer>;
+
   static AnswerCache &instance();
 
-  // The tag of the kept answer and, in `value`, a new reference to it; empty and null if there is none.
-  std::string find(std::string_view request, json_t **value);
+  // The answer that is held for that request, or null.
+  Answer find(std::string_view request);
 
-  // Keeps `value` (a reference of its own) in place of an earlier answer. `bytes` is its size as text.
-  void keep(std::string_view request, std::string tag, json_t *value, std::size_t bytes);
+  // Holds an answer in place of an earlier one to the same request.
+  void keep(Answer answer);
 
   std::size_t entries() const;
   std::size_t bytes() const;
 
 private:
-  struct Entry {
-    std::string request;
-    std::string tag;
-    json_t *value;
-    std::size_t bytes;
-  };
-  using Entries = std::list<Entry>;
+  using Entries = std::list<Answer>;
 
   AnswerCache() = default;
-  ~AnswerCache();
   void drop(Entries::iterator entry);
 
   mutable std::mutex mutex_;
-  Entries entries_; // most recently used first
-  std::unordered_map<std::string_view, Entries::iterator> byRequest_;
+  Entries entries_;                                                   // most recently used first
+  std::unordered_map<std::string_view, Entries::iterator> byRequest_; // keys are the answers' own
   std::size_t bytes_ = 0;
 };
 

@@ -81,9 +81,16 @@ bool Connection::isUsable() const
 {
   if (fd_ < 0)
     return false;
+  const std::uint64_t hangUps = page_ ? page_->hangUps() : 0;
+  if (page_ && usableSince_ == hangUps && page_->isKept())
+    return true;
   char byte;
   ssize_t got = ::recv(fd_, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
-  return got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
+  if (got >= 0 || (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR))
+    return false;
+  if (page_)
+    usableSince_ = hangUps;
+  return true;
 }
 
 bool Connection::exchange(std::string_view first, std::string_view second, std::string_view &answer)
@@ -149,6 +156,34 @@ bool Connection::send(std::string_view first, std::string_view second, Time dead
   }
 }
 
+// With the first bytes of a connection a server may send the file of its page.
+ssize_t Connection::receiveSome(char *bytes, std::size_t size, int flags)
+{
+  if (hasReceived_)
+    return ::recv(fd_, bytes, size, flags);
+  iovec part{bytes, size};
+  alignas(cmsghdr) char control[CMSG_SPACE(sizeof(int))];
+  msghdr message{};
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  message.msg_control = control;
+  // Not the whole buffer: its padding would have room for a second file, and nobody would close it.
+  message.msg_controllen = CMSG_LEN(sizeof(int));
+  ssize_t got = ::recvmsg(fd_, &message, flags | MSG_CMSG_CLOEXEC);
+  if (got <= 0)
+    return got;
+  hasReceived_ = true;
+  const cmsghdr *header = CMSG_FIRSTHDR(&message);
+  if (header && header->cmsg_level == SOL_SOCKET && header->cmsg_type == SCM_RIGHTS &&
+      header->cmsg_len == CMSG_LEN(sizeof(int))) {
+    int file;
+    std::memcpy(&file, CMSG_DATA(header), sizeof file);
+    page_ = ServerPage::open(file);
+    ::close(file);
+  }
+  return got;
+}
+
 bool Connection::receive(Time deadline, std::string_view &answer)
 {
   std::size_t have = 0;
@@ -157,7 +192,7 @@ bool Connection::receive(Time deadline, std::string_view &answer)
   // The first wait is the socket's own (one system call); what comes in pieces is waited for by poll.
   int flags = 0;
   while (have < wanted) {
-    ssize_t got = ::recv(fd_, buffer_.data() + have, buffer_.size() - have, flags);
+    ssize_t got = receiveSome(buffer_.data() + have, buffer_.size() - have, flags);
     if (got < 0) {
       if (errno == EINTR && left(deadline).count() > 0)
         continue;

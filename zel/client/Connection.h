@@ -2,9 +2,14 @@
 #ifndef ZEL_CLIENT_CONNECTION_H_
 #define ZEL_CLIENT_CONNECTION_H_
 
+#include "ServerPage.h"
+
 #include <chrono>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace zelclient
@@ -29,6 +34,9 @@ public:
 
   void close();
 
+  // The page that the server has sent with its first answer; null if it has none.
+  const ServerPage *page() const { return page_.get(); }
+
 private:
   using Time = std::chrono::steady_clock::time_point;
 
@@ -37,9 +45,13 @@ private:
   bool send(std::string_view first, std::string_view second, Time deadline);
   bool receive(Time deadline, std::string_view &answer);
   bool wait(short events, Time deadline) const;
+  ssize_t receiveSome(char *bytes, std::size_t size, int flags);
 
   int fd_ = -1;
   int timeoutMs_ = 0; // that the socket's own limits are set to
+  bool hasReceived_ = false;
+  std::unique_ptr<ServerPage> page_;
+  mutable std::optional<std::uint64_t> usableSince_; // the page's count of hang-ups when last looked
   std::vector<char> buffer_;
 };
 

@@ -5,6 +5,8 @@
 #include "ClientOptions.h"
 #include "Connection.h"
 #include "Frame.h"
+#include "RequestText.h"
+#include "SharedValue.h"
 
 #include <new>
 #include <string>
@@ -22,21 +24,28 @@ struct ZelClient_s {
 namespace
 {
 
-int appendText(const char *text, std::size_t size, void *target)
-{
-  static_cast<std::string *>(target)->append(text, size);
-  return 0;
-}
-
 bool isGet(const json_t *request)
 {
   const char *method = json_string_value(json_object_get(request, "method"));
   return method && std::string_view(method) == "GET";
 }
 
-// What the caller gets of an answer frame, or null for a frame that is none of the three answers.
-// Takes `kept`, the answer that the tag in the request stood for (or null), over.
-json_t *takeAnswer(std::string_view text, std::string_view request, bool mayKeep, json_t *kept)
+// The epoch that an answer frame names, [slot, number]; of run 0 if it names none that means anything.
+zelclient::Epoch epochOf(const json_t *frame, const zelclient::ServerPage *page)
+{
+  const json_t *pair = json_object_get(frame, "epoch");
+  const json_t *slot = json_array_get(pair, 0);
+  const json_t *number = json_array_get(pair, 1);
+  if (!page || !json_is_integer(slot) || !json_is_integer(number) || json_integer_value(slot) < 0 ||
+      json_integer_value(slot) >= static_cast<json_int_t>(zelwire::EpochPage::kSlots))
+    return {};
+  return page->epochOf(static_cast<std::uint32_t>(json_integer_value(slot)),
+                       static_cast<std::uint64_t>(json_integer_value(number)));
+}
+
+// What the caller gets of an answer frame, or null for a frame that is none of the three answers. `held`
+// is the answer that the tag in the request stood for, or null.
+json_t *takeAnswer(ZelClient_s &client, std::string_view text, bool mayKeep, const AnswerCache::Answer &held)
 {
   json_t *frame = zelwire::parseJson(text);
   json_t *result = nullptr;
@@ -44,50 +53,60 @@ json_t *takeAnswer(std::string_view text, std::string_view request, bool mayKeep
   if (json_is_array(json_object_get(frame, "errors"))) {
     result = json_incref(frame);
   } else if (json_is_object(data) || json_is_array(data)) {
-    result = json_incref(data);
+    result = zelclient::retain(data);
     const char *tag = json_string_value(json_object_get(frame, "tag"));
-    if (mayKeep && tag)
-      AnswerCache::instance().keep(request, tag, data, text.size());
-  } else if (json_is_true(json_object_get(frame, "unchanged"))) {
-    result = json_incref(kept);
+    const zelclient::Epoch epoch = epochOf(frame, client.connection.page());
+    if (mayKeep && (tag || epoch.run != 0))
+      AnswerCache::instance().keep(std::make_shared<const zelclient::HeldAnswer>(
+          client.request, data, tag ? tag : "", epoch, text.size()));
+  } else if (held && json_is_true(json_object_get(frame, "unchanged"))) {
+    result = zelclient::retain(held->value());
   }
-  json_decref(kept);
-  json_decref(frame);
+  zelclient::release(frame);
   return result;
+}
+
+// The end of a request's text, with the tag of the held answer; empty if there is none to tell.
+void writeHave(const std::string &tag, std::string &have)
+{
+  have.clear();
+  if (tag.empty())
+    return;
+  // The tag was a JSON text of the server's; written as one again it needs the same escapes.
+  json_t *tagText = json_stringn(tag.data(), tag.size());
+  have = ",\"have\":";
+  if (tagText && zelclient::appendJson(tagText, have))
+    have += '}';
+  else
+    have.clear();
+  json_decref(tagText);
 }
 
 json_t *exchange(ZelClient_s &client, const json_t *request)
 {
-  client.request.clear();
-  if (json_dump_callback(request, appendText, &client.request, JSON_COMPACT) != 0)
+  if (!zelclient::writeRequest(request, client.request))
     return nullptr;
   bool mayKeep = isGet(request);
-  json_t *kept = nullptr;
+  AnswerCache::Answer held = mayKeep ? AnswerCache::instance().find(client.request) : nullptr;
+  const zelclient::ServerPage *page = client.connection.page();
+  // The page of a server that has ended says nothing of the one in its place, so the connection has to
+  // stand; and that has to be seen after the request began.
+  if (held && page && page->stands(held->epoch()) && client.connection.isUsable()) {
+    zelclient::rememberHeld(held);
+    return zelclient::retain(held->value());
+  }
+  writeHave(held ? held->tag() : std::string(), client.have);
   std::string_view body = client.request;
-  client.have.clear();
-  if (mayKeep) {
-    std::string tag = AnswerCache::instance().find(client.request, &kept);
-    if (kept) {
-      // The tag was a JSON text of the server's; written as one again it needs the same escapes.
-      json_t *tagText = json_stringn(tag.data(), tag.size());
-      client.have = ",\"have\":";
-      if (json_dump_callback(tagText, appendText, &client.have, JSON_ENCODE_ANY) == 0) {
-        client.have += '}';
-        body.remove_suffix(1);
-      } else {
-        client.have.clear();
-      }
-      json_decref(tagText);
-    }
-  }
+  if (!client.have.empty())
+    body.remove_suffix(1);
   std::string_view answer;
-  if (!client.connection.exchange(body, client.have, answer)) {
-    json_decref(kept);
+  if (!client.connection.exchange(body, client.have, answer))
     return nullptr;
-  }
-  json_t *result = takeAnswer(answer, client.request, mayKeep, kept);
+  json_t *result = takeAnswer(client, answer, mayKeep, held);
   if (!result)
     client.connection.close();
+  else if (held && result == held->value())
+    zelclient::rememberHeld(held);
   return result;
 }
 

@@ -3,6 +3,7 @@
 
 #include "Base64.h"
 #include "Rows.h"
+#include "SharedValue.h"
 
 namespace
 {
@@ -155,5 +156,5 @@ json_t *ZelObj_collapse(json_t *response, const char *keyName, const char *array
 
 void ZelObj_free(json_t *value)
 {
-  json_decref(value);
+  zelclient::release(value);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ZelReqUtil.h"
 
+#include "SharedValue.h"
 #include "ZelObj.h"
 
 namespace
@@ -106,5 +107,5 @@ json_t *ZelReqUtil_submit(json_t *request, ZelClient_s *client)
 
 void ZelReqUtil_free(json_t *request)
 {
-  json_decref(request);
+  zelclient::release(request);
 }

@@ -2,7 +2,9 @@
 #include "ZelRspUtil.h"
 
 #include "Base64.h"
+#include "HeldAnswer.h"
 #include "Rows.h"
+#include "SharedValue.h"
 
 #include <algorithm>
 #include <cstring>
@@ -25,14 +27,6 @@ json_t *firstMember(const json_t *response, const char *name)
 json_t *rowMember(const json_t *response, unsigned int row, const char *name)
 {
   return memberOf(zelclient::rowOf(response, row), name);
-}
-
-int toInteger(const json_t *value)
-{
-  if (json_is_true(value))
-    return 1;
-  // 32 bits travel; whoever takes them as unsigned gets them all.
-  return static_cast<int>(static_cast<unsigned int>(json_integer_value(value)));
 }
 
 int toBoolean(const json_t *value)
@@ -77,7 +71,7 @@ const char *ZelRspUtil_getStringParam(const json_t *response, const char *name)
 
 int ZelRspUtil_getIntegerParam(const json_t *response, const char *name)
 {
-  return toInteger(firstMember(response, name));
+  return zelclient::integerOf(firstMember(response, name));
 }
 
 int ZelRspUtil_getBooleanParam(const json_t *response, const char *name)
@@ -102,7 +96,10 @@ const char *ZelRspUtil_getIndexedStringParam(const json_t *response, unsigned in
 
 int ZelRspUtil_getIndexedIntegerParam(const json_t *response, unsigned int row, const char *name)
 {
-  return toInteger(rowMember(response, row, name));
+  using zelclient::lastColumn;
+  if (response && name && (zelclient::isLastColumn(response, name) || zelclient::findColumn(response, name)))
+    return row < lastColumn.rows ? lastColumn.values[row] : 0;
+  return zelclient::integerOf(rowMember(response, row, name));
 }
 
 int ZelRspUtil_getIndexedBinaryParam(const json_t *response, unsigned int row, const char *name, void *buffer,
@@ -118,5 +115,5 @@ json_t *ZelRspUtil_getIndexedObjectParam(const json_t *response, unsigned int ro
 
 void ZelRspUtil_free(json_t *response)
 {
-  json_decref(response);
+  zelclient::release(response);
 }

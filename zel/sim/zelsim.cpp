@@ -35,6 +35,8 @@ constexpr const char *usage =
     "  --control PATH       where zelctl connects (default: the socket's path and \".control\")\n"
     "  --database PATH      where everything is kept; \":memory:\" (default) forgets it at the end\n"
     "  --fleet N            make N receivers and N transmitters instead of the small lab\n"
+    "  --sessions N         have N receivers in KVM sessions, each with a user of its own\n"
+    "  --alerts N           have N more alerts in the history, a tenth of them unacknowledged\n"
     "  --seed N             same seed, same story (default 1)\n"
     "  --liveliness N       0: nothing happens by itself; 1: calm (default); 10: a busy day\n"
     "  --oem NAME           brand whose icon files are used (default nevo)\n"
@@ -46,7 +48,7 @@ constexpr const char *usage =
     "  --describe           print all resources with types, limits and defaults, and end\n"
     "  --help               print this, and end\n"
     "\n"
-    "Fleet and seed shape a new database only. Prints \"ready\" when it listens.\n";
+    "Fleet, sessions, alerts and seed shape a new database only. Prints \"ready\" when it listens.\n";
 
 bool toNumber(const char *text, std::uint64_t most, std::uint64_t &number)
 {
@@ -79,6 +81,8 @@ bool setOption(Options &options, const std::string &name, const char *value)
     std::uint64_t most;
   };
   const NumberOption numbers[] = {{"--fleet", options.settings.fleet, 2500},
+                                  {"--sessions", options.settings.sessions, 1000},
+                                  {"--alerts", options.settings.alerts, 100000},
                                   {"--liveliness", options.settings.liveliness, 100},
                                   {"--max-clients", options.server.maxClients, 100000},
                                   {"--password-rounds", options.passwordIterations, 10000000}};

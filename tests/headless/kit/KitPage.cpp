@@ -1,15 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "KitPage.h"
 
+#include "ClientSession.h"
+#include "KitSession.h"
+
 #include <Wt/WMessageResourceBundle>
 #include <boost/bind.hpp>
 
+namespace
+{
+
+class KitApplication : public Wt::WApplication, public ClientSession, public KitSession
+{
+public:
+  explicit KitApplication(const Wt::WEnvironment &environment) : Wt::WApplication(environment)
+  {
+    messageResourceBundle().use(NEVO_SOURCE_DIR "/resources/msgs-general");
+  }
+  // The widgets go before what they reach the store through.
+  ~KitApplication() override { root()->clear(); }
+};
+
+} // namespace
+
 KitPage::KitPage(std::function<void(Wt::WContainerWidget &root)> build)
-    : site(Wt::Testing::TestSite::building([this, build = std::move(build)](Wt::WApplication &application) {
-        application_ = &application;
-        application.messageResourceBundle().use(NEVO_SOURCE_DIR "/resources/msgs-general");
-        build(*application.root());
-      })),
+    : site([this, build = std::move(build)](const Wt::WEnvironment &environment) -> Wt::WApplication * {
+        application_ = new KitApplication(environment);
+        build(*application_->root());
+        return application_;
+      }),
       visitor(site)
 {
   visitor.open();

@@ -11,7 +11,8 @@
 #include <functional>
 #include <string>
 
-// A page that shows the widgets that the test builds, with the system's texts.
+// A page that shows the widgets that the test builds, with the system's texts. They reach the store that
+// lives.
 class KitPage
 {
 public:

@@ -104,7 +104,7 @@ private:
       keys_.insert(value);
     else if (callee_ == "text")
       keys_.insert(kMarker + value);
-    else if (callee_ == "tr" || callee_ == "wholeKey")
+    else if (callee_ == "tr" || callee_ == "wholeKey" || callee_ == "textOfWord")
       keys_.insert(value);
     callee_.clear();
   }

@@ -5,7 +5,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <pugixml.hpp>
+#include <vector>
 
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -23,11 +25,22 @@ std::set<std::string> keysInBundle()
   return keys;
 }
 
+// The beginnings of keys that end in a word of the store, and the words that the store has for each.
+const std::map<std::string, std::vector<std::string>> kKeysOfWords = {
+    {"manager.designation.", {"none", "primary", "auxiliary"}},
+};
+
 std::set<std::string> keysInUse()
 {
   std::set<std::string> keys;
   for (const char *folder : {"app", "store", "widgets", "views"})
     keys.merge(keysInFolder(folder));
+  for (const auto &[beginning, words] : kKeysOfWords) {
+    if (keys.erase(beginning) == 0)
+      continue;
+    for (const std::string &word : words)
+      keys.insert(beginning + word);
+  }
   return keys;
 }
 
@@ -47,9 +60,10 @@ TEST(SourceKeys, standInCallsAndInTables)
 {
   EXPECT_THAT(keysInSource(R"(setText(text("Log In"));  row = {1, "[RSnnn]General failure"};
                               x = Wt::WString::tr("cascade.label.link") + tr( "tt.a.b" );
-                              {2, wholeKey("result.failure.x")}, set("plain"), widget.text(), "text(";)"),
+                              {2, wholeKey("result.failure.x")}, set("plain"), widget.text(), "text(";
+                              textOfWord("colour.", word))"),
               UnorderedElementsAre("[RSnnn]Log In", "[RSnnn]General failure", "cascade.label.link", "tt.a.b",
-                                   "result.failure.x"));
+                                   "result.failure.x", "colour."));
 }
 
 TEST(SourceKeys, areJoinedWhereALiteralContinues)

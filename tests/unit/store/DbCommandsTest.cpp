@@ -148,6 +148,40 @@ TEST_F(DbCommands, giveAMonitorsDataByItsName)
   EXPECT_THAT(errors, ElementsAre(shown("No entries") + "."));
 }
 
+TEST_F(DbCommands, tellWhatAMonitorSaysOfItself)
+{
+  // 256 bytes: a digital DEL A0B8, an analog one, and one without data.
+  const std::string head = "AP///////wAQrLig" + std::string(8, 'A');
+  store.setRecords("edid", R"([{"index": 1, "data": ")" + head + "AACA" + std::string(312, 'A') + R"(AA=="},
+                               {"index": 2, "data": ")" +
+                               head + "AAB/" + std::string(312, 'A') + R"(AA=="},
+                               {"index": 3, "name": "Wall"}])");
+  std::string manufacturer = "before";
+  std::string productCode = "before";
+  std::string type = "before";
+  EXPECT_EQ(Db_db.getEdidInfo(1, manufacturer, productCode, type, errors), 0U);
+  EXPECT_EQ(manufacturer + " " + productCode + " " + type, "DEL A0B8 [RSnnn]DVI");
+  EXPECT_EQ(Db_db.getEdidInfo(2, manufacturer, productCode, type, errors), 0U);
+  EXPECT_EQ(manufacturer + " " + productCode + " " + type, "DEL A0B8 [RSnnn]VGA");
+  EXPECT_EQ(Db_db.getEdidInfo(3, manufacturer, productCode, type, errors), 0U);
+  EXPECT_EQ(manufacturer + " " + productCode + " " + type, "@@@ 0000 [RSnnn]VGA");
+  EXPECT_THAT(store.requests().front(), HasSubstr(R"("query":{"index":1},"resource":"edid")"));
+  EXPECT_THAT(errors, IsEmpty());
+}
+
+TEST_F(DbCommands, leaveWhatWasToldOfAMonitorThatCannotBeRead)
+{
+  std::string manufacturer = "before";
+  std::string productCode = "before";
+  std::string type = "before";
+  EXPECT_EQ(Db_db.getEdidInfo(9, manufacturer, productCode, type, errors), 1U);
+  EXPECT_THAT(errors, ElementsAre(shown("No entries") + "."));
+  store.hangUp("GET", "edid");
+  EXPECT_EQ(Db_db.getEdidInfo(9, manufacturer, productCode, type, errors), 1U);
+  EXPECT_EQ(errors.size(), 1U);
+  EXPECT_EQ(manufacturer + productCode + type, "beforebeforebefore");
+}
+
 TEST_F(DbCommands, raiseTheTwoShortestFlashDurationsByOne)
 {
   for (const unsigned int duration : {0U, 1U, 2U, 30U})

@@ -202,6 +202,18 @@ TEST_F(DbOnSwitch, sendsCommands)
   EXPECT_THAT(errors, IsEmpty());
 }
 
+TEST_F(DbOnSwitch, knowsWhatTheMonitorsOfTheLibrarySayOfThemselves)
+{
+  std::string manufacturer;
+  std::string productCode;
+  std::string type;
+  EXPECT_EQ(Db_db.getEdidInfo(1, manufacturer, productCode, type, errors), 0U);
+  EXPECT_THAT(manufacturer, testing::MatchesRegex("[A-Z][A-Z][A-Z]"));
+  EXPECT_THAT(productCode, testing::MatchesRegex("[0-9A-F]+"));
+  EXPECT_THAT(type, testing::AnyOf("[RSnnn]DVI", "[RSnnn]VGA"));
+  EXPECT_EQ(Db_db.getEdidInfo(4000, manufacturer, productCode, type, errors), 1U);
+}
+
 TEST_F(DbOnSwitch, comesBackWhenTheStoreDoes)
 {
   EXPECT_EQ(Db_db.getTxNameFromTxIndex(1, word, errors), 0U);

@@ -84,6 +84,15 @@ TEST_F(DbStatus, ofADeviceThatUpdatesShowsThePercentageAlsoWhileAResetIsPending)
   EXPECT_EQ(tx("ready", "upgrading"), shown("Updating firmware") + " (37%)");
 }
 
+TEST_F(DbStatus, showsAPercentageThatIsNotThereAsZero)
+{
+  store.setRecords("tx",
+                   R"([{"index": 4, "status": "ready", "upgradeStatus": "upgrading", "usage": "usable"}])");
+  std::string overall;
+  EXPECT_EQ(Db_db.getTxOverallStatus(4, overall, errors), 0U);
+  EXPECT_EQ(overall, shown("Updating firmware") + " (0%)");
+}
+
 TEST_F(DbStatus, namesEachWayInWhichAnUpdateFailsOrEnds)
 {
   EXPECT_EQ(rx("ready", "failed"), shown("Firmware update failed"));
@@ -158,6 +167,18 @@ TEST_F(DbStatus, givesTheRawStatesOfAReceiver)
   logInAtReceiver();
   EXPECT_EQ(Db_db.getRxStatus(4, status, upgradeStatus, usage, userIsLoggedIn, errors), 0U);
   EXPECT_TRUE(userIsLoggedIn);
+}
+
+TEST_F(DbStatus, givesTheRawStatesOfASwitch)
+{
+  auto status = Info_SwxStatus_Offline;
+  auto upgradeStatus = Info_DeviceUpgradeStatus_Idle;
+  auto usage = Info_SwxUsage_Usable;
+  store.setRecords("swx", deviceRecord("isc_failure", "complete", "exceeds_unmanaged_capacity"));
+  EXPECT_EQ(Db_db.getSwxStatus(4, status, upgradeStatus, usage, errors), 0U);
+  EXPECT_EQ(status, Info_SwxStatus_IscFailure);
+  EXPECT_EQ(upgradeStatus, Info_DeviceUpgradeStatus_Complete);
+  EXPECT_EQ(usage, Info_SwxUsage_ExceedsUnmanagedCapacity);
 }
 
 TEST_F(DbStatus, leavesTheOutputsBehindAFailedReadUntouched)

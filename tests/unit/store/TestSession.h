@@ -2,8 +2,6 @@
 #ifndef TESTS_TEST_SESSION_H_
 #define TESTS_TEST_SESSION_H_
 
-#include "StoreSession.h"
-
 #include <Wt/Test/WTestEnvironment>
 #include <Wt/WApplication>
 #include <memory>

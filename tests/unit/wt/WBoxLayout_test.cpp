@@ -67,7 +67,7 @@ TEST(WBoxLayout, makesItsWidgetsChildrenOfTheContainer)
   ASSERT_EQ(4u, box->children.size());
   EXPECT_EQ("first", box->children[0]->text);
   EXPECT_EQ("0 0 20px", box->children[2]->get("*flex"));
-  EXPECT_EQ("1 1 0", box->children[3]->get("*flex"));
+  EXPECT_EQ("1 1 0%", box->children[3]->get("*flex"));
 }
 
 TEST(WBoxLayout, hasMarginsOnItsOutermostLayoutOnly)
@@ -108,7 +108,7 @@ TEST(WBoxLayout, sharesTheRestByStretch)
   EXPECT_EQ(node(page, "a")->get("*flex"), node(page, "b")->get("*flex"));
   page.run([&] { EXPECT_TRUE(layout->setStretchFactor(second, 3)); });
   EXPECT_EQ("none", node(page, "a")->get("*flex"));
-  EXPECT_EQ("3 1 0", node(page, "b")->get("*flex"));
+  EXPECT_EQ("3 1 0%", node(page, "b")->get("*flex"));
 }
 
 TEST(WBoxLayout, placesAnItemWithAnAlignmentInItsCell)
@@ -332,7 +332,7 @@ TEST(WBoxLayout, aWidgetThatMovesLeavesItsSettingsBehind)
   page.run([&] { box->addWidget(widget, 1); });
   EXPECT_FALSE(node(page, "traveller")->has("*grid-row"));
   EXPECT_FALSE(node(page, "traveller")->has("*justify-self"));
-  EXPECT_EQ("1 1 0", node(page, "traveller")->get("*flex"));
+  EXPECT_EQ("1 1 0%", node(page, "traveller")->get("*flex"));
   page.run([&] { plain->addWidget(widget); });
   EXPECT_EQ(0, box->count());
   for (const char *key : {"*flex", "data-li", "*grid-row", "*grid-column", "*justify-self", "*align-self"})

@@ -111,4 +111,41 @@ TEST_F(LargeFleet, ConnectsAcrossItsSwitches)
   EXPECT_EQ(0, connect(1, 2500, "private_mode"));
 }
 
+class BusyFleet : public StoreTest
+{
+protected:
+  BusyFleet() : StoreTest(options()) {}
+  static TestStore::Options options()
+  {
+    TestStore::Options busy;
+    busy.fleet = 60;
+    busy.more = {"--sessions", "50", "--alerts", "3000"};
+    return busy;
+  }
+};
+
+TEST_F(BusyFleet, HasAsManySessionsAsAskedForEachOfAUserOfItsOwn)
+{
+  EXPECT_EQ(50u, rows("connection"));
+  EXPECT_EQ(50u, rows("userSession"));
+  std::set<int> users;
+  json_t *sessions = ZelReq_userSessionRetrieve(client, nullptr);
+  for (unsigned row = 0; row < 50; ++row)
+    users.insert(ZelRspUtil_getIndexedIntegerParam(sessions, row, "userIndex"));
+  ZelRspUtil_free(sessions);
+  EXPECT_EQ(50u, users.size());
+  // A desk with a session can't be connected again, and one without can.
+  EXPECT_NE(0, connect(1, 60, "share_mode"));
+}
+
+TEST_F(BusyFleet, HasAFullHistoryOfWhichATenthIsUnacknowledged)
+{
+  const unsigned last = number("alertsControl", 0, "lastInstanceId");
+  EXPECT_EQ(2000u, rows("historicalAlerts"));
+  EXPECT_TRUE(exists("historicalAlerts", last));
+  EXPECT_TRUE(exists("historicalAlerts", last - 1999));
+  EXPECT_FALSE(exists("historicalAlerts", last - 2000));
+  EXPECT_NEAR(300, static_cast<double>(rows("unacknowledgedAlerts")), 10);
+}
+
 } // namespace

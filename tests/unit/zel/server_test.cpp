@@ -109,7 +109,8 @@ TEST_F(StoreServer, NeverAnswersAPassword)
   EXPECT_EQ(std::string::npos, answer.find("\"password\""));
   EXPECT_EQ(std::string::npos, answer.find("pbkdf2"));
   answer = client.ask(R"({"method":"GET","resource":"user","query":{"index":1},"select":["password"]})");
-  EXPECT_EQ(R"({"data":{}})", answer);
+  EXPECT_EQ(0u, answer.find(R"({"data":{})"));
+  EXPECT_EQ(std::string::npos, answer.find("pbkdf2"));
   EXPECT_EQ("(secret)", store.get("user", 1, "password"));
 }
 

@@ -598,7 +598,7 @@ const Resource catalogue[] = {
     counted(many("edid", kGet | kSet | kDelete, 128, edidRows, "monitor library"), 9),
     one("edidControl", kSet, edidControlRows, "copies monitor data from and to devices"),
     one("alertsControl", kGet | kSet, alertsControlRows, "acknowledges and clears alerts"),
-    counted(many("historicalAlerts", kGet, 500, alertRows, "alerts of the past, oldest first"), 5),
+    counted(many("historicalAlerts", kGet, 2000, alertRows, "alerts of the past, oldest first"), 5),
     counted(many("unacknowledgedAlerts", kGet, 500, alertRows, "alerts that nobody has acknowledged"), 4),
     counted(many("upgrade", kGet | kSet | kCreate | kDelete, 8, upgradeRows, "sources of firmware"), 11),
 };

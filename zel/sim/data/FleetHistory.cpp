@@ -4,6 +4,10 @@
 #include "rules/Alerts.h"
 #include "rules/Device.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
 namespace zelsim
 {
 
@@ -88,11 +92,45 @@ void seatMany(World &world)
     seat(world, {3, rx, rx % 2 ? rx : 0, "share_mode", rx % 600});
 }
 
+// Somebody else at each of so many desks, each connected to a transmitter of their own.
+void seatEverybody(World &world, unsigned sessions)
+{
+  Store &store = world.store;
+  const std::size_t desks = std::min(store.count("rx"), store.count("tx"));
+  for (unsigned place = 1; place <= sessions && place <= desks; ++place) {
+    const unsigned user = store.create("user");
+    if (user == 0)
+      return;
+    char name[16];
+    std::snprintf(name, sizeof name, "shift%04u", place);
+    store.setText("user", user, "name", name);
+    store.setText("user", user, "allTargetAccess", "enabled");
+    store.create("userTargetList", user);
+    seat(world, {user, place, place, place % 3 ? "share_mode" : "private_mode", 1 + place * 7 % 3000});
+  }
+}
+
+// So many alerts, the last of them two days ago; nobody has seen to every tenth yet.
+void recordMany(World &world, unsigned alerts)
+{
+  const std::int64_t last = world.clock.now() - 2 * 24 * 3600;
+  const auto switchCount = static_cast<unsigned>(world.store.count("swx"));
+  for (unsigned i = 0; i < alerts; ++i) {
+    const PastAlert &alert = pastAlerts[i % std::size(pastAlerts)];
+    recordAlert(world, alert.kind, deviceEid(world, {&switches, 1 + i % switchCount}),
+                alertText(alert.kind, alert.first, alert.second),
+                last - 420 * static_cast<std::int64_t>(alerts - i), i % 10 != 0);
+  }
+}
+
 } // namespace
 
 void makeHistory(World &world)
 {
-  if (world.settings.fleet)
+  recordMany(world, world.settings.alerts);
+  if (world.settings.sessions)
+    seatEverybody(world, world.settings.sessions);
+  else if (world.settings.fleet)
     seatMany(world);
   else
     for (const Seat &place : seats)

@@ -20,6 +20,8 @@ struct Story;
 // How the switch is to be, from the command line.
 struct Settings {
   unsigned fleet = 0;                          // receivers, and as many transmitters; 0 is the small lab
+  unsigned sessions = 0;                       // KVM sessions, each of a user of its own; 0: a few
+  unsigned alerts = 0;                         // alerts of the past beside the usual ones
   std::uint64_t seed = 1;                      // same seed, same story
   unsigned liveliness = 1;                     // 0: nothing happens by itself; 1: calm; 10: a busy day
   std::string oem = "nevo";                    // brand: folder below themes/

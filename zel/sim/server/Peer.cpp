@@ -4,7 +4,9 @@
 #include "Frame.h"
 
 #include <cerrno>
+#include <cstring>
 #include <sys/socket.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 namespace zelsim
@@ -135,10 +137,32 @@ void Peer::release(Time when)
   stalledSince_ = when;
 }
 
+ssize_t Peer::sendSome()
+{
+  iovec part{&output_[sent_], output_.size() - sent_};
+  alignas(cmsghdr) char control[CMSG_SPACE(sizeof attached_)] = {};
+  msghdr message{};
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  if (attached_ >= 0) {
+    message.msg_control = control;
+    message.msg_controllen = sizeof control;
+    cmsghdr *header = CMSG_FIRSTHDR(&message);
+    header->cmsg_level = SOL_SOCKET;
+    header->cmsg_type = SCM_RIGHTS;
+    header->cmsg_len = CMSG_LEN(sizeof attached_);
+    std::memcpy(CMSG_DATA(header), &attached_, sizeof attached_);
+  }
+  ssize_t done = ::sendmsg(fd_, &message, MSG_NOSIGNAL | MSG_DONTWAIT);
+  if (done > 0)
+    attached_ = -1;
+  return done;
+}
+
 bool Peer::flush(Time now)
 {
   while (hasOutput()) {
-    ssize_t done = ::send(fd_, output_.data() + sent_, output_.size() - sent_, MSG_NOSIGNAL | MSG_DONTWAIT);
+    ssize_t done = sendSome();
     if (done < 0) {
       if (errno == EINTR)
         continue;

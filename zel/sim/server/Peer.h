@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace zelsim
@@ -30,6 +31,9 @@ public:
   int fd() const { return fd_; }
   std::uint64_t id() const { return id_; }
   bool isControl() const { return isControl_; }
+
+  // Has the first bytes that are sent carry that file along; -1 for none. The file stays the caller's.
+  void attach(int file) { attached_ = file; }
 
   // Takes what has arrived. False when the peer has hung up or the connection failed.
   bool read();
@@ -67,9 +71,12 @@ public:
   bool wantsToRead() const { return !finishing_ && !hasOutput() && !hasHeld(); }
 
 private:
+  ssize_t sendSome();
+
   int fd_;
   std::uint64_t id_;
   bool isControl_;
+  int attached_ = -1;
   bool finishing_ = false;
   std::string input_;
   std::size_t consumed_ = 0;

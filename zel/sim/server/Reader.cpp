@@ -2,6 +2,7 @@
 #include "server/Reader.h"
 
 #include "data/JsonText.h"
+#include "server/Publisher.h"
 
 #include <algorithm>
 #include <random>
@@ -65,12 +66,12 @@ bool isWanted(const Value &value, const json_t *wanted)
 Reader::Reader(const World &world) : world_(world)
 {
   std::random_device device;
-  run_ = std::to_string(std::uint64_t{device()} << 32 | device());
+  run_ = std::uint64_t{device()} << 32 | device() | 1;
 }
 
 std::string Reader::tagOf(const Resource &resource) const
 {
-  return run_ + '.' + std::to_string(world_.store.revision(resource));
+  return std::to_string(run_) + '.' + std::to_string(world_.store.revision(resource));
 }
 
 Problem Reader::chooseColumns(const Request &request, Columns &columns) const
@@ -241,8 +242,13 @@ Problem Reader::answer(const Request &request, std::string &out) const
   }
   if (!single)
     out += ']';
-  if (repeatable && out.size() - before >= kShortestTagged)
-    out += ",\"tag\":\"" + tag + '"';
+  if (repeatable) {
+    const bool isShort = out.size() - before < kShortestTagged;
+    out += ",\"epoch\":[" + std::to_string(Publisher::slotOf(*request.resource)) + ',' +
+           std::to_string(world_.store.revision(*request.resource)) + ']';
+    if (!isShort)
+      out += ",\"tag\":\"" + tag + '"';
+  }
   out += '}';
   return {};
 }

@@ -5,6 +5,7 @@
 #include "life/World.h"
 #include "server/Request.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,9 @@ namespace zelsim
 //
 // One record that is asked for by its index (or that a resource has only one of) answers with the
 // selected parameters at top level; everything else with a list of rows. Nothing found is "No entries".
-// A longer answer gets a tag, made of the run of this store and the revision of the resource; whoever
-// asks the same again with that tag is told "unchanged" while the revision stands.
+// An answer names the epoch of its resource, by which a client sees from the page of epochs how long it
+// stays right. A longer one gets a tag as well, made of the run of this store and the revision of the
+// resource; whoever asks the same again with that tag is told "unchanged" while the revision stands.
 class Reader
 {
 public:
@@ -24,6 +26,9 @@ public:
 
   // Appends an answer's JSON to `out`, or returns the problem and leaves `out` as it was.
   Problem answer(const Request &request, std::string &out) const;
+
+  // A number that no other run of a store has; never 0.
+  std::uint64_t run() const { return run_; }
 
 private:
   struct Column {
@@ -43,7 +48,7 @@ private:
   std::string tagOf(const Resource &resource) const;
 
   const World &world_;
-  std::string run_; // tells the runs of stores apart in tags
+  std::uint64_t run_;
 };
 
 } // namespace zelsim

@@ -45,8 +45,9 @@ void closeAndForget(int &fd)
 
 Server::Server(World &world, const Commands &commands, Faults &faults, Options options)
     : world_(world), commands_(commands), faults_(faults), options_(std::move(options)), reader_(world),
-      writer_(world), lastId_(kFirstPeerId), now_(std::chrono::steady_clock::now()),
-      events_(sizeof(epoll_event) * kEventsPerTurn), nextStallCheck_(now_)
+      publisher_(reader_.run()), writer_(world), lastId_(kFirstPeerId),
+      now_(std::chrono::steady_clock::now()), events_(sizeof(epoll_event) * kEventsPerTurn),
+      nextStallCheck_(now_)
 {
 }
 
@@ -162,6 +163,7 @@ void Server::turn(int ready)
   }
   world_.clock.runDue();
   commit();
+  publisher_.publish(world_.store, faults_);
   release();
   sendDue();
   applyFaults();
@@ -180,6 +182,8 @@ void Server::accept(int listener, bool isControl)
       continue;
     }
     peers_[id] = Entry{std::make_unique<Peer>(fd, id, isControl), EPOLLIN};
+    if (!isControl)
+      peers_[id].peer->attach(publisher_.file());
   }
 }
 
@@ -348,6 +352,7 @@ void Server::applyFaults()
   if (!faults_.drop)
     return;
   faults_.drop = false;
+  publisher_.hangUp();
   for (auto entry = peers_.begin(); entry != peers_.end();)
     entry = entry->second.peer->isControl() ? std::next(entry) : peers_.erase(entry);
 }
@@ -360,12 +365,15 @@ void Server::dropStalled()
   for (auto entry = peers_.begin(); entry != peers_.end();) {
     Peer &peer = *entry->second.peer;
     bool stalled = peer.hasOutput() && peer.due() <= now_ && now_ - peer.stalledSince() > kLongestStall;
+    if (stalled)
+      publisher_.hangUp();
     entry = stalled ? peers_.erase(entry) : std::next(entry);
   }
 }
 
 void Server::drop(std::uint64_t id)
 {
+  publisher_.hangUp();
   peers_.erase(id);
   if (world_.clientGone)
     world_.clientGone(id);

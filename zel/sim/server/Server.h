@@ -6,6 +6,7 @@
 #include "life/World.h"
 #include "server/Faults.h"
 #include "server/Peer.h"
+#include "server/Publisher.h"
 #include "server/Reader.h"
 #include "server/Writer.h"
 
@@ -22,7 +23,7 @@ namespace zelsim
 
 // The loop: requests of up to `maxClients` connections, control commands, and the world's clock, on one
 // thread. In a turn every peer that is ready gets a bounded piece of work; then everything that was
-// written is committed at once; then the answers go out.
+// written is committed at once and shown on the page of epochs; then the answers go out.
 class Server
 {
 public:
@@ -72,6 +73,7 @@ private:
   Faults &faults_;
   Options options_;
   Reader reader_;
+  Publisher publisher_;
   Writer writer_;
 
   int epoll_ = -1;

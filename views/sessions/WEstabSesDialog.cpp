@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "WEstabSesDialog.h"
+
+#include "NevoPath.h"
+#include "Text.h"
+#include "WDialogTitle.h"
+#include "WEstabSesRxTable.h"
+#include "WEstabSesTxTable.h"
+#include "WEstabSesUsrTable.h"
+#include "WSesMode.h"
+
+#include <Wt/WContainerWidget>
+#include <Wt/WEvent>
+#include <Wt/WPushButton>
+#include <Wt/WTable>
+#include <Wt/WTableCell>
+#include <Wt/WText>
+
+namespace
+{
+
+enum Row { InstructionRow, ModeRow, ListsRow, ButtonsRow };
+
+// Pixels
+const int textPadding = 6;
+const int listPadding = 8;
+const int listMargin = 17;
+const int buttonMargin = 4;
+
+} // namespace
+
+WEstabSesDialog::WEstabSesDialog()
+    : modeSelector(0), usrTable(0), rxTable(0), txTable(0), cancelButton(0), connectButton(0),
+      buttonClickedNumber(0)
+{
+  WDialogTitle::build(*this, NevoPath_themeBase() + "establish-kvm-session.png", text("Connect KVM Session"));
+  addStyleClass("nevo-establish-session-dialog");
+  Wt::WTable *table = new Wt::WTable(contents());
+  new Wt::WText(text("Select the session mode, user account, receiver and transmitter to be used to connect "
+                     "a new KVM session."),
+                table->elementAt(InstructionRow, 0));
+  table->elementAt(InstructionRow, 0)->setPadding(Wt::WLength(textPadding));
+  modeSelector = new WSesMode(table->elementAt(ModeRow, 0));
+  modeSelector->setStyleClass("nevo-attribute-table-read-write-combo-box");
+  modeSelector->setAttributeValue("aria-label", text("Session Mode"));
+  modeSelector->changed().connect(this, &WEstabSesDialog::modeSelectionChangedHandler);
+  table->elementAt(ModeRow, 0)->setPadding(Wt::WLength(textPadding));
+  addLists(table->elementAt(ListsRow, 0));
+  addButtons(table->elementAt(ButtonsRow, 0));
+  rejectWhenEscapePressed();
+  modeSelector->setFocus();
+  readUsers();
+}
+
+void WEstabSesDialog::addLists(Wt::WTableCell *cell)
+{
+  usrTable = new WEstabSesUsrTable();
+  rxTable = new WEstabSesRxTable();
+  txTable = new WEstabSesTxTable();
+  Wt::WTable *row = new Wt::WTable(cell);
+  int column = 0;
+  for (WRecordTable *list : {static_cast<WRecordTable *>(usrTable), static_cast<WRecordTable *>(rxTable),
+                             static_cast<WRecordTable *>(txTable)}) {
+    Wt::WTableCell *place = row->elementAt(0, column++);
+    place->addWidget(list);
+    place->setContentAlignment(Wt::AlignLeft | Wt::AlignTop);
+    place->setPadding(Wt::WLength(listPadding));
+    list->setMargin(Wt::WLength(listMargin), Wt::Top | Wt::Bottom);
+  }
+  usrTable->selectionChanged().connect(this, &WEstabSesDialog::usrSelectionChangedHandler);
+  rxTable->selectionChanged().connect(this, &WEstabSesDialog::rxSelectionChangedHandler);
+  txTable->selectionChanged().connect(this, &WEstabSesDialog::txSelectionChangedHandler);
+}
+
+void WEstabSesDialog::addButtons(Wt::WTableCell *cell)
+{
+  cell->setContentAlignment(Wt::AlignRight | Wt::AlignMiddle);
+  Wt::WTable *row = new Wt::WTable(cell);
+  cancelButton = new Wt::WPushButton(text("Cancel"), row->elementAt(0, 0));
+  cancelButton->setMargin(Wt::WLength(buttonMargin));
+  cancelButton->clicked().connect(this, &WEstabSesDialog::cancelButtonClickedHandler);
+  connectButton = new Wt::WPushButton(text("Connect"), row->elementAt(0, 1));
+  connectButton->setMargin(Wt::WLength(buttonMargin));
+  connectButton->addStyleClass("nevo-primary");
+  connectButton->clicked().connect(this, &WEstabSesDialog::connectButtonClickedHandler);
+  connectButton->disable();
+}
+
+Info_ConnectionMode WEstabSesDialog::mode()
+{
+  return static_cast<Info_ConnectionMode>(modeSelector->getSelection());
+}
+
+bool WEstabSesDialog::getSelectedParameters(unsigned int &user, unsigned int &rx, unsigned int &tx,
+                                            Info_ConnectionMode &chosenMode)
+{
+  if (!usrTable->selectedRecord(user) || !rxTable->selectedRecord(rx) || !txTable->selectedRecord(tx))
+    return true;
+  chosenMode = mode();
+  return false;
+}
+
+void WEstabSesDialog::readUsers()
+{
+  usrTable->readFromDatabase(mode());
+  rxTable->clearData();
+  rxTable->setEmptyText(text("Select a user."));
+  txTable->clearData();
+  txTable->setEmptyText(text("Select a receiver."));
+}
+
+void WEstabSesDialog::modeSelectionChangedHandler()
+{
+  readUsers();
+}
+
+void WEstabSesDialog::usrSelectionChangedHandler()
+{
+  unsigned int user = 0;
+  if (usrTable->selectedRecord(user)) {
+    rxTable->readFromDatabase(
+        mode() == Info_ConnectionMode_Private ? Info_AccessMode_Private : Info_AccessMode_Share, user);
+    rxTable->setEmptyText(text("No receiver is free for this user."));
+  }
+  txTable->clearData();
+  txTable->setEmptyText(text("Select a receiver."));
+  connectButton->disable();
+}
+
+void WEstabSesDialog::rxSelectionChangedHandler()
+{
+  unsigned int user = 0;
+  unsigned int rx = 0;
+  if (!usrTable->selectedRecord(user) || !rxTable->selectedRecord(rx))
+    return;
+  txTable->readFromDatabase(mode(), user, rx);
+  txTable->setEmptyText(text("No transmitter is free for this user."));
+  connectButton->disable();
+}
+
+void WEstabSesDialog::txSelectionChangedHandler()
+{
+  connectButton->enable();
+}
+
+void WEstabSesDialog::connectButtonClickedHandler()
+{
+  buttonClickedNumber = 1;
+  accept();
+}
+
+void WEstabSesDialog::cancelButtonClickedHandler()
+{
+  reject();
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#ifndef VIEWS_SESSIONS_WSES_VIEW_H_
+#define VIEWS_SESSIONS_WSES_VIEW_H_
+
+#include "SignalConnection.h"
+#include "WRefreshTimer.h"
+
+#include <Wt/WContainerWidget>
+#include <vector>
+
+class WNavAccordion;
+class WNavAccordionStdCell;
+class WSesViewDetails;
+class WSesViewList;
+
+/// The tab of KVM sessions: the list, the details of what is selected in it, and the actions that connect a
+/// session and disconnect the selected ones.
+class WSesView : public Wt::WContainerWidget
+{
+public:
+  explicit WSesView(Wt::WContainerWidget *parent = 0);
+
+  /// Reads list and details anew. The selection stays, without the sessions that have ended. The flag is
+  /// there for what all views have in common: here is nothing unsaved that a reading could overwrite.
+  virtual void readFromDatabase(bool force);
+  virtual void enableAutoRefresh();
+  virtual void disableAutoRefresh();
+  virtual void estabSesActionButtonClicked();
+  virtual void discSesActionButtonClicked();
+  virtual void sesListSelectionChangedHandler();
+  virtual void refreshTimerTimeout();
+
+private:
+  void addActions(WNavAccordion &accordion);
+  std::vector<unsigned int> selectedSessions() const;
+  void showSelection();
+  void disconnectSelectedSessions();
+
+  WSesViewList *list;
+  WSesViewDetails *details;
+  WNavAccordionStdCell *disconnectCell;
+  WRefreshTimer refreshTimer;
+  SignalConnection selectionConnection;
+};
+
+#endif // VIEWS_SESSIONS_WSES_VIEW_H_

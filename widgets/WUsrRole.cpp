@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "WUsrRole.h"
+
+const WComboBoxPlus::Triplet WUsrRole::sLookup[] = {
+    {"user", "[RSnnn]User", 1},
+    {"admin", "[RSnnn]Administrator", 2},
+};
