@@ -32,6 +32,8 @@ public:
   WObject *parent() const { return parent_; }
 
   /// Unique in the process; begins with the object name, if there is one.
+  // Deviation: the page has an id attribute only for widgets with an object name, which saves much of its size;
+  // id() of the others names nothing there.
   virtual const std::string id() const;
   void setObjectName(const std::string &name);
   std::string objectName() const;

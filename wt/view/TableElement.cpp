@@ -239,6 +239,8 @@ std::string TableElement::rowClasses(int index) const
     classes = "Wt-selected";
   if (view_.alternatingRowColors() && index % 2 == 1)
     classes += classes.empty() ? "Wt-odd" : " Wt-odd";
+  if (index == currentRow_ && view_.selectionMode() == ExtendedSelection)
+    classes += classes.empty() ? "Wt-current" : " Wt-current";
   return classes;
 }
 
@@ -322,6 +324,9 @@ void TableElement::mouse(const RawEvent &event)
     const std::weak_ptr<int> life = life_;
     if (index.isValid() && mouseEvent.button() == WMouseEvent::LeftButton) {
       currentRow_ = row;
+      roams_ = false;
+      if (!mouseEvent.modifiers().testFlag(ShiftModifier))
+        anchorRow_ = row;
       view_.userSelects(index, mouseEvent.modifiers());
     }
     // A slot may have changed the model, or deleted the view.
@@ -356,9 +361,11 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
     return;
   const int page = std::max(1, bodyHeight_ / rowHeight() - 1);
   // Who selects something else than by keys and mouse moves the keyboard there too.
-  const bool astray = !view_.selection_.empty() &&
+  const bool astray = !roams_ && !view_.selection_.empty() &&
                       (currentRow_ < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != currentRow_));
   const int current = std::min(astray ? view_.selection_[0].row : currentRow_, count - 1);
+  if (astray)
+    anchorRow_ = current;
   int row = current;
   switch (keyCode) {
   case Key_Up: row = current - 1; break;
@@ -369,12 +376,47 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   case Key_End: row = count - 1; break;
   default: break;
   }
-  row = std::max(0, std::min(row, count - 1));
-  currentRow_ = row;
-  const WFlags<KeyboardModifier> flags(static_cast<KeyboardModifier>(modifiers));
+  if (keyCode == Key_A)
+    row = current;
+  currentRow_ = std::max(0, std::min(row, count - 1));
   // First: a slot of the selection may delete the view.
-  scrollTo(row, WAbstractItemView::EnsureVisible);
-  view_.userSelects(view_.model()->index(row, 0), flags);
+  scrollTo(currentRow_, WAbstractItemView::EnsureVisible);
+  selectByKey(keyCode, WFlags<KeyboardModifier>(static_cast<KeyboardModifier>(modifiers)));
+}
+
+/// What a key does to the selection once the keyboard stands where it leads. With several rows to be had, Control
+/// moves without selecting and Shift takes all rows from where the selection began.
+void TableElement::selectByKey(int keyCode, WFlags<KeyboardModifier> modifiers)
+{
+  const bool control = modifiers.testFlag(ControlModifier) || modifiers.testFlag(MetaModifier);
+  const bool shift = modifiers.testFlag(ShiftModifier);
+  const bool moves = keyCode != Key_Space && keyCode != Key_A;
+  const WModelIndex index = view_.model()->index(currentRow_, 0);
+  roams_ = control && !shift && view_.selectionMode() == ExtendedSelection;
+  if (view_.selectionMode() != ExtendedSelection) {
+    if (keyCode != Key_A)
+      view_.userSelects(index, moves ? WFlags<KeyboardModifier>(NoModifier) : modifiers);
+  } else if (keyCode == Key_A) {
+    if (control)
+      selectRange(0, rowCount() - 1);
+  } else if (shift) {
+    if (anchorRow_ < 0 || anchorRow_ >= rowCount())
+      anchorRow_ = currentRow_;
+    selectRange(std::min(anchorRow_, currentRow_), std::max(anchorRow_, currentRow_));
+  } else if (!control || !moves) {
+    anchorRow_ = currentRow_;
+    view_.userSelects(index, modifiers);
+  }
+}
+
+void TableElement::selectRange(int first, int last)
+{
+  const int columns = view_.selectionBehavior() == SelectItems ? view_.model()->columnCount() : 1;
+  WModelIndexSet range;
+  for (int row = first; row <= last; ++row)
+    for (int column = 0; column < columns; ++column)
+      range.insert(range.end(), view_.model()->index(row, column));
+  view_.setSelectedIndexes(range);
 }
 
 } // namespace Engine

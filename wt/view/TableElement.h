@@ -63,6 +63,8 @@ private:
   void renderCell(Dom::Element &cell, const WModelIndex &index, AlignmentFlag alignment);
   std::string rowClasses(int index) const;
   void userPressedKey(int keyCode, int modifiers);
+  void selectByKey(int keyCode, WFlags<KeyboardModifier> modifiers);
+  void selectRange(int first, int last);
   void userChecks(int row, int column, bool checked);
   WModelIndex indexAt(int row, int column) const;
   void mouse(const RawEvent &event);
@@ -79,6 +81,8 @@ private:
   int scrollTop_ = 0;
   int bodyHeight_ = 600; ///< pixels, until the browser tells
   int currentRow_ = -1;  ///< where the keyboard stands
+  bool roams_ = false;   ///< the keyboard was led away from the selection
+  int anchorRow_ = -1;   ///< where a range begins that Shift makes
   std::pair<int, int> pendingScroll_ = {-1, 0}; ///< row and hint, until the view is rendered
   std::shared_ptr<int> life_ = std::make_shared<int>(); ///< lets see whether a slot has deleted the view
 };

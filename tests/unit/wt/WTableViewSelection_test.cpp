@@ -190,6 +190,56 @@ TEST(WTableViewSelection, extendsByKeys)
   EXPECT_EQ("3 4 5", p.selected());
 }
 
+TEST(WTableViewSelection, keysMoveSelectOneByOneExtendAndSelectAll)
+{
+  TablePage p(30, ExtendedSelection);
+  const auto selected = [&p] {
+    std::string rows;
+    for (const WModelIndex &index : p.view->selectedIndexes())
+      rows += std::to_string(index.row()) + ' ';
+    return rows;
+  };
+  p.press(5);
+  p.key(Key_Down, ControlModifier);
+  p.key(Key_Down, ControlModifier);
+  EXPECT_EQ("5 ", selected()) << "Control moves only";
+  EXPECT_TRUE(p.row(7)->hasClass("Wt-current"));
+  EXPECT_FALSE(p.row(5)->hasClass("Wt-current"));
+  p.key(Key_Space, ControlModifier);
+  EXPECT_EQ("5 7 ", selected());
+  p.key(Key_Space, ControlModifier);
+  EXPECT_EQ("5 ", selected());
+  p.key(Key_Space);
+  EXPECT_EQ("7 ", selected());
+  p.key(Key_Up, ShiftModifier);
+  p.key(Key_Up, ShiftModifier);
+  EXPECT_EQ("5 6 7 ", selected());
+  p.key(Key_Down, ShiftModifier);
+  p.key(Key_Down, ShiftModifier);
+  p.key(Key_Down, ShiftModifier);
+  EXPECT_EQ("7 8 ", selected()) << "the range turns about where it began";
+  p.key(Key_Home, ShiftModifier);
+  EXPECT_EQ("0 1 2 3 4 5 6 7 ", selected());
+  p.key(Key_End);
+  EXPECT_EQ("29 ", selected());
+  p.key(Key_A);
+  EXPECT_EQ("29 ", selected()) << "a letter alone is no command";
+  p.key(Key_A, ControlModifier);
+  EXPECT_EQ(30u, p.view->selectedIndexes().size());
+}
+
+TEST(WTableViewSelection, ofASingleSelectionKeysSelectWhereTheyLead)
+{
+  TablePage p(5);
+  p.press(1);
+  p.key(Key_Down, ControlModifier);
+  EXPECT_TRUE(p.view->isSelected(p.model->index(2, 0)));
+  p.key(Key_A, ControlModifier);
+  EXPECT_EQ(1u, p.view->selectedIndexes().size());
+  p.key(Key_Space, ControlModifier);
+  EXPECT_TRUE(p.view->selectedIndexes().empty());
+}
+
 TEST(WTableViewSelection, followsRowsThatAreInsertedAndRemovedSilently)
 {
   TablePage p(10, ExtendedSelection);
