@@ -34,7 +34,7 @@ public:
     SysSettings, ///< all tabs of the system settings
     Events       ///< no tab has it
   };
-  static const int subsectionCount = Events + 1;
+  static constexpr int subsectionCount = Events + 1;
 
   ChangeTracker();
 
