@@ -11,7 +11,7 @@ class ChangeTracker
 {
 public:
   enum SectionId { SectionUsers, SectionDevices, SectionPeripherals, SectionSysSettings, SectionEvents };
-  static const int sectionCount = SectionEvents + 1;
+  static constexpr int sectionCount = SectionEvents + 1;
 
   enum SubsectionId {
     UsrAttribs,
