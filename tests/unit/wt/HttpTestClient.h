@@ -11,7 +11,7 @@
 #include <sys/time.h>
 #include <unistd.h>
 
-/// A browser's end of a connection to a port of this machine; reading gives up after ten seconds.
+/// A browser's end of a connection to a port of this machine; reading gives up after a minute.
 class HttpTestClient
 {
 public:
@@ -24,7 +24,7 @@ public:
       ::setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
     const int on = 1;
     ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-    const timeval limit = {10, 0};
+    const timeval limit = {60, 0};
     ::setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     sockaddr_in address = {};
     address.sin_family = AF_INET;
