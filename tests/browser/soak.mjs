@@ -28,10 +28,10 @@ if (!(minutes > 0) || !Number.isInteger(seed)) {
   console.error('usage: node soak.mjs [--minutes MINUTES] [--seed NUMBER] [--verbose]');
   process.exit(2);
 }
-// A small quarantine still catches what is used right after it was freed, and leaves the size to be read. Short traces
-// of allocations keep the sanitizer's own store of them small.
+// A small quarantine still catches what is used right after it was freed, and leaves the size to be read. A trace
+// of one call for each allocation keeps the sanitizer's own store of them from growing for long.
 process.env.NEVO_BUILD ??= fileURLToPath(new URL('../../build/asan', import.meta.url));
-process.env.ASAN_OPTIONS = 'quarantine_size_mb=4:thread_local_quarantine_size_kb=64:malloc_context_size=8:detect_leaks=1:'
+process.env.ASAN_OPTIONS = 'quarantine_size_mb=4:thread_local_quarantine_size_kb=64:malloc_context_size=1:detect_leaks=1:'
   + 'detect_stack_use_after_return=0:strict_string_checks=1:allocator_release_to_os_interval_ms=1000';
 process.env.UBSAN_OPTIONS = 'print_stacktrace=1:halt_on_error=1';
 const { fillLogin, loginForm, openBrowser, openPage, operator, tab } = await import('./person.mjs');
