@@ -19,7 +19,7 @@ char Main_docRoot[128];
 namespace
 {
 
-const int reaperMilliseconds = 10000;
+const int kReaperMilliseconds = 10000;
 
 void copyLimited(char *to, std::size_t size, const char *from)
 {
@@ -56,7 +56,7 @@ void serve(int argc, char *argv[])
   server.addEntryPoint(Wt::Application, createApplication, "", favicon);
   if (!server.start())
     return;
-  repeatedTimer(reaperMilliseconds, timerFunction, false);
+  repeatedTimer(kReaperMilliseconds, timerFunction, false);
   Wt::WServer::waitForShutdown(0);
   server.stop();
 }

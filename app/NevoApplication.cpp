@@ -33,12 +33,12 @@ namespace
 
 std::atomic<int> sAppInstanceCount(0);
 
-const unsigned int defaultInactivitySeconds = 600;
-const unsigned int leastInactivitySeconds = 60;
-const unsigned int nonsenseInactivitySeconds = 300; ///< stands in for a limit below the least
-const int connectionRetries = 5;
-const unsigned int retryMilliseconds = 1000;
-const int noticeWidth = 250; ///< pixels
+const unsigned int kDefaultInactivitySeconds = 600;
+const unsigned int kLeastInactivitySeconds = 60;
+const unsigned int kNonsenseInactivitySeconds = 300; ///< stands in for a limit below the least
+const int kConnectionRetries = 5;
+const unsigned int kRetryMilliseconds = 1000;
+const int kNoticeWidth = 250; ///< pixels
 
 void countOut()
 {
@@ -52,8 +52,8 @@ void showNotice(const Wt::WString &title, const Wt::WString &message)
   WMsgBox box(WMsgBox::MsgInfo);
   box.titleSet(title);
   box.msgSet(message);
-  box.setMaximumSize(Wt::WLength(noticeWidth), Wt::WLength::Auto);
-  box.execWithTimeout(retryMilliseconds);
+  box.setMaximumSize(Wt::WLength(kNoticeWidth), Wt::WLength::Auto);
+  box.execWithTimeout(kRetryMilliseconds);
 }
 
 } // namespace
@@ -62,7 +62,7 @@ NevoApplication::NevoApplication(const Wt::WEnvironment &env)
     : Wt::WApplication(env), mainTable(0), mainTabWidget(0), standardHeader(0), dashView(0), sesView(0),
       eventView(0), usrMenuItem(0), devMenuItem(0), periphMenuItem(0), sysSettingsMenuItem(0),
       eventMenuItem(0), loggedIn(false), loggedInUserIndex(0), showingSlaveUi(false), zelClient(0),
-      lastUserActivityTime(0), nevoInactivityTimeoutSec(defaultInactivitySeconds)
+      lastUserActivityTime(0), nevoInactivityTimeoutSec(kDefaultInactivitySeconds)
 {
   const int count = ++sAppInstanceCount;
   EventLog_write(4, 7, "NevoApplication", "In constructor. sAppInstanceCount = %d.", count);
@@ -129,7 +129,7 @@ void NevoApplication::initBrand()
 bool NevoApplication::connectWithRetries(ZelClient_s *&client)
 {
   bool good = Db_db.getZelClient(client) == 0;
-  for (int i = 0; i < connectionRetries && !good; ++i) {
+  for (int i = 0; i < kConnectionRetries && !good; ++i) {
     showNotice(text("Retrying"),
                text("Attempting to establish a connection with the internal database server. "
                     "Please wait."));
@@ -201,9 +201,9 @@ bool NevoApplication::inactiveForTooLong()
 {
   if (nevoInactivityTimeoutSec == 0)
     return false;
-  if (nevoInactivityTimeoutSec < leastInactivitySeconds) {
+  if (nevoInactivityTimeoutSec < kLeastInactivitySeconds) {
     EventLog_write(4, 7, "notify", "nevoInactivityTimeoutSec = %u.", nevoInactivityTimeoutSec);
-    nevoInactivityTimeoutSec = nonsenseInactivitySeconds;
+    nevoInactivityTimeoutSec = kNonsenseInactivitySeconds;
   }
   return lastUserActivityTime != 0 &&
          Clock_now() - lastUserActivityTime > static_cast<std::time_t>(nevoInactivityTimeoutSec);

@@ -87,14 +87,14 @@ private:
     std::function<void()> discardChanges; ///< may be empty
   };
 
-  // The session's first stage
+  /// The session's first stage
   void initStringTranslation();
   void initBrand();
   void initZel();
   bool connectWithRetries(ZelClient_s *&client);
   void showConnectionError();
 
-  // The front door
+  /// The front door
   void showBannerOrLogin();
   void showBanner(std::string &text);
   void showLogin();
@@ -106,7 +106,7 @@ private:
   void forgotPasswordClickedHandler();
   void showFrontDoorNotice(std::unique_ptr<WMsgBoxSimple> &place, WMsgBoxSimple *box);
 
-  // The page
+  /// The page
   void createUi();
   void chooseUi();
   void createMasterUi();
@@ -122,7 +122,7 @@ private:
   /// Null where the page has no such tab.
   Wt::WMenuItem *menuItemOf(ChangeTracker::SectionId id) const;
 
-  // The timers
+  /// The timers
   void startTimer(std::unique_ptr<Wt::WTimer> &timer, int milliseconds, void (NevoApplication::*handler)());
   void startInactivityTimer();
   void startRedirectCheckTimer();

@@ -24,12 +24,12 @@ namespace
 std::atomic<int> sLoginFailureCount(0);
 std::atomic<std::time_t> sLoginLockoutTimeSec(0);
 
-const int failuresBeforeLockout = 4;
-const unsigned long lockoutSeconds = 300;
+const int kFailuresBeforeLockout = 4;
+const unsigned long kLockoutSeconds = 300;
 
 bool lockedOut()
 {
-  return static_cast<unsigned long>(Clock_now() - sLoginLockoutTimeSec) < lockoutSeconds;
+  return static_cast<unsigned long>(Clock_now() - sLoginLockoutTimeSec) < kLockoutSeconds;
 }
 
 } // namespace
@@ -97,7 +97,7 @@ void NevoApplication::loginButtonClickedHandler()
   bool passwordIsInitialized = false;
   if (Security_loginNevoUser(username.c_str(), password.c_str(), loggedInUserIndex, passwordIsInitialized) !=
       0) {
-    if (++sLoginFailureCount > failuresBeforeLockout)
+    if (++sLoginFailureCount > kFailuresBeforeLockout)
       sLoginLockoutTimeSec = Clock_now();
     showLoginFailure();
     return;

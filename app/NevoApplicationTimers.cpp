@@ -9,10 +9,10 @@
 namespace
 {
 
-const int loginPageMilliseconds = 180000;
-const int redirectCheckMilliseconds = 2000;
-const int relaxedRedirectCheckMilliseconds = 5000;
-const int modeChangeCheckMilliseconds = 10000;
+const int kLoginPageMilliseconds = 180000;
+const int kRedirectCheckMilliseconds = 2000;
+const int kRelaxedRedirectCheckMilliseconds = 5000;
+const int kModeChangeCheckMilliseconds = 10000;
 
 } // namespace
 
@@ -29,7 +29,7 @@ void NevoApplication::startInactivityTimer()
 {
   inactivityTimer.reset(new Wt::WTimer());
   inactivityTimer->setSingleShot(true);
-  inactivityTimer->setInterval(loginPageMilliseconds);
+  inactivityTimer->setInterval(kLoginPageMilliseconds);
   inactivityTimer->timeout().connect(this, &NevoApplication::restartWebApp);
   inactivityTimer->start();
 }
@@ -39,13 +39,13 @@ void NevoApplication::startRedirectCheckTimer()
   // An earlier timer goes on: two of them only make the same check twice.
   if (redirectCheckTimer)
     replacedRedirectTimers.push_back(std::move(redirectCheckTimer));
-  startTimer(redirectCheckTimer, redirectCheckMilliseconds, &NevoApplication::redirectToHttps);
+  startTimer(redirectCheckTimer, kRedirectCheckMilliseconds, &NevoApplication::redirectToHttps);
 }
 
 void NevoApplication::relaxRedirectCheckTimer()
 {
   stopRedirectCheckTimer();
-  startTimer(redirectCheckTimer, relaxedRedirectCheckMilliseconds, &NevoApplication::redirectToHttps);
+  startTimer(redirectCheckTimer, kRelaxedRedirectCheckMilliseconds, &NevoApplication::redirectToHttps);
 }
 
 void NevoApplication::stopRedirectCheckTimer()
@@ -55,7 +55,7 @@ void NevoApplication::stopRedirectCheckTimer()
 
 void NevoApplication::startModeChangeCheckTimer()
 {
-  startTimer(modeChangeCheckTimer, modeChangeCheckMilliseconds,
+  startTimer(modeChangeCheckTimer, kModeChangeCheckMilliseconds,
              &NevoApplication::modeChangeCheckTimeoutHandler);
 }
 

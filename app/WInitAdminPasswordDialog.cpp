@@ -17,16 +17,16 @@
 namespace
 {
 
-const int passwordLimit = 20;
-const int fieldCharacters = 50;
-const int widthLimit = 500; ///< pixels
+const int kPasswordLimit = 20;
+const int kFieldCharacters = 50;
+const int kWidthLimit = 500; ///< pixels
 
 } // namespace
 
 WInitAdminPasswordDialog::WInitAdminPasswordDialog(const std::string &username)
     : Wt::WDialog(text("Set Password")), name(username)
 {
-  setMaximumSize(Wt::WLength(widthLimit), Wt::WLength::Auto);
+  setMaximumSize(Wt::WLength(kWidthLimit), Wt::WLength::Auto);
   addStyleClass("nevo-set-password-dialog");
   Wt::WHBoxLayout *layout = new Wt::WHBoxLayout();
   contents()->setLayout(layout);
@@ -54,8 +54,8 @@ WLineEditPlus *WInitAdminPasswordDialog::addField(Wt::WTable &form, int row, con
   WLineEditPlus *edit = new WLineEditPlus(form.elementAt(row, 1));
   edit->setEchoMode(Wt::WLineEdit::Password);
   edit->setAutoComplete(false);
-  edit->setMaxLength(passwordLimit);
-  edit->setTextSize(fieldCharacters);
+  edit->setMaxLength(kPasswordLimit);
+  edit->setTextSize(kFieldCharacters);
   edit->setStyleClass("nevo-attribute-table-read-write-line-edit");
   edit->setValidator(new Wt::WRegExpValidator("^([!-~]*)$"));
   edit->setAttributeValue("aria-label", label);

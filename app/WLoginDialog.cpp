@@ -18,8 +18,8 @@
 namespace
 {
 
-const int fieldCharacters = 30;
-const int fieldLimit = 60;
+const int kFieldCharacters = 30;
+const int kFieldLimit = 60;
 
 } // namespace
 
@@ -72,8 +72,8 @@ Wt::WLineEdit *WLoginDialog::addField(Wt::WTable &form, int row, const Wt::WStri
   Wt::WText *labelText = new Wt::WText(label, form.elementAt(row, 0));
   labelText->setStyleClass("nevo-label");
   Wt::WLineEdit *edit = new Wt::WLineEdit(form.elementAt(row, 1));
-  edit->setTextSize(fieldCharacters);
-  edit->setMaxLength(fieldLimit);
+  edit->setTextSize(kFieldCharacters);
+  edit->setMaxLength(kFieldLimit);
   edit->setAutoComplete(false);
   edit->setStyleClass("nevo-login-line-edit");
   edit->setAttributeValue("aria-label", label);

@@ -17,15 +17,15 @@
 namespace
 {
 
-const unsigned int thisSwitch = 1;
-const int allFreeRoom = 2000; ///< pixels, more than a page is wide
+const unsigned int kThisSwitch = 1;
+const int kAllFreeRoom = 2000; ///< pixels, more than a page is wide
 
 std::string whoAndWhere(const std::string &userName)
 {
   std::string line = text("Corvane KVM, user:").toUTF8() + " " + userName;
   std::vector<std::string> errors;
   std::string switchName;
-  Db_db.readString("swx", thisSwitch, "name", switchName, errors);
+  Db_db.readString("swx", kThisSwitch, "name", switchName, errors);
   if (!switchName.empty())
     line += ", " + text("logged in to").toUTF8() + " " + switchName;
   return line;
@@ -56,7 +56,7 @@ WStandardHeader::WStandardHeader(std::string userName, Wt::WContainerWidget *par
 
   Wt::WTableCell *textCell = table->elementAt(0, 2);
   textCell->setStyleClass("nevo-header-text-middle");
-  textCell->setWidth(Wt::WLength(allFreeRoom));
+  textCell->setWidth(Wt::WLength(kAllFreeRoom));
   new Wt::WText(Wt::WString::fromUTF8(whoAndWhere(userName)), Wt::PlainText, textCell);
 
   Wt::WTableCell *right = table->elementAt(0, 3);

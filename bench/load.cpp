@@ -52,19 +52,19 @@ using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 using boost::system::error_code;
 
-constexpr int listRows = 50;
-constexpr std::chrono::seconds blockedFor{5};
-constexpr int waitingPages = 100;
-constexpr std::size_t storePages = 20; // as many as wait for the store at once
-constexpr std::chrono::seconds patience{30};
-constexpr double latencyLimit = 200;
-constexpr double delayLimit = 50;
+constexpr int kListRows = 50;
+constexpr std::chrono::seconds kBlockedFor{5};
+constexpr int kWaitingPages = 100;
+constexpr std::size_t kStorePages = 20; // as many as wait for the store at once
+constexpr std::chrono::seconds kPatience{30};
+constexpr double kLatencyLimit = 200;
+constexpr double kDelayLimit = 50;
 
 // --- The server
 // --------------------------------------------------------------------------------------------------
 
-/// A page with a list, a count that clicks change, a dialog that its handler waits for, a handler that blocks,
-/// and one that asks the store.
+/// A page with a list, a count that clicks change, a dialog that its handler waits for, a handler that
+/// blocks, and one that asks the store.
 class LoadPage : public Wt::WApplication
 {
 public:
@@ -75,8 +75,8 @@ public:
     addButton("Block", &LoadPage::block);
     addButton("Read", &LoadPage::read);
     shown_ = new Wt::WText("Count 0", root());
-    auto *model = new Wt::WStandardItemModel(listRows, 4, this);
-    for (int row = 0; row < listRows; ++row)
+    auto *model = new Wt::WStandardItemModel(kListRows, 4, this);
+    for (int row = 0; row < kListRows; ++row)
       for (int column = 0; column < 4; ++column)
         model->setData(row, column, std::to_string(row) + '.' + std::to_string(column));
     auto *list = new Wt::WTableView(root());
@@ -102,7 +102,7 @@ private:
 
   void block()
   {
-    std::this_thread::sleep_for(blockedFor);
+    std::this_thread::sleep_for(kBlockedFor);
     shown_->setText("Unblocked");
   }
 
@@ -394,7 +394,7 @@ public:
       blocked_ = measureBlocked(0, 1, "Block", "Unblocked");
       store_.control({"silent", "on"});
       storeBlocked_ = measureBlocked(0, 1, "Read", "No answer");
-      manyBlocked_ = measureBlocked(1, std::min(storePages + 1, pages_.size() - 1), "Read", "No answer");
+      manyBlocked_ = measureBlocked(1, std::min(kStorePages + 1, pages_.size() - 1), "Read", "No answer");
       store_.control({"silent", "off"});
       measureWaiting();
     }
@@ -404,7 +404,7 @@ public:
   }
 
 private:
-  std::size_t waiting() const { return std::min<std::size_t>(waitingPages, pages_.size()); }
+  std::size_t waiting() const { return std::min<std::size_t>(kWaitingPages, pages_.size()); }
 
   /// Lets the first pages do something and waits until no page waits for its effect.
   void all(std::size_t count, const std::function<void(Page &)> &something)
@@ -417,7 +417,7 @@ private:
   /// Waits until no page from `first` on waits for its effect.
   void settle(std::size_t first)
   {
-    const auto until = Clock::now() + patience;
+    const auto until = Clock::now() + kPatience;
     const auto open = [](const auto &page) { return page->waits() && page->error().empty(); };
     const auto from = pages_.begin() + static_cast<std::ptrdiff_t>(first);
     while (Clock::now() < until && std::any_of(from, pages_.end(), open))
@@ -450,7 +450,7 @@ private:
     std::size_t over = 0;
     for (std::size_t i = begin; i < end; ++i)
       pages_[i]->click(button, effect, [&over](double) { ++over; });
-    result.clicks = act(blockedFor - std::chrono::seconds(1), end);
+    result.clicks = act(kBlockedFor - std::chrono::seconds(1), end);
     result.blockedAll = over == 0;
     result.threads = server_.threads();
     settle(0);
@@ -502,7 +502,7 @@ private:
     print("many_store_blocked", manyBlocked_, calmMedian);
     std::printf(" \"limits\": {\"latency_p99_ms\": %.0f, \"one_blocked_delay_ms\": %.0f,"
                 " \"store_blocked_delay_ms\": %.0f, \"many_store_blocked_delay_ms\": %.0f}}\n",
-                latencyLimit, delayLimit, delayLimit, delayLimit);
+                kLatencyLimit, kDelayLimit, kDelayLimit, kDelayLimit);
   }
 
   static void print(const char *name, const Blocked &blocked, double calmMedian)
@@ -541,7 +541,7 @@ int main(int argc, char **argv)
     return serve(argv[0], argv[2]);
   const int pages = argc > 1 ? std::atoi(argv[1]) : 300;
   const TestStore store;
-  const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(blockedFor).count();
+  const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(kBlockedFor).count();
   ::setenv("NEVO_STORE_TIMEOUT_MS", std::to_string(limit).c_str(), 1);
   const ServerProcess server;
   if (pages < 3 || server.port() == 0) {

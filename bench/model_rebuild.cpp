@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
-// A record list is refreshed every few seconds: the model is emptied, gets its rows again and is filled cell by
-// cell, while a sorting proxy follows. Prints the CPU time of such rebuilds and the memory of the model as JSON.
+// A record list is refreshed every few seconds: the model is emptied, gets its rows again and is filled cell
+// by cell, while a sorting proxy follows. Prints the CPU time of such rebuilds and the memory of the model as
+// JSON.
 //
 // usage: model_rebuild [rows] [columns] [rebuilds]
 
+#include <Wt/WSortFilterProxyModel>
+#include <Wt/WStandardItemModel>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <functional>
+#include <malloc.h>
 #include <string>
 #include <vector>
 
-#include <malloc.h>
-
-#include <Wt/WSortFilterProxyModel>
-#include <Wt/WStandardItemModel>
-
-namespace {
+namespace
+{
 
 double cpuSeconds()
 {

@@ -28,7 +28,7 @@ struct ClientCloser {
 };
 using Client = std::unique_ptr<ZelClient_s, ClientCloser>;
 
-constexpr const char *sixParameters =
+constexpr const char *kSixParameters =
     "[\"index\",\"eid\",\"name\",\"status\",\"firmwareVersion\",\"detailedDeviceType\"]";
 
 double micros(Time since)
@@ -73,7 +73,7 @@ bool writeOne(ZelClient_s *client, unsigned index, unsigned number)
 
 int readList(ZelClient_s *client)
 {
-  json_t *response = ZelReq_rxRetrieve(client, sixParameters);
+  json_t *response = ZelReq_rxRetrieve(client, kSixParameters);
   int rows = ZelRspUtil_numEntries(response);
   ZelRspUtil_free(response);
   return rows;

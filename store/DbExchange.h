@@ -8,16 +8,16 @@
 #include <string>
 #include <vector>
 
-// The part that all talks with the store have in common. `function` is the name of the caller for the log.
+/// The part that all talks with the store have in common. `function` is the name of the caller for the log.
 
-// No request object could be made: logs `message` and returns 1.
+/// No request object could be made: logs `message` and returns 1.
 unsigned int DbExchange_noRequest(const char *function,
                                   const char *message = "Cannot create ZEL request object.");
 
-// Sends a request. Returns 0 with the response, or 1: no response, which logs `noResponseMessage` unless it
-// is null; or a response with errors, which are logged and appended to `errors`.
+/// Sends a request. Returns 0 with the response, or 1: no response, which logs `noResponseMessage` unless it
+/// is null; or a response with errors, which are logged and appended to `errors`.
 unsigned int DbExchange_send(const char *function, ZelClient_s *client, const ZelRequest &request,
                              const char *noResponseMessage, ZelResponse &response,
                              std::vector<std::string> &errors);
 
-#endif
+#endif // STORE_DB_EXCHANGE_H_

@@ -17,9 +17,9 @@ constexpr off_t kMaxPngFileSize = 0xA00000;
 constexpr int kFileTooLarge = 8;
 
 // The signature, the length and name of the "IHDR" chunk, the width and the height.
-constexpr unsigned char k24x24PngStart[] = {0x89, 0x50, 0x4E, 0x47, 0x0D, 0x0A, 0x1A, 0x0A,
-                                            0x00, 0x00, 0x00, 0x0D, 0x49, 0x48, 0x44, 0x52,
-                                            0x00, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x18};
+constexpr unsigned char kK24x24PngStart[] = {0x89, 0x50, 0x4E, 0x47, 0x0D, 0x0A, 0x1A, 0x0A,
+                                             0x00, 0x00, 0x00, 0x0D, 0x49, 0x48, 0x44, 0x52,
+                                             0x00, 0x00, 0x00, 0x18, 0x00, 0x00, 0x00, 0x18};
 
 bool isDigit(char c)
 {
@@ -70,10 +70,10 @@ int NevoUtil_validate24x24PngFile(const char *path)
   const std::unique_ptr<FILE, int (*)(FILE *)> file(std::fopen(path, "rb"), std::fclose);
   if (!file)
     return 1;
-  unsigned char start[sizeof k24x24PngStart];
+  unsigned char start[sizeof kK24x24PngStart];
   if (std::fread(start, 1, sizeof start, file.get()) != sizeof start)
     return 1;
-  return std::memcmp(start, k24x24PngStart, sizeof start) == 0 ? 0 : 1;
+  return std::memcmp(start, kK24x24PngStart, sizeof start) == 0 ? 0 : 1;
 }
 
 void NevoUtil_concatErrMsgs(Wt::WString &text, const std::vector<std::string> &errors)

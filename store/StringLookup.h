@@ -2,7 +2,7 @@
 #ifndef STORE_STRING_LOOKUP_H_
 #define STORE_STRING_LOOKUP_H_
 
-// A constant table of pairs of texts, searched in both directions.
+/// A constant table of pairs of texts, searched in both directions.
 class StringLookup
 {
 public:
@@ -11,11 +11,11 @@ public:
     const char *value;
   };
 
-  // Keeps the pointer: the pairs must outlive the object. A count of 0 or below is an empty table.
+  /// Keeps the pointer: the pairs must outlive the object. A count of 0 or below is an empty table.
   StringLookup(const StringLookup::Pair *pairs, int count);
   virtual ~StringLookup();
 
-  // The other half of the first pair that matches exactly; null if none does.
+  /// The other half of the first pair that matches exactly; null if none does.
   virtual const char *keyToValue(const char *key);
   virtual const char *valueToKey(const char *value);
 
@@ -24,4 +24,4 @@ private:
   int count_;
 };
 
-#endif
+#endif // STORE_STRING_LOOKUP_H_

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-// Owners of the store client library's values: whoever made a request frees it, whoever got a response
-// frees it.
+/// Owners of the store client library's values: whoever made a request frees it, whoever got a response
+/// frees it.
 struct ZelRequestDeleter {
   void operator()(json_t *request) const { ZelReqUtil_free(request); }
 };
@@ -24,4 +24,4 @@ using ZelRequest = std::unique_ptr<json_t, ZelRequestDeleter>;
 using ZelResponse = std::unique_ptr<json_t, ZelResponseDeleter>;
 using ZelObject = std::unique_ptr<json_t, ZelObjectDeleter>;
 
-#endif
+#endif // STORE_ZEL_VALUE_H_

@@ -39,7 +39,7 @@ look '\beval *\(|new Function|\.(innerHTML|outerHTML)|insertAdjacentHTML|documen
   'wt/browser/*.js' | rule "the page's script makes no code and no markup out of text"
 
 look '\bstd::sto(i|l|ul|ll|ull|f|d)\b|[^_[:alnum:]](atoi|atol|strcpy|strcat|sprintf|vsprintf|gets|tmpnam|mktemp|popen|system) *\(' \
-  'app/*.cpp' 'views/*.cpp' 'widgets/*.cpp' 'store/*.cpp' 'platform/*.cpp' 'wt/*.cpp' 'zel/*.cpp' |
+  'app/*.cpp' 'views/*.cpp' 'widgets/*.cpp' 'session/*.cpp' 'edid/*.cpp' 'store/*.cpp' 'platform/*.cpp' 'wt/*.cpp' 'zel/*.cpp' |
   grep -v -E ':[[:blank:]]*//' | rule "no call that throws on, overruns at or executes what comes from outside"
 
 look '^[[:blank:]]*using namespace (std|Wt|boost)\b' "${cpp[@]}" | grep -v '^tests/\|^wt/' | rule "names are written with where they come from"
@@ -47,7 +47,7 @@ look '^[[:blank:]]*using namespace (std|Wt|boost)\b' "${cpp[@]}" | grep -v '^tes
 look 'GTEST_SKIP|DISABLED_|\.(skip|only|todo)\(|\b(skip|only|todo): *true' 'tests/*.cpp' 'tests/*.h' 'tests/*.mjs' |
   grep -v '^tests/lint' | rule "no test is switched off"
 
-look '#include [<"](Wt/[A-Z][A-Za-z]*\.h|dom/|session/|http/|browser/|base/)' 'app/*' 'views/*' 'widgets/*' 'store/*' |
+look '#include [<"](Wt/[A-Z][A-Za-z]*\.h|dom/|session/|http/|browser/|base/)' 'app/*' 'views/*' 'widgets/*' 'session/*' 'store/*' |
   rule "the system includes the public headers of the toolkit only, without .h"
 
 look '"resolved"' 'tests/browser/package-lock.json' | rule "the lock file names no registry"
@@ -56,12 +56,13 @@ look '"resolved"' 'tests/browser/package-lock.json' | rule "the lock file names 
 
 # What a folder may include from beside itself.
 declare -A below=(
-  [app]="views widgets store wt platform" [views]="widgets app/session store wt platform"
-  [widgets]="app/session store wt platform" [store]="wt views/peripherals/edid platform" [platform]="" [wt]=""
-  [zel]="store/client" [bench]="*" [tests]="*"
+  [app]="views widgets session store zel/api wt platform"
+  [views]="widgets session store zel/api wt platform" [widgets]="session store zel/api wt platform" [session]="store wt"
+  [store]="edid zel/api wt platform" [edid]="platform" [platform]="" [wt]=""
+  [zel]="" [bench]="*" [tests]="*"
 )
 sources '*.h' | awk -F/ '{ print $NF, $0 }' | sort >"${TMPDIR:-/tmp}/nevo-headers.$$"
-look '^#include "' 'app/*' 'views/*' 'widgets/*' 'store/*' 'platform/*' 'wt/*' 'zel/*' |
+look '^#include "' 'app/*' 'views/*' 'widgets/*' 'session/*' 'store/*' 'edid/*' 'platform/*' 'wt/*' 'zel/*' |
   sed -n 's/^\([^:]*\):[0-9]*:#include "\([^"]*\)".*/\1 \2/p' |
   while read -r file header; do
     folder=${file%%/*}
@@ -70,7 +71,7 @@ look '^#include "' 'app/*' 'views/*' 'widgets/*' 'store/*' 'platform/*' 'wt/*' '
       [[ $path == *"/$header" || $path == "$header" ]] || continue
       known=yes
       [[ ${path%%/*} == "$folder" ]] && ok=yes
-      for lower in ${below[$folder]}; do [[ $path == "$lower"/* ]] && ok=yes; done
+      for lower in ${below[$folder]}; do [[ $path == "$lower" || $path == "$lower"/* ]] && ok=yes; done
     done < <(grep "^${header##*/} " "${TMPDIR:-/tmp}/nevo-headers.$$")
     [[ $known == yes && $ok == no ]] && echo "$file includes $header"
   done | rule "a folder includes only what lies below it"
@@ -78,12 +79,9 @@ rm -f "${TMPDIR:-/tmp}/nevo-headers.$$"
 
 # ---- Format --------------------------------------------------------------------------------------------------
 
-# LINT_FORMAT=1 asks for it.
-if [[ ${LINT_FORMAT-} == 1 ]]; then
-  sources "${cpp[@]}" | xargs -r -d '\n' -n40 clang-format --dry-run --ferror-limit=1 2>&1 |
+sources "${cpp[@]}" | xargs -r -d '\n' -P2 -n40 clang-format --dry-run --ferror-limit=1 2>&1 |
     grep -oE '^[^ :]+\.(cpp|h):[0-9]+' | cut -d: -f1 | sort -u |
     rule "the sources are formatted (clang-format -i)"
-fi
 
 printf '%d passed, %d failed\n' "$passed" "$failed"
 ((failed == 0))

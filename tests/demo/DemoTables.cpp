@@ -50,9 +50,9 @@
 namespace
 {
 
-const int pixelsOfFields = 250;
+const int kPixelsOfFields = 250;
 
-constexpr WComboBoxPlus::Triplet usbLogLevels[] = {
+constexpr WComboBoxPlus::Triplet kUsbLogLevels[] = {
     {"none", "[RSnnn]None", 0}, {"info", "[RSnnn]Information", 1}, {"debug", "[RSnnn]Events", 2}};
 
 // A table whose rows are added from outside.
@@ -61,7 +61,7 @@ class DemoTable : public WSettingsTable
 public:
   DemoTable(const char *resource, int options) : WSettingsTable(resource, options, {"Widget", "Value"})
   {
-    setFieldWidth(pixelsOfFields);
+    setFieldWidth(kPixelsOfFields);
   }
   using WSettingsTable::addField;
   using WSettingsTable::addReadOnlyField;
@@ -90,7 +90,7 @@ DemoTable *receivers(int options)
   table->edited<WLineEditUInt32Zel>("WLineEditUInt32Zel sessionInactivityTimeout",
                                     "sessionInactivityTimeout");
   table->edited<WCheckBoxZel>("WCheckBoxZel audioControl", "audioControl");
-  table->addField("WComboBoxZel usbLogLevel", new WComboBoxZel("rx", "usbLogLevel", true, usbLogLevels, 3),
+  table->addField("WComboBoxZel usbLogLevel", new WComboBoxZel("rx", "usbLogLevel", true, kUsbLogLevels, 3),
                   Wt::WString(), "usbLogLevel");
   table->shown<WTextZel>("WTextZel eid", "eid");
   table->shown<WUInt32Zel>("WUInt32Zel sharingInactivityTimeout", "sharingInactivityTimeout");

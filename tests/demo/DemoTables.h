@@ -26,4 +26,4 @@ WSettingsTable *DemoTables_systemAddresses();
 // Those that no parameter is bound to: they are there, and save nothing.
 WSettingsTable *DemoTables_unbound();
 
-#endif
+#endif // TESTS_DEMO_TABLES_H_

@@ -20,8 +20,8 @@
 namespace
 {
 
-const unsigned int recordCount = 3;
-const int refreshMilliseconds = 1000;
+const unsigned int kRecordCount = 3;
+const int kRefreshMilliseconds = 1000;
 
 // The transmitters of the store.
 std::vector<TargetItem> targets()
@@ -64,7 +64,7 @@ KitDemo::KitDemo(const Wt::WEnvironment &environment)
   addSection("Addresses of the system", {DemoTables_systemAddresses(), DemoTables_unbound()});
   new Wt::WText("End of the kit", page);
   selectionChangedHandler();
-  refreshTimer->setInterval(refreshMilliseconds);
+  refreshTimer->setInterval(kRefreshMilliseconds);
   refreshTimer->timeout().connect(this, &KitDemo::refreshTimerTimeout);
   refreshTimer->start();
 }
@@ -77,7 +77,7 @@ KitDemo::~KitDemo()
 
 void KitDemo::addRecordChoice()
 {
-  for (unsigned int index = 1; index <= recordCount; ++index) {
+  for (unsigned int index = 1; index <= kRecordCount; ++index) {
     Wt::WCheckBox *box = new Wt::WCheckBox("Record " + std::to_string(index), page);
     box->setChecked(index == 1);
     box->changed().connect(this, &KitDemo::selectionChangedHandler);

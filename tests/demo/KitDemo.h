@@ -42,4 +42,4 @@ private:
   std::unique_ptr<Wt::WTimer> refreshTimer;
 };
 
-#endif
+#endif // TESTS_KIT_DEMO_H_

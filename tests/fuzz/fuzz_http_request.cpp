@@ -17,7 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   parser.setBodySink([&body](std::string_view some) { body += some.size(); });
   std::size_t used = 0;
   for (const std::size_t end : {cut, bytes.size()})
-    for (std::size_t taken = 1; used < end && taken > 0 && parser.state() <= Wt::Net::RequestParser::State::Body;) {
+    for (std::size_t taken = 1;
+         used < end && taken > 0 && parser.state() <= Wt::Net::RequestParser::State::Body;) {
       taken = parser.parse(bytes.substr(used, end - used));
       used += taken;
     }

@@ -12,7 +12,10 @@ class Listener : public Wt::Net::WebSocketCodec::Handler
 {
 public:
   void textMessage(std::string message) override { bytes += message.size(); }
-  void ping(std::string_view payload) override { bytes += Wt::Net::WebSocketCodec::pongFrame(payload).size(); }
+  void ping(std::string_view payload) override
+  {
+    bytes += Wt::Net::WebSocketCodec::pongFrame(payload).size();
+  }
   void pong() override {}
   void close(int) override {}
   std::size_t bytes = 0;

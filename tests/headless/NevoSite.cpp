@@ -19,13 +19,13 @@ constexpr std::time_t kDay = 24 * 60 * 60;
 
 std::time_t sBegin = 0; // the site's time when its timers' clock stood at sOrigin
 Wt::Engine::Scheduler::TimePoint sOrigin;
-const Wt::Testing::ManualScheduler *sScheduler = nullptr;
+const Wt::Testing::ManualScheduler *kSScheduler = nullptr;
 
 std::time_t siteTime()
 {
-  if (!sScheduler)
+  if (!kSScheduler)
     return sBegin;
-  return sBegin + std::chrono::duration_cast<std::chrono::seconds>(sScheduler->now() - sOrigin).count();
+  return sBegin + std::chrono::duration_cast<std::chrono::seconds>(kSScheduler->now() - sOrigin).count();
 }
 
 // What a started server would have: a document root, attributes, and no store unless the test brings one.
@@ -40,7 +40,7 @@ public:
   }
 };
 
-const testing::Environment *const sSurroundings = testing::AddGlobalTestEnvironment(new Surroundings);
+const testing::Environment *const kSSurroundings = testing::AddGlobalTestEnvironment(new Surroundings);
 
 void collect(const Node &from, const std::string &tag, std::vector<const Node *> &found)
 {
@@ -180,7 +180,7 @@ NevoSite::NevoSite()
   const std::time_t today = std::time(nullptr);
   sBegin = std::max(today, sBegin + kDay);
   sOrigin = scheduler.now();
-  sScheduler = &scheduler;
+  kSScheduler = &scheduler;
   Clock_setSource(siteTime);
 }
 
@@ -190,7 +190,7 @@ NevoSite::~NevoSite()
   manager->killAll();
   scheduler.run();
   sBegin = siteTime();
-  sScheduler = nullptr;
+  kSScheduler = nullptr;
   Clock_setSource(nullptr);
 }
 

@@ -69,4 +69,4 @@ private:
   NevoApplication *application_ = nullptr;
 };
 
-#endif
+#endif // TESTS_NEVO_SITE_H_

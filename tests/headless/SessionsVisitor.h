@@ -117,4 +117,4 @@ private:
   }
 };
 
-#endif
+#endif // TESTS_SESSIONS_VISITOR_H_

@@ -37,4 +37,4 @@ private:
   std::map<std::string, std::string> globals_; // JSON values by parameter
 };
 
-#endif
+#endif // TESTS_SWITCH_SCRIPT_H_

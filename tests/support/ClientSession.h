@@ -40,4 +40,4 @@ private:
   ZelClient_s *client_ = nullptr;
 };
 
-#endif
+#endif // TESTS_CLIENT_SESSION_H_

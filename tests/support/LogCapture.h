@@ -33,4 +33,4 @@ private:
   std::string text_;
 };
 
-#endif
+#endif // TESTS_LOG_CAPTURE_H_

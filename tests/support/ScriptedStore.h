@@ -69,4 +69,4 @@ private:
   std::vector<std::string> requests_;
 };
 
-#endif
+#endif // TESTS_SCRIPTED_STORE_H_

@@ -68,4 +68,4 @@ private:
   pid_t pid_ = -1;
 };
 
-#endif
+#endif // TESTS_SUPPORT_TEST_STORE_H_

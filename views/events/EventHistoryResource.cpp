@@ -17,7 +17,7 @@
 namespace
 {
 
-const std::size_t messageBytes = 400;
+const std::size_t kMessageBytes = 400;
 
 /// Takes off an UTF-8 sequence that was cut in its middle.
 void dropCutCharacter(std::string &text)
@@ -35,10 +35,10 @@ void dropCutCharacter(std::string &text)
 
 std::string messageField(const std::string &message)
 {
-  char buffer[messageBytes + 1];
+  char buffer[kMessageBytes + 1];
   std::snprintf(buffer, sizeof buffer, "%s", message.c_str());
   std::string field = buffer;
-  if (message.size() > messageBytes)
+  if (message.size() > kMessageBytes)
     dropCutCharacter(field);
   std::replace(field.begin(), field.end(), '"', '\'');
   return field;

@@ -23,14 +23,14 @@ namespace
 {
 
 // Pixels
-const int listHeight = 175;
-const int smallestList = 115;
-const int detailsHeight = 200;
+const int kListHeight = 175;
+const int kSmallestList = 115;
+const int kDetailsHeight = 200;
 
 void setUpList(WEventViewList &list)
 {
-  list.resize(Wt::WLength::Auto, Wt::WLength(listHeight));
-  list.setMinimumSize(Wt::WLength(0), Wt::WLength(smallestList));
+  list.resize(Wt::WLength::Auto, Wt::WLength(kListHeight));
+  list.setMinimumSize(Wt::WLength(0), Wt::WLength(kSmallestList));
 }
 
 } // namespace
@@ -38,7 +38,7 @@ void setUpList(WEventViewList &list)
 WEventView::WEventView(Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), unAckedEventList(new WEventViewUnAckedList()),
       histEventList(new WEventViewHistList()),
-      details(new WEventViewDetails(text("Event Details"), detailsHeight)), ackCell(0), ackAllCell(0),
+      details(new WEventViewDetails(text("Event Details"), kDetailsHeight)), ackCell(0), ackAllCell(0),
       historyResource(new EventHistoryResource(this)), refreshTimer(this, &WEventView::refreshTimerTimeout)
 {
   setUpList(*unAckedEventList);

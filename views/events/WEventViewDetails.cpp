@@ -11,7 +11,7 @@
 namespace
 {
 
-const int tableSpacing = 10; ///< pixels
+const int kTableSpacing = 10; ///< pixels
 
 } // namespace
 
@@ -19,7 +19,7 @@ WEventViewDetails::WEventViewDetails(const Wt::WString &title, int height, Wt::W
     : WCollapsingContextPanel(title, HeightFixed, height, parent), msgDetails(new WEventViewMsgDetails())
 {
   Wt::WVBoxLayout *layout = new Wt::WVBoxLayout();
-  layout->setSpacing(tableSpacing);
+  layout->setSpacing(kTableSpacing);
   layout->addWidget(msgDetails);
   Wt::WContainerWidget *page = new Wt::WContainerWidget();
   page->setLayout(layout, Wt::AlignLeft | Wt::AlignTop);

@@ -10,8 +10,8 @@ namespace
 {
 
 // Pixels
-const int marginAround = 8;
-const int labelWidth = 100;
+const int kMarginAround = 8;
+const int kLabelWidth = 100;
 
 } // namespace
 
@@ -19,8 +19,8 @@ WEventViewMsgDetails::WEventViewMsgDetails(Wt::WContainerWidget *parent)
     : WAttributeTable(text("Field"), text("Value"),
                       {text("Type"), text("Date and Time"), text("Originator EID"), text("Message")}, parent)
 {
-  setMargin(Wt::WLength(marginAround));
-  columnAt(0)->setWidth(Wt::WLength(labelWidth));
+  setMargin(Wt::WLength(kMarginAround));
+  columnAt(0)->setWidth(Wt::WLength(kLabelWidth));
   elementAt(0, 0)->setContentAlignment(Wt::AlignRight);
   elementAt(0, 1)->setContentAlignment(Wt::AlignLeft);
 }

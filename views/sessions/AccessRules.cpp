@@ -4,26 +4,26 @@
 namespace
 {
 
-const char shareOnly[] = "share_mode";
-const char privateOnly[] = "private_mode";
-const char shareOrPrivate[] = "share_or_private_mode";
+const char kShareOnly[] = "share_mode";
+const char kPrivateOnly[] = "private_mode";
+const char kShareOrPrivate[] = "share_or_private_mode";
 
 } // namespace
 
 bool AccessRules_isMode(const std::string &allowed)
 {
-  return allowed == privateOnly || allowed == shareOnly || allowed == shareOrPrivate;
+  return allowed == kPrivateOnly || allowed == kShareOnly || allowed == kShareOrPrivate;
 }
 
 bool AccessRules_admits(Info_AccessMode session, const std::string &allowed)
 {
-  return !(session == Info_AccessMode_Private && allowed == shareOnly) &&
-         !(session == Info_AccessMode_Share && allowed == privateOnly);
+  return !(session == Info_AccessMode_Private && allowed == kShareOnly) &&
+         !(session == Info_AccessMode_Share && allowed == kPrivateOnly);
 }
 
 bool AccessRules_clash(const std::string &user, const std::string &device)
 {
-  return (user == privateOnly && device == shareOnly) || (user == shareOnly && device == privateOnly);
+  return (user == kPrivateOnly && device == kShareOnly) || (user == kShareOnly && device == kPrivateOnly);
 }
 
 bool AccessRules_inService(Info_DeviceStatus status, Info_DeviceUsage usage,

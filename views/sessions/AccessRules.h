@@ -6,8 +6,8 @@
 
 #include <string>
 
-// What decides whether a device is offered for a new session. Modes that users and devices allow are the
-// store's words.
+/// What decides whether a device is offered for a new session. Modes that users and devices allow are the
+/// store's words.
 
 /// Whether this is one of the words for a mode.
 bool AccessRules_isMode(const std::string &allowed);

@@ -10,12 +10,12 @@
 namespace
 {
 
-const int panelHeight = 260; ///< pixels
+const int kPanelHeight = 260; ///< pixels
 
 } // namespace
 
 WDashViewEventList::WDashViewEventList(Wt::WContainerWidget *parent)
-    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, panelHeight, AlertRows::ColumnCount,
+    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, kPanelHeight, AlertRows::ColumnCount,
                                      parent)
 {
   setColumns(AlertRows::headings("InstanceID"));

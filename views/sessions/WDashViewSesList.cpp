@@ -28,7 +28,7 @@ enum Column {
   ColumnCount
 };
 
-const int panelHeight = 260; ///< pixels
+const int kPanelHeight = 260; ///< pixels
 
 /// What a receiver's KVM connection adds to its user session.
 struct Connection {
@@ -54,7 +54,7 @@ Connection connectionOf(json_t *connections, unsigned int rxIndex, unsigned int 
 } // namespace
 
 WDashViewSesList::WDashViewSesList(Wt::WContainerWidget *parent)
-    : WCollapsingObjListContextPanel(text("User Sessions"), HeightAdaptive, panelHeight, ColumnCount, parent)
+    : WCollapsingObjListContextPanel(text("User Sessions"), HeightAdaptive, kPanelHeight, ColumnCount, parent)
 {
   setColumns({"index", text("Username").toUTF8(), text("Receiver").toUTF8(), text("Transmitter").toUTF8(),
               text("Mode").toUTF8(), text("Duration").toUTF8()});

@@ -22,10 +22,10 @@ namespace
 enum Row { InstructionRow, ModeRow, ListsRow, ButtonsRow };
 
 // Pixels
-const int textPadding = 6;
-const int listPadding = 8;
-const int listMargin = 17;
-const int buttonMargin = 4;
+const int kTextPadding = 6;
+const int kListPadding = 8;
+const int kListMargin = 17;
+const int kButtonMargin = 4;
 
 } // namespace
 
@@ -39,12 +39,12 @@ WEstabSesDialog::WEstabSesDialog()
   new Wt::WText(text("Select the session mode, user account, receiver and transmitter to be used to connect "
                      "a new KVM session."),
                 table->elementAt(InstructionRow, 0));
-  table->elementAt(InstructionRow, 0)->setPadding(Wt::WLength(textPadding));
+  table->elementAt(InstructionRow, 0)->setPadding(Wt::WLength(kTextPadding));
   modeSelector = new WSesMode(table->elementAt(ModeRow, 0));
   modeSelector->setStyleClass("nevo-attribute-table-read-write-combo-box");
   modeSelector->setAttributeValue("aria-label", text("Session Mode"));
   modeSelector->changed().connect(this, &WEstabSesDialog::modeSelectionChangedHandler);
-  table->elementAt(ModeRow, 0)->setPadding(Wt::WLength(textPadding));
+  table->elementAt(ModeRow, 0)->setPadding(Wt::WLength(kTextPadding));
   addLists(table->elementAt(ListsRow, 0));
   addButtons(table->elementAt(ButtonsRow, 0));
   rejectWhenEscapePressed();
@@ -64,8 +64,8 @@ void WEstabSesDialog::addLists(Wt::WTableCell *cell)
     Wt::WTableCell *place = row->elementAt(0, column++);
     place->addWidget(list);
     place->setContentAlignment(Wt::AlignLeft | Wt::AlignTop);
-    place->setPadding(Wt::WLength(listPadding));
-    list->setMargin(Wt::WLength(listMargin), Wt::Top | Wt::Bottom);
+    place->setPadding(Wt::WLength(kListPadding));
+    list->setMargin(Wt::WLength(kListMargin), Wt::Top | Wt::Bottom);
   }
   usrTable->selectionChanged().connect(this, &WEstabSesDialog::usrSelectionChangedHandler);
   rxTable->selectionChanged().connect(this, &WEstabSesDialog::rxSelectionChangedHandler);
@@ -77,10 +77,10 @@ void WEstabSesDialog::addButtons(Wt::WTableCell *cell)
   cell->setContentAlignment(Wt::AlignRight | Wt::AlignMiddle);
   Wt::WTable *row = new Wt::WTable(cell);
   cancelButton = new Wt::WPushButton(text("Cancel"), row->elementAt(0, 0));
-  cancelButton->setMargin(Wt::WLength(buttonMargin));
+  cancelButton->setMargin(Wt::WLength(kButtonMargin));
   cancelButton->clicked().connect(this, &WEstabSesDialog::cancelButtonClickedHandler);
   connectButton = new Wt::WPushButton(text("Connect"), row->elementAt(0, 1));
-  connectButton->setMargin(Wt::WLength(buttonMargin));
+  connectButton->setMargin(Wt::WLength(kButtonMargin));
   connectButton->addStyleClass("nevo-primary");
   connectButton->clicked().connect(this, &WEstabSesDialog::connectButtonClickedHandler);
   connectButton->disable();

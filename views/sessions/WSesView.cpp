@@ -24,10 +24,10 @@
 namespace
 {
 
-const int listHeight = 260;   ///< pixels
-const int smallestList = 115; ///< pixels
-const int settleTime = 1000;  ///< milliseconds that the store takes to drop the rows of ended sessions
-const int waitBoxWidth = 250; ///< pixels, at most
+const int kListHeight = 260;   ///< pixels
+const int kSmallestList = 115; ///< pixels
+const int kSettleTime = 1000;  ///< milliseconds that the store takes to drop the rows of ended sessions
+const int kWaitBoxWidth = 250; ///< pixels, at most
 
 struct NewSession {
   unsigned int user = 0;
@@ -63,8 +63,8 @@ void waitForTheStore()
   WMsgBox box(WMsgBox::MsgInfo);
   box.titleSet(text("Disconnecting"));
   box.msgSet(text("Disconnecting the selected session(s). Please wait."));
-  box.setMaximumSize(Wt::WLength(waitBoxWidth), Wt::WLength::Auto);
-  box.execWithTimeout(settleTime);
+  box.setMaximumSize(Wt::WLength(kWaitBoxWidth), Wt::WLength::Auto);
+  box.execWithTimeout(kSettleTime);
 }
 
 } // namespace
@@ -75,8 +75,8 @@ WSesView::WSesView(Wt::WContainerWidget *parent)
 {
   const WViewFrame frame = WViewFrame::build(*this);
   addActions(*frame.accordion);
-  list->resize(Wt::WLength::Auto, Wt::WLength(listHeight));
-  list->setMinimumSize(Wt::WLength::Auto, Wt::WLength(smallestList));
+  list->resize(Wt::WLength::Auto, Wt::WLength(kListHeight));
+  list->setMinimumSize(Wt::WLength::Auto, Wt::WLength(kSmallestList));
   frame.panels->addWidget(list);
   frame.panels->addWidget(details, 1);
   frame.panels->setResizable(0);

@@ -10,12 +10,12 @@
 namespace
 {
 
-const int panelHeight = 300; ///< pixels
+const int kPanelHeight = 300; ///< pixels
 
 } // namespace
 
 WSesViewDetails::WSesViewDetails(Wt::WContainerWidget *parent)
-    : WCollapsingContextPanel(text("Session Details"), HeightFixed, panelHeight, parent),
+    : WCollapsingContextPanel(text("Session Details"), HeightFixed, kPanelHeight, parent),
       attribs(new WSesViewAttribs())
 {
   Wt::WContainerWidget *page = new Wt::WContainerWidget();

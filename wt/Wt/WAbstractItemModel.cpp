@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WAbstractItemModel>
-
-#include <algorithm>
-
-#include <Wt/WString>
-
 #include "base/Matcher.h"
 
-namespace Wt {
+#include <Wt/WAbstractItemModel>
+#include <Wt/WString>
+#include <algorithm>
+
+namespace Wt
+{
 
 WAbstractItemModel::WAbstractItemModel(WObject *parent) : WObject(parent) {}
 
@@ -113,8 +112,8 @@ WModelIndex WAbstractItemModel::fromRawIndex(void *) const
   return WModelIndex();
 }
 
-WModelIndexList WAbstractItemModel::match(const WModelIndex &start, int role, const boost::any &value, int hits,
-                                          WFlags<MatchFlag> flags) const
+WModelIndexList WAbstractItemModel::match(const WModelIndex &start, int role, const boost::any &value,
+                                          int hits, WFlags<MatchFlag> flags) const
 {
   WModelIndexList result;
   const Engine::Matcher matcher(value, flags);

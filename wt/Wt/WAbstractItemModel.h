@@ -2,13 +2,13 @@
 #ifndef WT_WABSTRACT_ITEM_MODEL_H_
 #define WT_WABSTRACT_ITEM_MODEL_H_
 
-#include <boost/any.hpp>
-
 #include <Wt/WModelIndex>
 #include <Wt/WObject>
 #include <Wt/WSignal>
+#include <boost/any.hpp>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Data in rows and columns, for views and combo boxes.
 class WAbstractItemModel : public WObject
@@ -19,7 +19,7 @@ public:
 
   virtual int columnCount(const WModelIndex &parent = WModelIndex()) const = 0;
   virtual int rowCount(const WModelIndex &parent = WModelIndex()) const = 0;
-  // The object of which this is a child stays within reach beside the parent of an index.
+  /// The object of which this is a child stays within reach beside the parent of an index.
   using WObject::parent;
   virtual WModelIndex parent(const WModelIndex &index) const = 0;
   virtual WModelIndex index(int row, int column, const WModelIndex &parent = WModelIndex()) const = 0;
@@ -81,7 +81,7 @@ protected:
   /// Emits modelReset().
   void reset();
 
-  // Each pair emits what its name says; the change itself belongs between.
+  /// Each pair emits what its name says; the change itself belongs between.
   virtual void beginInsertColumns(const WModelIndex &parent, int first, int last);
   virtual void endInsertColumns();
   virtual void beginInsertRows(const WModelIndex &parent, int first, int last);
@@ -113,4 +113,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WABSTRACT_ITEM_MODEL_H_

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WAbstractItemView>
-
-#include <Wt/WAbstractItemModel>
-
 #include "view/TableElement.h"
 
+#include <Wt/WAbstractItemModel>
+#include <Wt/WAbstractItemView>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
 WAbstractItemView::WAbstractItemView(WContainerWidget *parent)
     : WCompositeWidget(parent), element_(new Engine::TableElement(*this))
@@ -93,7 +92,8 @@ void WAbstractItemView::rowsRemoved(WModelIndex, int first, int last)
 
 void WAbstractItemView::columnsInserted(WModelIndex, int first, int last)
 {
-  columns_.insert(columns_.begin() + std::min<std::size_t>(first, columns_.size()), last - first + 1, Column());
+  columns_.insert(columns_.begin() + std::min<std::size_t>(first, columns_.size()), last - first + 1,
+                  Column());
   columns_.resize(model_->columnCount());
   if (sortColumn_ >= first)
     sortColumn_ += last - first + 1;
@@ -109,9 +109,10 @@ void WAbstractItemView::columnsRemoved(WModelIndex, int first, int last)
   if (sortColumn_ >= first)
     sortColumn_ = sortColumn_ > last ? sortColumn_ - (last - first + 1) : -1;
   if (selectionBehavior_ == SelectItems) {
-    selection_.erase(std::remove_if(selection_.begin(), selection_.end(),
-                                    [=](const Cell &cell) { return cell.column >= first && cell.column <= last; }),
-                     selection_.end());
+    selection_.erase(
+        std::remove_if(selection_.begin(), selection_.end(),
+                       [=](const Cell &cell) { return cell.column >= first && cell.column <= last; }),
+        selection_.end());
     for (Cell &cell : selection_)
       if (cell.column > last)
         cell.column -= last - first + 1;
@@ -130,7 +131,8 @@ void WAbstractItemView::layoutAboutToBeChanged()
     tracked_.push_back(model_->toRawIndex(model_->index(cell.row, cell.column)));
 }
 
-/// The selection follows its cells; those that are no longer there, or that the model cannot name, are forgotten.
+/// The selection follows its cells; those that are no longer there, or that the model cannot name, are
+/// forgotten.
 void WAbstractItemView::layoutChanged()
 {
   selection_.clear();

@@ -6,18 +6,20 @@
 #include <Wt/WEvent>
 #include <Wt/WModelIndex>
 #include <Wt/WSignal>
-
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WAbstractItemModel;
 
-namespace Engine {
+namespace Engine
+{
 class TableElement;
 }
 
-/// What views of item models share: the model, the selection, the columns and the sorting. Does not own its model.
+/// What views of item models share: the model, the selection, the columns and the sorting. Does not own its
+/// model.
 class WAbstractItemView : public WCompositeWidget
 {
 public:
@@ -29,8 +31,8 @@ public:
   virtual void setModel(WAbstractItemModel *model);
   WAbstractItemModel *model() const { return model_; }
 
-  // Selection. With SelectRows, the default, each selected row is its index of column 0; a row whose cell there
-  // is missing or not selectable cannot be selected.
+  /// Selection. With SelectRows, the default, each selected row is its index of column 0; a row whose cell
+  /// there is missing or not selectable cannot be selected.
 
   void setSelectionMode(SelectionMode mode);
   SelectionMode selectionMode() const { return selectionMode_; }
@@ -45,7 +47,7 @@ public:
   /// Emits nothing.
   void clearSelection();
 
-  // Sorting: by the model, when a heading is clicked.
+  /// Sorting: by the model, when a heading is clicked.
 
   void setSortingEnabled(bool enabled);
   void setSortingEnabled(int column, bool enabled);
@@ -56,7 +58,7 @@ public:
   int sortColumn() const { return sortColumn_; }
   SortOrder sortOrder() const;
 
-  // Columns
+  /// Columns
 
   void setColumnResizeEnabled(bool enabled);
   bool isColumnResizeEnabled() const { return columnResizeEnabled_; }
@@ -137,7 +139,7 @@ private:
   bool removeSelected(const Cell &cell);
   bool rowSelected(int row, int column) const;
 
-  // What the user does, as the element tells it.
+  /// What the user does, as the element tells it.
   void userSelects(const WModelIndex &index, WFlags<KeyboardModifier> modifiers);
   void userExtendsTo(const WModelIndex &index);
   void userSortsBy(int column);
@@ -146,8 +148,8 @@ private:
   WAbstractItemModel *model_ = nullptr;
   Engine::TableElement *element_;
   std::vector<Column> columns_;
-  std::vector<Cell> selection_;         ///< sorted
-  std::vector<void *> tracked_;          ///< the model's names of the selected cells, while it is being rearranged
+  std::vector<Cell> selection_; ///< sorted
+  std::vector<void *> tracked_; ///< the model's names of the selected cells, while it is being rearranged
   std::vector<Signals::connection> connections_;
   WLength rowHeight_ = WLength(20);
   WLength headerHeight_ = WLength(20);

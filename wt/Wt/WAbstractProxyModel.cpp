@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WAbstractProxyModel>
 
-namespace Wt {
+namespace Wt
+{
 
 WAbstractProxyModel::WAbstractProxyModel(WObject *parent) : WAbstractItemModel(parent) {}
 

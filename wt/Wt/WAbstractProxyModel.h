@@ -4,7 +4,8 @@
 
 #include <Wt/WAbstractItemModel>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Shows another model's data in another arrangement. Does not own the source model.
 class WAbstractProxyModel : public WAbstractItemModel
@@ -41,4 +42,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WABSTRACT_PROXY_MODEL_H_

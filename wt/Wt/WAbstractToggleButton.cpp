@@ -10,8 +10,8 @@ namespace
 {
 
 /// What ".checked" of the browser's input is called in each state.
-const char *const BrowserStates[] = {"0", "-", "1"};
-const char *const ValueTexts[] = {"no", "maybe", "yes"};
+const char *const kBrowserStates[] = {"0", "-", "1"};
+const char *const kValueTexts[] = {"no", "maybe", "yes"};
 
 } // namespace
 
@@ -67,13 +67,13 @@ void WAbstractToggleButton::tellState()
 
 WString WAbstractToggleButton::valueText() const
 {
-  return ValueTexts[state_];
+  return kValueTexts[state_];
 }
 
 void WAbstractToggleButton::setValueText(const WString &value)
 {
   for (const CheckState state : {Unchecked, PartiallyChecked, Wt::Checked})
-    if (value == ValueTexts[state])
+    if (value == kValueTexts[state])
       setState(state);
 }
 
@@ -108,13 +108,13 @@ void WAbstractToggleButton::renderInput(Dom::Element &input)
 {
   input.set("type", inputType());
   if (state_ != Unchecked || input.get(".checked"))
-    showValue(input, ".checked", BrowserStates[state_]);
+    showValue(input, ".checked", kBrowserStates[state_]);
 }
 
 void WAbstractToggleButton::formValue(Dom::Element &at, const std::string &value)
 {
   for (const CheckState state : {Unchecked, PartiallyChecked, Wt::Checked}) {
-    if (value != BrowserStates[state] || (state == PartiallyChecked && !supportsPartial()))
+    if (value != kBrowserStates[state] || (state == PartiallyChecked && !supportsPartial()))
       continue;
     state_ = state;
     acceptValue(at, ".checked", value);

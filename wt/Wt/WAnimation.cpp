@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WAnimation>
 
-namespace Wt {
+namespace Wt
+{
 
 WAnimation::WAnimation() : timing_(Linear), duration_(250) {}
 

@@ -4,7 +4,8 @@
 
 #include <Wt/WFlags>
 
-namespace Wt {
+namespace Wt
+{
 
 /// How the browser shows a widget appearing or going; the server's state changes at once.
 class WAnimation
@@ -45,4 +46,4 @@ W_DECLARE_OPERATORS_FOR_FLAGS(WAnimation::AnimationEffect)
 
 } // namespace Wt
 
-#endif
+#endif // WT_WANIMATION_H_

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WApplication>
-
 #include "base/OwnTexts.h"
 #include "session/Session.h"
 
+#include <Wt/WApplication>
 #include <Wt/WContainerWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WApplication::Data {
   WString title;

@@ -8,22 +8,22 @@
 #include <Wt/WMessageResourceBundle>
 #include <Wt/WObject>
 #include <Wt/WString>
-
+#include <boost/function.hpp>
 #include <cstdint>
 #include <memory>
 #include <string>
 
-#include <boost/function.hpp>
-
-namespace Wt {
+namespace Wt
+{
 
 class WApplication;
 class WContainerWidget;
 
-namespace Engine {
+namespace Engine
+{
 class Session;
 struct WidgetAccess;
-}
+} // namespace Engine
 
 typedef boost::function<WApplication *(const WEnvironment &)> ApplicationCreator;
 

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WBoxLayout>
-
-#include <Wt/WWidget>
-#include <Wt/WWidgetItem>
-
 #include "dom/Document.h"
 #include "layout/ItemStyle.h"
 #include "layout/LayoutElements.h"
 
+#include <Wt/WBoxLayout>
+#include <Wt/WWidget>
+#include <Wt/WWidgetItem>
 #include <algorithm>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// Room, of a size or that stretches.
 class GapItem : public WLayoutItem
@@ -23,7 +23,7 @@ public:
   WWidget *widget() override { return nullptr; }
 };
 
-const char *const directionNames[] = {"row", "row-reverse", "column", "column-reverse"};
+const char *const kDirectionNames[] = {"row", "row-reverse", "column", "column-reverse"};
 
 } // namespace
 
@@ -192,7 +192,7 @@ bool WBoxLayout::isResizable(int index) const
 
 void WBoxLayout::renderItems(Dom::Element &e)
 {
-  e.setIf(direction_ != LeftToRight, "*flex-direction", directionNames[direction_]);
+  e.setIf(direction_ != LeftToRight, "*flex-direction", kDirectionNames[direction_]);
   e.setIf(spacing_ > 0, "*gap", std::to_string(spacing_) + "px");
   const bool anyStretch =
       std::any_of(places_.begin(), places_.end(), [](const Place &place) { return place.stretch > 0; });
@@ -210,9 +210,8 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
                              std::vector<Dom::Element *> &children)
 {
   const bool gap = !place.item->widget() && !place.item->layout();
-  Dom::Element *element =
-      gap ? &elements().get(document, place.item.get(), Engine::LayoutElements::Gap)
-          : itemElement(place.item.get(), document);
+  Dom::Element *element = gap ? &elements().get(document, place.item.get(), Engine::LayoutElements::Gap)
+                              : itemElement(place.item.get(), document);
   if (!element)
     return;
   if (!gap && Engine::ItemStyle::placed(place.alignment)) {
@@ -224,25 +223,31 @@ void WBoxLayout::renderPlace(const Place &place, bool anyStretch, Dom::Document 
     element = &cell;
   }
   const bool grows = place.stretch > 0;
-  // A share of the rest where the box has a size; of a box that is as large as its content, what the item needs.
-  std::string flex = grows ? std::to_string(place.stretch) + " 1 0%" : anyStretch || gap ? "none" : "1 1 auto";
+  // A share of the rest where the box has a size; of a box that is as large as its content, what the item
+  // needs.
+  std::string flex = grows               ? std::to_string(place.stretch) + " 1 0%"
+                     : anyStretch || gap ? "none"
+                                         : "1 1 auto";
   if (!place.size.isAuto() && !grows)
     flex = "0 0 " + place.size.cssText();
   Engine::ItemStyle::leaveGrid(*element);
   element->set("*flex", flex);
   const bool controlled = sizeControlled(place.item.get());
-  Engine::ItemStyle::control(*element, grows || !anyStretch, controlled && vertical(), controlled && !vertical());
+  Engine::ItemStyle::control(*element, grows || !anyStretch, controlled && vertical(),
+                             controlled && !vertical());
   children.push_back(element);
 }
 
-void WBoxLayout::renderHandle(const Place &place, Dom::Document &document, std::vector<Dom::Element *> &children)
+void WBoxLayout::renderHandle(const Place &place, Dom::Document &document,
+                              std::vector<Dom::Element *> &children)
 {
   Dom::Element &handle = elements().get(document, place.item.get(), Engine::LayoutElements::Handle);
   Engine::ItemStyle::handle(handle, vertical());
   // In a grid a handle lies at the end of its track; here it is an item of its own.
   handle.set("*align-self", "stretch");
   handle.set("*transform", "none");
-  handle.setIf(spacing_ > 0, vertical() ? "*margin-block" : "*margin-inline", "-" + std::to_string(spacing_) + "px");
+  handle.setIf(spacing_ > 0, vertical() ? "*margin-block" : "*margin-inline",
+               "-" + std::to_string(spacing_) + "px");
   children.push_back(&handle);
 }
 

@@ -5,7 +5,8 @@
 #include <Wt/WLayout>
 #include <Wt/WLength>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Items in a row or a column.
 class WBoxLayout : public WLayout
@@ -29,8 +30,8 @@ public:
   void setSpacing(int size);
   int spacing() const { return spacing_; }
 
-  /// Stretch 0 means the preferred size; positive ones share the rest in proportion; if all are 0, all share equally.
-  /// Without alignment (or with AlignJustify) the item fills its cell.
+  /// Stretch 0 means the preferred size; positive ones share the rest in proportion; if all are 0, all share
+  /// equally. Without alignment (or with AlignJustify) the item fills its cell.
   void addWidget(WWidget *widget, int stretch = 0, WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
   void addLayout(WLayout *layout, int stretch = 0, WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
   void addSpacing(const WLength &size);

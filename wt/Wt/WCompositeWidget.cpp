@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WCompositeWidget>
-
 #include <Wt/WContainerWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 WCompositeWidget::WCompositeWidget(WContainerWidget *parent) : WWidget(parent)
 {

@@ -4,7 +4,8 @@
 
 #include <Wt/WWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A widget made of another one, its implementation, which it owns and to which it passes everything on.
 class WCompositeWidget : public WWidget

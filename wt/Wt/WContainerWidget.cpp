@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WContainerWidget>
-
 #include "dom/Document.h"
 
+#include <Wt/WContainerWidget>
+#include <Wt/WLayout>
 #include <algorithm>
 
-#include <Wt/WLayout>
+namespace Wt
+{
 
-namespace Wt {
-
-namespace {
+namespace
+{
 
 struct PaddingKey {
   Side side;
   const char *key;
 };
-const PaddingKey paddingKeys[] = {
+const PaddingKey kPaddingKeys[] = {
     {Top, "*padding-top"}, {Right, "*padding-right"}, {Bottom, "*padding-bottom"}, {Left, "*padding-left"}};
 
-const char *const overflowTexts[] = {"visible", "auto", "hidden", "scroll"};
+const char *const kOverflowTexts[] = {"visible", "auto", "hidden", "scroll"};
 
 } // namespace
 
@@ -44,7 +44,8 @@ WContainerWidget::Frame &WContainerWidget::frame()
   return *frame_;
 }
 
-// --- Children ------------------------------------------------------------------------------------------------------
+// --- Children
+// ------------------------------------------------------------------------------------------------------
 
 void WContainerWidget::addWidget(WWidget *widget)
 {
@@ -87,8 +88,9 @@ void WContainerWidget::removeWidget(WWidget *widget)
 
 void WContainerWidget::removeChild(WObject *child)
 {
-  const auto found = std::find_if(widgets_.begin(), widgets_.end(),
-                                  [child](const WWidget *w) { return static_cast<const WObject *>(w) == child; });
+  const auto found = std::find_if(widgets_.begin(), widgets_.end(), [child](const WWidget *w) {
+    return static_cast<const WObject *>(w) == child;
+  });
   WWidget *widget = found == widgets_.end() ? nullptr : *found;
   const int index = static_cast<int>(found - widgets_.begin());
   if (widget)
@@ -131,7 +133,8 @@ void WContainerWidget::childAdded(int, WWidget *) {}
 
 void WContainerWidget::childRemoved(int, WWidget *) {}
 
-// --- Layout, alignment, frame --------------------------------------------------------------------------------------
+// --- Layout, alignment, frame
+// --------------------------------------------------------------------------------------
 
 void WContainerWidget::setLayout(WLayout *layout)
 {
@@ -169,7 +172,7 @@ void WContainerWidget::setPadding(const WLength &padding, WFlags<Side> sides)
 {
   Frame &f = frame();
   for (int i = 0; i < 4; ++i) {
-    if (sides.value() & paddingKeys[i].side) {
+    if (sides.value() & kPaddingKeys[i].side) {
       f.padding[i] = padding;
       f.paddingSet[i] = true;
     }
@@ -180,7 +183,7 @@ void WContainerWidget::setPadding(const WLength &padding, WFlags<Side> sides)
 WLength WContainerWidget::padding(Side side) const
 {
   for (int i = 0; i < 4; ++i)
-    if (paddingKeys[i].side == side && frame_)
+    if (kPaddingKeys[i].side == side && frame_)
       return frame_->padding[i];
   return WLength(0);
 }
@@ -197,7 +200,8 @@ void WContainerWidget::setOverflow(Overflow overflow, WFlags<Orientation> orient
   repaint();
 }
 
-// --- Rendering -----------------------------------------------------------------------------------------------------
+// --- Rendering
+// -----------------------------------------------------------------------------------------------------
 
 const char *WContainerWidget::domTag() const
 {
@@ -224,7 +228,10 @@ void WContainerWidget::render(Dom::Element &e)
   WInteractWidget::render(e);
   const int horizontal = alignment_.value() & AlignHorizontalMask;
   const bool aligned = horizontal == AlignCenter || horizontal == AlignRight || horizontal == AlignJustify;
-  e.setIf(aligned, "*text-align", horizontal == AlignCenter ? "center" : horizontal == AlignRight ? "right" : "justify");
+  e.setIf(aligned, "*text-align",
+          horizontal == AlignCenter  ? "center"
+          : horizontal == AlignRight ? "right"
+                                     : "justify");
   if (frame_)
     renderFrame(e);
 }
@@ -234,11 +241,11 @@ void WContainerWidget::renderFrame(Dom::Element &e)
   const Frame &f = *frame_;
   for (int i = 0; i < 4; ++i)
     if (f.paddingSet[i])
-      e.set(paddingKeys[i].key, f.padding[i].cssText());
+      e.set(kPaddingKeys[i].key, f.padding[i].cssText());
   if (f.overflowSet[0])
-    e.set("*overflow-x", overflowTexts[f.overflow[0]]);
+    e.set("*overflow-x", kOverflowTexts[f.overflow[0]]);
   if (f.overflowSet[1])
-    e.set("*overflow-y", overflowTexts[f.overflow[1]]);
+    e.set("*overflow-y", kOverflowTexts[f.overflow[1]]);
 }
 
 void WContainerWidget::renderContents(Dom::Element &e)

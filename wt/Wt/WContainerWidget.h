@@ -4,7 +4,8 @@
 
 #include <Wt/WInteractWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 class WLayout;
 

@@ -20,8 +20,8 @@ class WText;
  * emits finished() while still shown, and exec() hides it on its return. Further calls until then have no
  * effect. hide() and destruction emit nothing and do not end exec().
  *
- * A movable dialog follows a press on its title bar, a resizable one its lower right corner; each has a handle
- * that gets the focus after everything else in the dialog and takes the arrow keys.
+ * A movable dialog follows a press on its title bar, a resizable one its lower right corner; each has a
+ * handle that gets the focus after everything else in the dialog and takes the arrow keys.
  */
 class WDialog : public WPopupWidget
 {

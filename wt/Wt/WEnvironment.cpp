@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WEnvironment>
-
 #include "session/RequestHead.h"
 
+#include <Wt/WEnvironment>
 #include <algorithm>
 #include <stdexcept>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 int hexadecimal(char c)
 {

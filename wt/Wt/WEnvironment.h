@@ -3,20 +3,21 @@
 #define WT_WENVIRONMENT_H_
 
 #include <Wt/WLocale>
-
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WServer;
 
-namespace Engine {
+namespace Engine
+{
 class Session;
 struct RequestHead;
-}
+} // namespace Engine
 
 /// What a session knows of its browser and of the request that began it.
 class WEnvironment

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WEvent>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 WFlags<KeyboardModifier> modifiersOf(const Engine::RawEvent &event)
 {

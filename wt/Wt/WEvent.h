@@ -2,12 +2,13 @@
 #ifndef WT_WEVENT_H_
 #define WT_WEVENT_H_
 
+#include "../base/EventAccess.h"
+
 #include <Wt/WGlobal>
 #include <Wt/WString>
 
-#include "../base/EventAccess.h"
-
-namespace Wt {
+namespace Wt
+{
 
 /// What WApplication::notify is called for.
 class WEvent
@@ -87,4 +88,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WEVENT_H_

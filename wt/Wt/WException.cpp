@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WException>
 
-namespace Wt {
+namespace Wt
+{
 
 WException::WException(const std::string &what) : what_(what) {}
 

@@ -5,7 +5,8 @@
 #include <exception>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 /// What the toolkit throws.
 class WException : public std::exception
@@ -21,4 +22,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WEXCEPTION_H_

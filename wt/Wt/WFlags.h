@@ -2,7 +2,8 @@
 #ifndef WT_WFLAGS_H_
 #define WT_WFLAGS_H_
 
-namespace Wt {
+namespace Wt
+{
 
 /// A set of flags of one enumeration. Converts from a flag, from a literal 0, and back to the enumeration.
 template <typename EnumType> class WFlags
@@ -74,4 +75,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WFLAGS_H_

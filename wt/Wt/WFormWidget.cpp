@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WFormWidget>
-
 #include "base/FieldValidation.h"
 #include "dom/Document.h"
 #include "dom/JsonText.h"
@@ -8,11 +6,13 @@
 #include "session/WidgetAccess.h"
 
 #include <Wt/WContainerWidget>
+#include <Wt/WFormWidget>
 #include <Wt/WIntValidator>
 #include <Wt/WLabel>
 #include <Wt/WRegExpValidator>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WFormWidget::Rare {
   explicit Rare(WFormWidget *owner) : validated(owner) {}
@@ -41,7 +41,8 @@ WFormWidget::Rare &WFormWidget::formRare()
   return *formRare_;
 }
 
-// --- Validation ----------------------------------------------------------------------------------------------------
+// --- Validation
+// ----------------------------------------------------------------------------------------------------
 
 void WFormWidget::setValidator(WValidator *validator)
 {
@@ -153,7 +154,8 @@ std::string WFormWidget::validatorConfiguration() const
   return json + '}';
 }
 
-// --- State ---------------------------------------------------------------------------------------------------------
+// --- State
+// ---------------------------------------------------------------------------------------------------------
 
 void WFormWidget::setHidden(bool hidden, const WAnimation &animation)
 {
@@ -204,7 +206,8 @@ void WFormWidget::refresh()
   WInteractWidget::refresh();
 }
 
-// --- Rendering -----------------------------------------------------------------------------------------------------
+// --- Rendering
+// -----------------------------------------------------------------------------------------------------
 
 void WFormWidget::addOwnClasses(std::string &classes) const
 {

@@ -5,17 +5,18 @@
 #include <Wt/WInteractWidget>
 #include <Wt/WValidator>
 
-namespace Wt {
+namespace Wt
+{
 
 class WLabel;
 
 /**
  * Base of the widgets that hold a value which the user may change.
  *
- * What the browser holds is told as it changes, and with each event at the latest. For subclasses: formValue() is
- * called with it only while the widget is enabled and not read only, and not with a value that is older than one
- * which the program has set since. A subclass shows its value with showValue() in render(), and accepts a
- * browser's value with acceptValue() in formValue().
+ * What the browser holds is told as it changes, and with each event at the latest. For subclasses:
+ * formValue() is called with it only while the widget is enabled and not read only, and not with a value that
+ * is older than one which the program has set since. A subclass shows its value with showValue() in render(),
+ * and accepts a browser's value with acceptValue() in formValue().
  */
 class WFormWidget : public WInteractWidget
 {
@@ -61,8 +62,8 @@ protected:
   const WString *toolTipOverride() const override;
   void propagateSetEnabled(bool enabled) override;
   void domValue(Dom::Element &at, const std::string &value) override;
-  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go, at the end of the
-  /// rendering; by default the widget's element.
+  /// Where "disabled", "readonly", "placeholder", the validator's behaviour and the like go, at the end of
+  /// the rendering; by default the widget's element.
   virtual Dom::Element *fieldElement() const { return element_; }
 
   /// Sets what the browser's field holds. `key` is ".value", ".checked" or the like.

@@ -4,7 +4,8 @@
 
 #include <Wt/WFlags>
 
-namespace Wt {
+namespace Wt
+{
 
 enum Orientation { Horizontal = 0x1, Vertical = 0x2 };
 W_DECLARE_OPERATORS_FOR_FLAGS(Orientation)
@@ -38,9 +39,9 @@ enum AlignmentFlag {
 W_DECLARE_OPERATORS_FOR_FLAGS(AlignmentFlag)
 
 inline const WFlags<AlignmentFlag> AlignHorizontalMask = AlignLeft | AlignRight | AlignCenter | AlignJustify;
-inline const WFlags<AlignmentFlag> AlignVerticalMask =
-    AlignBaseline | AlignSub | AlignSuper | AlignTop | AlignTextTop | AlignMiddle | AlignBottom |
-    AlignTextBottom;
+inline const WFlags<AlignmentFlag> AlignVerticalMask = AlignBaseline | AlignSub | AlignSuper | AlignTop |
+                                                       AlignTextTop | AlignMiddle | AlignBottom |
+                                                       AlignTextBottom;
 
 enum TextFormat { XHTMLText = 0, XHTMLUnsafeText = 1, PlainText = 2 };
 
@@ -175,4 +176,4 @@ W_DECLARE_OPERATORS_FOR_FLAGS(RegExpFlag)
 
 } // namespace Wt
 
-#endif
+#endif // WT_WGLOBAL_H_

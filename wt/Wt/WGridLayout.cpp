@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WGridLayout>
-
-#include <Wt/WWidget>
-#include <Wt/WWidgetItem>
-
 #include "dom/Document.h"
 #include "layout/ItemStyle.h"
 #include "layout/LayoutElements.h"
 
+#include <Wt/WGridLayout>
+#include <Wt/WWidget>
+#include <Wt/WWidgetItem>
 #include <algorithm>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WGridLayout::Place {
   std::unique_ptr<WLayoutItem> item;
@@ -59,8 +58,8 @@ void WGridLayout::addItem(WLayoutItem *item, int row, int column, int rowSpan, i
   }
   track(rows_, row + std::max(rowSpan, 1) - 1);
   track(columns_, column + std::max(columnSpan, 1) - 1);
-  places_.push_back(
-      Place{std::unique_ptr<WLayoutItem>(item), row, column, std::max(rowSpan, 1), std::max(columnSpan, 1), alignment});
+  places_.push_back(Place{std::unique_ptr<WLayoutItem>(item), row, column, std::max(rowSpan, 1),
+                          std::max(columnSpan, 1), alignment});
   std::stable_sort(places_.begin(), places_.end(), [](const Place &a, const Place &b) {
     return a.row != b.row ? a.row < b.row : a.column < b.column;
   });
@@ -213,7 +212,8 @@ void WGridLayout::renderItems(Dom::Element &e)
   e.setChildren(children);
 }
 
-void WGridLayout::renderPlace(const Place &place, Dom::Document &document, std::vector<Dom::Element *> &children)
+void WGridLayout::renderPlace(const Place &place, Dom::Document &document,
+                              std::vector<Dom::Element *> &children)
 {
   Dom::Element *element = itemElement(place.item.get(), document);
   if (!element)

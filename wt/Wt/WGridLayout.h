@@ -5,7 +5,8 @@
 #include <Wt/WLayout>
 #include <Wt/WLength>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Items in rows and columns. Setters grow the grid.
 class WGridLayout : public WLayout
@@ -25,10 +26,12 @@ public:
   /// Replaces what stands at (row, column). Without alignment (or with AlignJustify) the item fills its cell.
   void addItem(WLayoutItem *item, int row, int column, int rowSpan = 1, int columnSpan = 1,
                WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
-  void addWidget(WWidget *widget, int row, int column, WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
+  void addWidget(WWidget *widget, int row, int column,
+                 WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
   void addWidget(WWidget *widget, int row, int column, int rowSpan, int columnSpan,
                  WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
-  void addLayout(WLayout *layout, int row, int column, WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
+  void addLayout(WLayout *layout, int row, int column,
+                 WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
   void addLayout(WLayout *layout, int row, int column, int rowSpan, int columnSpan,
                  WFlags<AlignmentFlag> alignment = WFlags<AlignmentFlag>());
 

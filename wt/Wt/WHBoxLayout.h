@@ -4,7 +4,8 @@
 
 #include <Wt/WBoxLayout>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Items in a row.
 class WHBoxLayout : public WBoxLayout

@@ -24,8 +24,7 @@ namespace asio = boost::asio;
 struct WIOService::Impl {
   using Guard = asio::executor_work_guard<asio::io_context::executor_type>;
 
-  explicit Impl(WIOService &service)
-      : strand(service), threads([&service] { return service.run_one() > 0; })
+  explicit Impl(WIOService &service) : strand(service), threads([&service] { return service.run_one() > 0; })
   {
   }
 

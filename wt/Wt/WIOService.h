@@ -12,8 +12,8 @@ namespace Wt
 
 /**
  * The server's pool of worker threads. Threads are started as they are needed, up to the number that was set:
- * as long as that is not reached there is always one that waits for work. A thread that waits inside a function
- * for longer than some milliseconds does not count.
+ * as long as that is not reached there is always one that waits for work. A thread that waits inside a
+ * function for longer than some milliseconds does not count.
  */
 class WIOService : public boost::asio::io_service
 {
@@ -36,7 +36,7 @@ public:
   /// The same as schedule(0, function).
   void post(const boost::function<void()> &function);
 
-  // For the toolkit itself
+  /// For the toolkit itself
 
   /// Runs the function on a thread of the pool; several may run at the same time.
   void submit(std::function<void()> function);

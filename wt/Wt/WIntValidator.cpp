@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WIntValidator>
-
 #include "base/OwnTexts.h"
 
+#include <Wt/WIntValidator>
 #include <algorithm>
 #include <charconv>
 #include <limits>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WIntValidator::Texts {
   WString notANumber;
@@ -15,7 +15,8 @@ struct WIntValidator::Texts {
   WString tooLarge;
 };
 
-namespace {
+namespace
+{
 
 /// Reads an optional sign and decimal digits, nothing else.
 bool parseInteger(const std::string &text, int &value)

@@ -4,7 +4,8 @@
 
 #include <Wt/WValidator>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Accepts decimal integers within a range, bounds included.
 class WIntValidator : public WValidator
@@ -39,4 +40,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WINT_VALIDATOR_H_

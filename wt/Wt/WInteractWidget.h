@@ -5,7 +5,8 @@
 #include <Wt/WEvent>
 #include <Wt/WWebWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A widget that tells of mouse and keyboard. Events bubble: those of a child are also the parent's.
 class WInteractWidget : public WWebWidget

@@ -2,13 +2,13 @@
 #ifndef WT_WJAVASCRIPT_H_
 #define WT_WJAVASCRIPT_H_
 
-#include <string>
-
-#include <Wt/WSignal>
-
 #include "../base/EventArguments.h"
 
-namespace Wt {
+#include <Wt/WSignal>
+#include <string>
+
+namespace Wt
+{
 
 /// A signal that script in the browser emits, with up to six arguments. An event whose arguments are too few
 /// or do not convert is dropped.
@@ -42,8 +42,8 @@ public:
     if (!this->isBlocked())
       slots_.call(a1, a2, a3, a4, a5, a6);
   }
-  void operator()(A1 a1 = NoClass::none, A2 a2 = NoClass::none, A3 a3 = NoClass::none,
-                  A4 a4 = NoClass::none, A5 a5 = NoClass::none, A6 a6 = NoClass::none) const
+  void operator()(A1 a1 = NoClass::none, A2 a2 = NoClass::none, A3 a3 = NoClass::none, A4 a4 = NoClass::none,
+                  A5 a5 = NoClass::none, A6 a6 = NoClass::none) const
   {
     emit(a1, a2, a3, a4, a5, a6);
   }
@@ -69,4 +69,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WJAVASCRIPT_H_

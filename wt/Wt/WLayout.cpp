@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WLayout>
-
-#include <Wt/WContainerWidget>
-#include <Wt/WWidgetItem>
-
 #include "dom/Document.h"
 #include "layout/ItemStyle.h"
 #include "layout/LayoutElements.h"
 #include "session/WidgetAccess.h"
 
+#include <Wt/WContainerWidget>
+#include <Wt/WLayout>
+#include <Wt/WWidgetItem>
 #include <algorithm>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 WLayoutItem::~WLayoutItem() = default;
 

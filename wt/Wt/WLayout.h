@@ -6,19 +6,21 @@
 #include <Wt/WGlobal>
 #include <Wt/WLayoutItem>
 #include <Wt/WObject>
-
 #include <memory>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 
-namespace Dom {
+namespace Dom
+{
 class Document;
 class Element;
-}
-namespace Engine {
+} // namespace Dom
+namespace Engine
+{
 class LayoutElements;
 }
 
@@ -26,8 +28,8 @@ class LayoutElements;
  * Places widgets in a container. The container owns the layout, and the widgets that are added become the
  * container's children. Layouts nest; only the outermost one has margins.
  *
- * A layout is carried out by the browser: boxes become flexible boxes, grids become grids. Where an item keeps its
- * preferred size and is placed in its cell, the cell is an element of its own.
+ * A layout is carried out by the browser: boxes become flexible boxes, grids become grids. Where an item
+ * keeps its preferred size and is placed in its cell, the cell is an element of its own.
  */
 class WLayout : public WLayoutItem, public WObject
 {
@@ -71,7 +73,8 @@ protected:
   /// Takes what is in the item into the container, if there is one. To be called for each item added.
   void itemAdded(WLayoutItem *item);
   void itemRemoved(WLayoutItem *item);
-  /// To be called before an item is added: its widget leaves the place that it may have in its container's layout.
+  /// To be called before an item is added: its widget leaves the place that it may have in its container's
+  /// layout.
   static void aboutToAdd(WLayoutItem *item);
   /// To be called by destructors of derived classes: the widgets stay, without the layout's settings.
   void releaseItems();
@@ -94,7 +97,7 @@ protected:
 private:
   friend class WContainerWidget;
 
-  // For the container
+  /// For the container
 
   /// This has become the layout of `container`, whose children its widgets become.
   void setContainer(WContainerWidget *container);

@@ -2,7 +2,8 @@
 #ifndef WT_WLAYOUTITEM_H_
 #define WT_WLAYOUTITEM_H_
 
-namespace Wt {
+namespace Wt
+{
 
 class WLayout;
 class WWidget;

@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WLength>
-
 #include <charconv>
 #include <cmath>
 #include <cstring>
 
-namespace Wt {
+namespace Wt
+{
 
 WLength WLength::Auto;
 
-namespace {
+namespace
+{
 
 struct UnitFacts {
   const char *name;
   double pixels; ///< 0: relative to the font
 };
 
-const UnitFacts units[] = {
-    {"em", 0},          {"ex", 0},          {"px", 1.0},        {"in", 96.0}, {"cm", 96.0 / 2.54},
+const UnitFacts kUnits[] = {
+    {"em", 0},           {"ex", 0},           {"px", 1.0},        {"in", 96.0}, {"cm", 96.0 / 2.54},
     {"mm", 96.0 / 25.4}, {"pt", 96.0 / 72.0}, {"pc", 96.0 / 6.0}, {"%", 0},
 };
-const int unitCount = sizeof units / sizeof *units;
+const int kUnitCount = sizeof kUnits / sizeof *kUnits;
 
 } // namespace
 
@@ -41,8 +42,8 @@ WLength::WLength(const std::string &text) : WLength()
   std::string unit(rest, end);
   unit.erase(0, unit.find_first_not_of(' '));
   unit.erase(unit.find_last_not_of(' ') + 1);
-  for (int i = 0; i < unitCount; ++i) {
-    if (unit == units[i].name || (unit.empty() && i == Pixel)) {
+  for (int i = 0; i < kUnitCount; ++i) {
+    if (unit == kUnits[i].name || (unit.empty() && i == Pixel)) {
       auto_ = false;
       unit_ = static_cast<Unit>(i);
       value_ = value;
@@ -68,8 +69,8 @@ const std::string WLength::cssText() const
   const double rounded = std::round(value_ * 10) / 10;
   const auto [end, error] = std::to_chars(text, text + sizeof text, rounded, std::chars_format::fixed);
   if (error != std::errc() || !std::isfinite(rounded))
-    return std::string("0") + units[unit_].name;
-  return (rounded == 0 ? std::string("0") : std::string(text, end)) + units[unit_].name;
+    return std::string("0") + kUnits[unit_].name;
+  return (rounded == 0 ? std::string("0") : std::string(text, end)) + kUnits[unit_].name;
 }
 
 double WLength::toPixels(double fontSize) const
@@ -84,7 +85,7 @@ double WLength::toPixels(double fontSize) const
   case Percentage:
     return value_ * fontSize / 100.0;
   default:
-    return value_ * units[unit_].pixels;
+    return value_ * kUnits[unit_].pixels;
   }
 }
 

@@ -4,7 +4,8 @@
 
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A length of a style sheet; auto by default.
 class WLength
@@ -47,4 +48,4 @@ WLength operator*(double factor, const WLength &length);
 
 } // namespace Wt
 
-#endif
+#endif // WT_WLENGTH_H_

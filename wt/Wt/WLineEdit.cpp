@@ -10,7 +10,7 @@ namespace
 {
 
 /// The width that the page's runtime gives to every field by itself.
-constexpr int DefaultTextSize = 10;
+constexpr int kDefaultTextSize = 10;
 
 } // namespace
 
@@ -93,7 +93,7 @@ const char *WLineEdit::domTag() const
 void WLineEdit::render(Dom::Element &e)
 {
   WFormWidget::render(e);
-  if (textSize_ > 0 && (textSize_ != DefaultTextSize || e.get("size")))
+  if (textSize_ > 0 && (textSize_ != kDefaultTextSize || e.get("size")))
     e.set("size", std::to_string(textSize_));
   e.setIf(maxLength_ >= 0, "maxlength", std::to_string(maxLength_));
   e.setIf(password_, "type", "password");

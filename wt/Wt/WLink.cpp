@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WLink>
-
 #include "base/ResourceUrl.h"
 
-namespace Wt {
+#include <Wt/WLink>
+
+namespace Wt
+{
 
 WLink::WLink() : type_(Url), target_(TargetSelf), resource_(nullptr) {}
 

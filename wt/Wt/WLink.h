@@ -2,11 +2,11 @@
 #ifndef WT_WLINK_H_
 #define WT_WLINK_H_
 
+#include <Wt/WGlobal>
 #include <string>
 
-#include <Wt/WGlobal>
-
-namespace Wt {
+namespace Wt
+{
 
 class WResource;
 
@@ -47,4 +47,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WLINK_H_

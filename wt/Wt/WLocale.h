@@ -4,7 +4,8 @@
 
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A person's language by its name, such as "en" or "en-GB".
 class WLocale
@@ -24,4 +25,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WLOCALE_H_

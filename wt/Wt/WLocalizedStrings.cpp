@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WLocalizedStrings>
 
-namespace Wt {
+namespace Wt
+{
 
 WLocalizedStrings::~WLocalizedStrings() = default;
 

@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 /// A source of translated texts, asked by their keys.
 class WLocalizedStrings
@@ -22,4 +23,4 @@ public:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WLOCALIZED_STRINGS_H_

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WMessageResourceBundle>
-
-#include <algorithm>
-#include <cctype>
-
 #include "base/MessageFile.h"
 #include "base/StringResolver.h"
 
-namespace Wt {
+#include <Wt/WMessageResourceBundle>
+#include <algorithm>
+#include <cctype>
+
+namespace Wt
+{
 
 using Engine::MessageFile;
 
-namespace {
+namespace
+{
 
 /// The name comes from a browser and goes into a file name.
 bool isPlausibleLocale(const std::string &name)
@@ -128,7 +129,8 @@ bool WMessageResourceBundle::resolveKey(const std::string &key, std::string &res
   return false;
 }
 
-bool WMessageResourceBundle::resolvePluralKey(const std::string &key, std::string &result, std::uint64_t amount)
+bool WMessageResourceBundle::resolvePluralKey(const std::string &key, std::string &result,
+                                              std::uint64_t amount)
 {
   const auto find = [&key, amount](const MessageFile &file) { return file.findPlural(key, amount); };
   for (const auto &resource : resources_)

@@ -2,25 +2,25 @@
 #ifndef WT_WMESSAGE_RESOURCE_BUNDLE_H_
 #define WT_WMESSAGE_RESOURCE_BUNDLE_H_
 
+#include <Wt/WFlags>
+#include <Wt/WLocalizedStrings>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
-#include <Wt/WFlags>
-#include <Wt/WLocalizedStrings>
-
-namespace Wt {
+namespace Wt
+{
 
 /**
- * Texts from XML files, searched in the order of use(). Files are read at the first lookup, and what was read is
- * shared by all sessions.
+ * Texts from XML files, searched in the order of use(). Files are read at the first lookup, and what was read
+ * is shared by all sessions.
  *
- * The toolkit's own sentences are English unless the application's files have these keys: "Wt.QuittedMessage",
- * "Wt.Page.ConnectionLost", "Wt.Page.Failed", "Wt.WDialog.Close", "Wt.WDialog.Move", "Wt.WDialog.Resize",
- * "Wt.WValidator.Mandatory", "Wt.WRegExpValidator.Invalid", "Wt.WIntValidator.NotAnInteger" and
- * "Wt.WIntValidator.BadRange" ({1} to {2}); or, for pages that get no session, those of
- * WServer::setLocalizedStrings(): "Wt.Page.Full", "Wt.Page.TooMany" and "Wt.Page.Stopping".
+ * The toolkit's own sentences are English unless the application's files have these keys:
+ * "Wt.QuittedMessage", "Wt.Page.ConnectionLost", "Wt.Page.Failed", "Wt.WDialog.Close", "Wt.WDialog.Move",
+ * "Wt.WDialog.Resize", "Wt.WValidator.Mandatory", "Wt.WRegExpValidator.Invalid",
+ * "Wt.WIntValidator.NotAnInteger" and "Wt.WIntValidator.BadRange" ({1} to {2}); or, for pages that get no
+ * session, those of WServer::setLocalizedStrings(): "Wt.Page.Full", "Wt.Page.TooMany" and "Wt.Page.Stopping".
  */
 class WMessageResourceBundle : public WLocalizedStrings
 {
@@ -49,4 +49,4 @@ W_DECLARE_OPERATORS_FOR_FLAGS(WMessageResourceBundle::Scope)
 
 } // namespace Wt
 
-#endif
+#endif // WT_WMESSAGE_RESOURCE_BUNDLE_H_

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WModelIndex>
+#include "base/Value.h"
 
+#include <Wt/WAbstractItemModel>
+#include <Wt/WModelIndex>
+#include <Wt/WString>
 #include <charconv>
 #include <functional>
 #include <limits>
 
-#include <Wt/WAbstractItemModel>
-#include <Wt/WString>
+namespace Wt
+{
 
-#include "base/Value.h"
-
-namespace Wt {
-
-namespace {
+namespace
+{
 
 int depthOf(WModelIndex index)
 {

@@ -2,15 +2,14 @@
 #ifndef WT_WMODEL_INDEX_H_
 #define WT_WMODEL_INDEX_H_
 
+#include <Wt/WGlobal>
+#include <boost/any.hpp>
 #include <set>
 #include <string>
 #include <vector>
 
-#include <boost/any.hpp>
-
-#include <Wt/WGlobal>
-
-namespace Wt {
+namespace Wt
+{
 
 class WAbstractItemModel;
 class WString;
@@ -61,4 +60,4 @@ double asNumber(const boost::any &value);
 
 } // namespace Wt
 
-#endif
+#endif // WT_WMODEL_INDEX_H_

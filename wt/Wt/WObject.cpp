@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WObject>
-
 #include <algorithm>
 #include <atomic>
 
-namespace Wt {
+namespace Wt
+{
 
 struct WObject::Rare {
   explicit Rare(WObject *owner) : destroyed(owner) {}
@@ -12,7 +12,8 @@ struct WObject::Rare {
   Signal<WObject *> destroyed;
 };
 
-namespace {
+namespace
+{
 
 std::uint64_t nextNumber()
 {

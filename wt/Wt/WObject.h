@@ -2,15 +2,16 @@
 #ifndef WT_WOBJECT_H_
 #define WT_WOBJECT_H_
 
+#include "../base/SignalForward.h"
+#include "../base/Slots.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "../base/SignalForward.h"
-#include "../base/Slots.h"
-
-namespace Wt {
+namespace Wt
+{
 
 /// Base of objects that own each other in trees and receive signals. A parent deletes its children; a child
 /// that is deleted first leaves its parent.
@@ -32,8 +33,8 @@ public:
   WObject *parent() const { return parent_; }
 
   /// Unique in the process; begins with the object name, if there is one.
-  // Deviation: the page has an id attribute only for widgets with an object name, which saves much of its size;
-  // id() of the others names nothing there.
+  /// Deviation: the page has an id attribute only for widgets with an object name, which saves much of its
+  /// size; id() of the others names nothing there.
   virtual const std::string id() const;
   void setObjectName(const std::string &name);
   std::string objectName() const;
@@ -62,4 +63,4 @@ private:
 
 #include "WSignal.h"
 
-#endif
+#endif // WT_WOBJECT_H_

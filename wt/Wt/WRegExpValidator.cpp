@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WRegExpValidator>
-
 #include "base/Log.h"
 #include "base/OwnTexts.h"
 #include "base/Pattern.h"
 
-namespace Wt {
+#include <Wt/WRegExpValidator>
+
+namespace Wt
+{
 
 WRegExpValidator::WRegExpValidator(WObject *parent) : WValidator(parent) {}
 
@@ -48,7 +49,8 @@ void WRegExpValidator::setInvalidNoMatchText(const WString &text)
 
 WString WRegExpValidator::invalidNoMatchText() const
 {
-  return noMatchText_ ? *noMatchText_ : WString::fromUTF8(Engine::ownText("Wt.WRegExpValidator.Invalid", "Invalid input"));
+  return noMatchText_ ? *noMatchText_
+                      : WString::fromUTF8(Engine::ownText("Wt.WRegExpValidator.Invalid", "Invalid input"));
 }
 
 WValidator::Result WRegExpValidator::validate(const WString &input) const

@@ -5,9 +5,11 @@
 #include <Wt/WGlobal>
 #include <Wt/WValidator>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Engine {
+namespace Engine
+{
 class Pattern;
 }
 
@@ -40,4 +42,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WREG_EXP_VALIDATOR_H_

@@ -22,10 +22,10 @@ namespace Wt
 namespace
 {
 
-constexpr int reaperMilliseconds = 5000;
+constexpr int kReaperMilliseconds = 5000;
 // Two arenas serve the network thread and the workers; more would only spread the free memory.
-constexpr int mallocArenas = 2;
-constexpr int mallocTrim = 256 * 1024;
+constexpr int kMallocArenas = 2;
+constexpr int kMallocTrim = 256 * 1024;
 
 std::atomic<WServer *> theServer{nullptr};
 
@@ -117,8 +117,8 @@ Engine::SessionConfig WServer::Impl::sessionConfig() const
 WServer::WServer(const std::string &wtApplicationPath, const std::string &wtConfigurationFile)
     : impl_(std::make_unique<Impl>())
 {
-  ::mallopt(M_ARENA_MAX, mallocArenas);
-  ::mallopt(M_TRIM_THRESHOLD, mallocTrim);
+  ::mallopt(M_ARENA_MAX, kMallocArenas);
+  ::mallopt(M_TRIM_THRESHOLD, kMallocTrim);
   impl_->applicationPath = wtApplicationPath;
   impl_->configurationFile = wtConfigurationFile;
   theServer = this;
@@ -215,7 +215,7 @@ bool WServer::start()
 /// Looks for dead sessions now and then, for programs that do not do so themselves.
 void WServer::reap()
 {
-  impl_->scheduler->after(std::chrono::milliseconds(reaperMilliseconds), [this] {
+  impl_->scheduler->after(std::chrono::milliseconds(kReaperMilliseconds), [this] {
     expireSessions();
     reap();
   });

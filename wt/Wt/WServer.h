@@ -72,13 +72,13 @@ public:
   /// Runs the function within the session of that id, which WApplication::sessionId() tells.
   void post(const std::string &sessionId, const boost::function<void()> &function);
 
-  /// The texts where no session runs, such as those of a page that gets none; owned. Before start(). Asked from
-  /// any thread, one at a time.
+  /// The texts where no session runs, such as those of a page that gets none; owned. Before start(). Asked
+  /// from any thread, one at a time.
   void setLocalizedStrings(WLocalizedStrings *strings);
   /// Null unless set.
   WLocalizedStrings *localizedStrings() const;
 
-  // For the toolkit itself
+  /// For the toolkit itself
 
   /// The sessions, or null before start().
   Engine::SessionManager *sessions() const;

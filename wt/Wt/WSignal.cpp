@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WSignal>
 
-namespace Wt {
+namespace Wt
+{
 
 const NoClass NoClass::none = NoClass();
 

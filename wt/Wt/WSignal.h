@@ -2,11 +2,12 @@
 #ifndef WT_WSIGNAL_H_
 #define WT_WSIGNAL_H_
 
-#include <Wt/WObject>
-
 #include "../base/EventAccess.h"
 
-namespace Wt {
+#include <Wt/WObject>
+
+namespace Wt
+{
 
 /// What all signals have in common. Slots run in reverse order of their connection.
 class SignalBase
@@ -57,8 +58,8 @@ public:
       slots_.call(a1, a2, a3, a4, a5, a6);
   }
 
-  void operator()(A1 a1 = NoClass::none, A2 a2 = NoClass::none, A3 a3 = NoClass::none,
-                  A4 a4 = NoClass::none, A5 a5 = NoClass::none, A6 a6 = NoClass::none) const
+  void operator()(A1 a1 = NoClass::none, A2 a2 = NoClass::none, A3 a3 = NoClass::none, A4 a4 = NoClass::none,
+                  A5 a5 = NoClass::none, A6 a6 = NoClass::none) const
   {
     emit(a1, a2, a3, a4, a5, a6);
   }
@@ -129,4 +130,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WSIGNAL_H_

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WSortFilterProxyModel>
-
-#include <algorithm>
-#include <vector>
-
 #include "base/ModelAccess.h"
 #include "base/Pattern.h"
 #include "base/RowMapping.h"
 #include "base/Value.h"
 
-namespace Wt {
+#include <Wt/WSortFilterProxyModel>
+#include <algorithm>
+#include <vector>
+
+namespace Wt
+{
 
 /// Follows the source model and keeps the order of its rows.
 class WSortFilterProxyModel::Impl : public Signals::trackable

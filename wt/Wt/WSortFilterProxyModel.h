@@ -2,12 +2,12 @@
 #ifndef WT_WSORT_FILTER_PROXY_MODEL_H_
 #define WT_WSORT_FILTER_PROXY_MODEL_H_
 
-#include <memory>
-
 #include <Wt/WAbstractProxyModel>
 #include <Wt/WString>
+#include <memory>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Sorts and filters the rows of another model, which it does not own.
 class WSortFilterProxyModel : public WAbstractProxyModel
@@ -68,4 +68,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WSORT_FILTER_PROXY_MODEL_H_

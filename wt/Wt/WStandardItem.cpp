@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WStandardItem>
-
-#include <Wt/WStandardItemModel>
-
 #include "base/ItemCell.h"
 
-namespace Wt {
+#include <Wt/WStandardItem>
+#include <Wt/WStandardItemModel>
+
+namespace Wt
+{
 
 WStandardItem::WStandardItem() : cell_(std::make_unique<Engine::ItemCell>())
 {

@@ -2,19 +2,19 @@
 #ifndef WT_WSTANDARD_ITEM_H_
 #define WT_WSTANDARD_ITEM_H_
 
-#include <memory>
-
-#include <boost/any.hpp>
-
 #include <Wt/WGlobal>
 #include <Wt/WString>
+#include <boost/any.hpp>
+#include <memory>
 
-namespace Wt {
+namespace Wt
+{
 
 class WModelIndex;
 class WStandardItemModel;
 
-namespace Engine {
+namespace Engine
+{
 class ItemCell;
 }
 
@@ -55,11 +55,11 @@ private:
 
   std::unique_ptr<Engine::ItemCell> cell_;
   WStandardItemModel *model_ = nullptr;
-  // Where the model last saw the item.
+  /// Where the model last saw the item.
   mutable int row_ = -1;
   mutable int column_ = -1;
 };
 
 } // namespace Wt
 
-#endif
+#endif // WT_WSTANDARD_ITEM_H_

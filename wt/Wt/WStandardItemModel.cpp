@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WStandardItemModel>
+#include "base/ItemCell.h"
+#include "base/ModelAccess.h"
 
+#include <Wt/WStandardItemModel>
 #include <algorithm>
 #include <iterator>
 #include <numeric>
 
-#include "base/ItemCell.h"
-#include "base/ModelAccess.h"
-
-namespace Wt {
+namespace Wt
+{
 
 using Engine::ItemCell;
 
@@ -226,7 +226,8 @@ boost::any WStandardItemModel::headerData(int section, Orientation orientation, 
   return value == header->end() ? boost::any() : value->second;
 }
 
-bool WStandardItemModel::setHeaderData(int section, Orientation orientation, const boost::any &value, int role)
+bool WStandardItemModel::setHeaderData(int section, Orientation orientation, const boost::any &value,
+                                       int role)
 {
   const int sections = orientation == Horizontal ? columns_ : rowCount();
   if (section < 0 || section >= sections)

@@ -2,19 +2,20 @@
 #ifndef WT_WSTANDARD_ITEM_MODEL_H_
 #define WT_WSTANDARD_ITEM_MODEL_H_
 
+#include <Wt/WAbstractItemModel>
+#include <Wt/WStandardItem>
 #include <map>
 #include <memory>
 #include <vector>
 
-#include <Wt/WAbstractItemModel>
-#include <Wt/WStandardItem>
+namespace Wt
+{
 
-namespace Wt {
-
-namespace Engine {
+namespace Engine
+{
 class ItemCell;
 struct ModelAccess;
-}
+} // namespace Engine
 
 /// A table of values. Cells are compact; a WStandardItem is made only for who asks for one.
 class WStandardItemModel : public WAbstractItemModel
@@ -87,4 +88,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WSTANDARD_ITEM_MODEL_H_

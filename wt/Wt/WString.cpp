@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WString>
+#include "base/StringResolver.h"
+#include "base/Utf8.h"
 
+#include <Wt/WString>
 #include <algorithm>
 #include <atomic>
 #include <charconv>
 #include <ostream>
 
-#include "base/StringResolver.h"
-#include "base/Utf8.h"
-
-namespace Wt {
+namespace Wt
+{
 
 struct WString::Rare {
   std::vector<WString> args;
@@ -19,7 +19,8 @@ struct WString::Rare {
 
 const WString WString::Empty;
 
-namespace {
+namespace
+{
 
 std::atomic<CharEncoding> narrowEncoding{DefaultEncoding};
 

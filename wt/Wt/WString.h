@@ -9,7 +9,8 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 enum CharEncoding { DefaultEncoding, LocalEncoding, UTF8 };
 
@@ -92,4 +93,4 @@ std::wostream &operator<<(std::wostream &out, const WString &text);
 
 } // namespace Wt
 
-#endif
+#endif // WT_WSTRING_H_

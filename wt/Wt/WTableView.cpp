@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTableView>
-
 #include "view/TableElement.h"
 
-namespace Wt {
+#include <Wt/WTableView>
+
+namespace Wt
+{
 
 WTableView::WTableView(WContainerWidget *parent) : WAbstractItemView(parent) {}
 

@@ -4,9 +4,11 @@
 
 #include <Wt/WAbstractItemView>
 
-namespace Wt {
+namespace Wt
+{
 
-/// A list of a model's rows, of which only those in sight are rendered. It scrolls inside: give it a size or a layout.
+/// A list of a model's rows, of which only those in sight are rendered. It scrolls inside: give it a size or
+/// a layout.
 class WTableView : public WAbstractItemView
 {
 public:

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WText>
-
 #include "base/Log.h"
 #include "base/RichText.h"
 #include "dom/Document.h"
 #include "dom/RichContent.h"
 
 #include <Wt/WContainerWidget>
+#include <Wt/WText>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace {
+namespace
+{
 
 /// Most texts have none, and need not be read.
 bool hasMarkup(const std::string &text)

@@ -4,12 +4,13 @@
 
 #include <Wt/WInteractWidget>
 
-namespace Wt {
+namespace Wt
+{
 
 /**
- * A text. XHTMLText that is a literal, or has arguments, is filtered by an allow-list; if it is not well formed the
- * widget turns to PlainText for good. A translated text without arguments is trusted; if it is not well formed it
- * is shown as it stands.
+ * A text. XHTMLText that is a literal, or has arguments, is filtered by an allow-list; if it is not well
+ * formed the widget turns to PlainText for good. A translated text without arguments is trusted; if it is not
+ * well formed it is shown as it stands.
  */
 class WText : public WInteractWidget
 {

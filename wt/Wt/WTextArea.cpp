@@ -11,8 +11,8 @@ namespace
 {
 
 /// The size that the page's runtime gives to every text area by itself.
-constexpr int DefaultColumns = 20;
-constexpr int DefaultRows = 5;
+constexpr int kDefaultColumns = 20;
+constexpr int kDefaultRows = 5;
 
 void setSize(Dom::Element &e, const char *key, int size, int byDefault)
 {
@@ -89,8 +89,8 @@ const char *WTextArea::domTag() const
 void WTextArea::render(Dom::Element &e)
 {
   WFormWidget::render(e);
-  setSize(e, "cols", columns_, DefaultColumns);
-  setSize(e, "rows", rows_, DefaultRows);
+  setSize(e, "cols", columns_, kDefaultColumns);
+  setSize(e, "rows", rows_, kDefaultRows);
   e.set("!sel", "1");
   showValue(e, ".value", content_.toUTF8());
 }

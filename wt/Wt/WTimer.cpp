@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WTimer>
-
 #include "base/EventAccess.h"
 #include "base/RawEvent.h"
 #include "session/Session.h"
 
-namespace Wt {
+#include <Wt/WTimer>
+
+namespace Wt
+{
 
 WTimer::WTimer(WObject *parent) : WObject(parent), timeout_("timeout", this) {}
 
@@ -20,7 +21,8 @@ void WTimer::start()
   Engine::Session *session = Engine::Session::current();
   if (!session)
     return;
-  // Connected late, so that it runs before slots that were connected after the first start, and after the others.
+  // Connected late, so that it runs before slots that were connected after the first start, and after the
+  // others.
   if (!stopConnected_) {
     stopConnected_ = true;
     timeout_.connect(this, &WTimer::stopAfterShot);

@@ -5,12 +5,13 @@
 #include <Wt/WEvent>
 #include <Wt/WObject>
 #include <Wt/WSignal>
-
 #include <cstdint>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Engine {
+namespace Engine
+{
 class Session;
 }
 

@@ -4,7 +4,8 @@
 
 #include <Wt/WBoxLayout>
 
-namespace Wt {
+namespace Wt
+{
 
 /// Items in a column.
 class WVBoxLayout : public WBoxLayout

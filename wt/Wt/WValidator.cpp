@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WValidator>
-
-#include <algorithm>
-
 #include "base/FieldValidation.h"
 #include "base/OwnTexts.h"
 
-namespace Wt {
+#include <Wt/WValidator>
+#include <algorithm>
+
+namespace Wt
+{
 
 WValidator::WValidator(WObject *parent) : WObject(parent) {}
 
@@ -37,7 +37,9 @@ void WValidator::setInvalidBlankText(const WString &text)
 
 WString WValidator::invalidBlankText() const
 {
-  return blankText_ ? *blankText_ : WString::fromUTF8(Engine::ownText("Wt.WValidator.Mandatory", "This field cannot be empty"));
+  return blankText_
+             ? *blankText_
+             : WString::fromUTF8(Engine::ownText("Wt.WValidator.Mandatory", "This field cannot be empty"));
 }
 
 WValidator::Result WValidator::validate(const WString &input) const

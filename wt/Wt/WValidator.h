@@ -2,13 +2,13 @@
 #ifndef WT_WVALIDATOR_H_
 #define WT_WVALIDATOR_H_
 
+#include <Wt/WObject>
+#include <Wt/WString>
 #include <memory>
 #include <vector>
 
-#include <Wt/WObject>
-#include <Wt/WString>
-
-namespace Wt {
+namespace Wt
+{
 
 class WFormWidget;
 
@@ -62,4 +62,4 @@ private:
 
 } // namespace Wt
 
-#endif
+#endif // WT_WVALIDATOR_H_

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/WWebWidget>
-
 #include "base/EventAccess.h"
 #include "base/Log.h"
 #include "base/RawEvent.h"
@@ -13,26 +11,28 @@
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
+#include <Wt/WApplication>
+#include <Wt/WContainerWidget>
+#include <Wt/WWebWidget>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 
-#include <Wt/WApplication>
-#include <Wt/WContainerWidget>
+namespace Wt
+{
 
-namespace Wt {
+namespace
+{
 
-namespace {
-
-const int verticalFlags = AlignBaseline | AlignSub | AlignSuper | AlignTop | AlignTextTop | AlignMiddle | AlignBottom |
-                          AlignTextBottom;
+const int kVerticalFlags = AlignBaseline | AlignSub | AlignSuper | AlignTop | AlignTextTop | AlignMiddle |
+                           AlignBottom | AlignTextBottom;
 
 struct SideKey {
   Side side;
   const char *margin;
 };
-const SideKey sideKeys[] = {
+const SideKey kSideKeys[] = {
     {Top, "*margin-top"}, {Right, "*margin-right"}, {Bottom, "*margin-bottom"}, {Left, "*margin-left"}};
 
 WLength positive(const WLength &length)
@@ -68,21 +68,31 @@ bool containsWord(std::string_view words, std::string_view wanted)
 
 bool inlineByNature(const char *tag)
 {
-  static const char *const tags[] = {"span", "a", "button", "input", "select", "textarea", "img", "label", "form"};
-  return std::any_of(std::begin(tags), std::end(tags), [tag](const char *t) { return std::strcmp(t, tag) == 0; });
+  static const char *const tags[] = {"span",     "a",   "button", "input", "select",
+                                     "textarea", "img", "label",  "form"};
+  return std::any_of(std::begin(tags), std::end(tags),
+                     [tag](const char *t) { return std::strcmp(t, tag) == 0; });
 }
 
 const char *verticalAlignText(AlignmentFlag alignment)
 {
   switch (alignment) {
-  case AlignSub: return "sub";
-  case AlignSuper: return "super";
-  case AlignTop: return "top";
-  case AlignTextTop: return "text-top";
-  case AlignMiddle: return "middle";
-  case AlignBottom: return "bottom";
-  case AlignTextBottom: return "text-bottom";
-  default: return "baseline";
+  case AlignSub:
+    return "sub";
+  case AlignSuper:
+    return "super";
+  case AlignTop:
+    return "top";
+  case AlignTextTop:
+    return "text-top";
+  case AlignMiddle:
+    return "middle";
+  case AlignBottom:
+    return "bottom";
+  case AlignTextBottom:
+    return "text-bottom";
+  default:
+    return "baseline";
   }
 }
 
@@ -179,7 +189,8 @@ WWebWidget *WWebWidget::widgetAbove() const
   return nullptr;
 }
 
-// --- Sizes -------------------------------------------------------------------------------------------------------
+// --- Sizes
+// -------------------------------------------------------------------------------------------------------
 
 void WWebWidget::resize(const WLength &newWidth, const WLength &newHeight)
 {
@@ -240,7 +251,7 @@ void WWebWidget::setMargin(const WLength &margin, WFlags<Side> sides)
 {
   Box &b = box();
   for (int i = 0; i < 4; ++i) {
-    if (sides.value() & sideKeys[i].side) {
+    if (sides.value() & kSideKeys[i].side) {
       b.margins[i] = margin;
       b.marginsSet[i] = true;
     }
@@ -251,15 +262,16 @@ void WWebWidget::setMargin(const WLength &margin, WFlags<Side> sides)
 WLength WWebWidget::margin(Side side) const
 {
   for (int i = 0; i < 4; ++i)
-    if (sideKeys[i].side == side && rare_ && rare_->box)
+    if (kSideKeys[i].side == side && rare_ && rare_->box)
       return rare_->box->margins[i];
   return WLength(0);
 }
 
 void WWebWidget::setVerticalAlignment(AlignmentFlag alignment, const WLength &length)
 {
-  if (alignment & ~verticalFlags) {
-    Engine::log(Engine::LogLevel::Error, "WWebWidget", "setVerticalAlignment: a horizontal alignment was given");
+  if (alignment & ~kVerticalFlags) {
+    Engine::log(Engine::LogLevel::Error, "WWebWidget",
+                "setVerticalAlignment: a horizontal alignment was given");
     return;
   }
   box().verticalAlignment = alignment;
@@ -273,7 +285,8 @@ AlignmentFlag WWebWidget::verticalAlignment() const
   return rare_ && rare_->box ? rare_->box->verticalAlignment : AlignBaseline;
 }
 
-// --- Hidden, disabled, inline ----------------------------------------------------------------------------------------
+// --- Hidden, disabled, inline
+// ----------------------------------------------------------------------------------------
 
 void WWebWidget::setHidden(bool hidden, const WAnimation &animation)
 {
@@ -341,7 +354,8 @@ void WWebWidget::setInline(bool isInline)
   repaint();
 }
 
-// --- Classes, attributes, tool tips --------------------------------------------------------------------------------
+// --- Classes, attributes, tool tips
+// --------------------------------------------------------------------------------
 
 void WWebWidget::setStyleClass(const WString &styleClass)
 {
@@ -404,7 +418,8 @@ void WWebWidget::setAttributeValue(const std::string &name, const WString &value
     return;
   }
   auto &attributes = rare().attributes;
-  const auto known = std::find_if(attributes.begin(), attributes.end(), [&](const auto &a) { return a.first == name; });
+  const auto known =
+      std::find_if(attributes.begin(), attributes.end(), [&](const auto &a) { return a.first == name; });
   if (known == attributes.end())
     attributes.emplace_back(name, value);
   else
@@ -438,7 +453,8 @@ WString WWebWidget::toolTip() const
   return rare_ && rare_->tip ? rare_->tip->text : WString();
 }
 
-// --- Focus, texts, layout sizes ------------------------------------------------------------------------------------
+// --- Focus, texts, layout sizes
+// ------------------------------------------------------------------------------------
 
 void WWebWidget::setFocus(bool focus)
 {
@@ -494,7 +510,8 @@ void WWebWidget::tellLayoutSize(const Engine::RawEvent &event)
     told.back()->layoutSizeChanged(size[0], size[1]);
 }
 
-// --- Signals -------------------------------------------------------------------------------------------------------
+// --- Signals
+// -------------------------------------------------------------------------------------------------------
 
 EventSignalBase *WWebWidget::findSignal(const char *name) const
 {
@@ -537,7 +554,8 @@ void WWebWidget::handleDomEvent(Dom::Element &, const Engine::RawEvent &event)
 
 void WWebWidget::formValue(Dom::Element &, const std::string &) {}
 
-// --- Rendering -----------------------------------------------------------------------------------------------------
+// --- Rendering
+// -----------------------------------------------------------------------------------------------------
 
 const char *WWebWidget::domTag() const
 {
@@ -633,8 +651,8 @@ void WWebWidget::renderHidden(Dom::Element &e)
     return;
   }
   std::string arguments = is ? "1" : "0";
-  for (const int number : {animation->effects().value(), static_cast<int>(animation->timingFunction()),
-                           animation->duration()}) {
+  for (const int number :
+       {animation->effects().value(), static_cast<int>(animation->timingFunction()), animation->duration()}) {
     arguments += ',';
     Dom::appendJsonNumber(arguments, number);
   }
@@ -666,7 +684,7 @@ void WWebWidget::renderMargins(Dom::Element &e)
   const Box &b = *rare_->box;
   for (int i = 0; i < 4; ++i)
     if (b.marginsSet[i])
-      e.set(sideKeys[i].margin, b.margins[i].cssText());
+      e.set(kSideKeys[i].margin, b.margins[i].cssText());
 }
 
 void WWebWidget::renderToolTip(Dom::Element &e)
@@ -679,8 +697,8 @@ void WWebWidget::renderToolTip(Dom::Element &e)
   std::string rich;
   if (!override && tip && tip->format != PlainText && !text.empty()) {
     const bool own = !tip->text.literal() && tip->text.args().empty();
-    const auto parsed = Engine::RichText::parse(text, own ? Engine::RichText::Trust::Program
-                                                          : Engine::RichText::Trust::None);
+    const auto parsed =
+        Engine::RichText::parse(text, own ? Engine::RichText::Trust::Program : Engine::RichText::Trust::None);
     if (parsed)
       rich = Dom::richContent(*parsed);
   }

@@ -2,18 +2,19 @@
 #ifndef WT_WWEBWIDGET_H_
 #define WT_WWEBWIDGET_H_
 
-#include <Wt/WSignal>
-#include <Wt/WWidget>
-
 #include "../dom/Owner.h"
 
+#include <Wt/WSignal>
+#include <Wt/WWidget>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Engine {
+namespace Engine
+{
 class Page;
 }
 
@@ -22,27 +23,27 @@ class Page;
  *
  * The rendering contract, for the toolkit's own widgets:
  *
- * - A widget that changed calls repaint(). That is free for a widget that has no element yet (it renders whole when
- *   its parent first shows it) and for one that is already marked. At the end of each event the session renders
- *   the marked widgets, and only them.
- * - render(e) calls the base's render() first and then sets everything that it wants to be so, at creation and at
- *   each change alike; Dom::Element sends only what differs. It must not create elements.
- * - renderContents(e) comes after it and fills the element. The base places the elements of renderedChildren().
- *   A widget that shows text ("#"), or has parts of its own that are no widgets (a check box's label), overrides it;
- *   it makes the parts with e.document().create(tag, this) once, keeps them until domGone tells of them, and puts
- *   them in place with e.setChildren or place().
+ * - A widget that changed calls repaint(). That is free for a widget that has no element yet (it renders
+ * whole when its parent first shows it) and for one that is already marked. At the end of each event the
+ * session renders the marked widgets, and only them.
+ * - render(e) calls the base's render() first and then sets everything that it wants to be so, at creation
+ * and at each change alike; Dom::Element sends only what differs. It must not create elements.
+ * - renderContents(e) comes after it and fills the element. The base places the elements of
+ * renderedChildren(). A widget that shows text ("#"), or has parts of its own that are no widgets (a check
+ * box's label), overrides it; it makes the parts with e.document().create(tag, this) once, keeps them until
+ * domGone tells of them, and puts them in place with e.setChildren or place().
  * - A hidden child that never was shown is not rendered; showing it marks its parent.
  * - domTag() may change while the widget lives; the element is then made anew.
- * - What the browser reports on any element that the widget owns arrives in handleDomEvent and formValue, only
- *   while the widget is enabled and not covered by a modal dialog. The base delivers events to the signal of that
- *   name. An event that belongs to a behaviour "!name" is called "name" or "name:detail".
+ * - What the browser reports on any element that the widget owns arrives in handleDomEvent and formValue,
+ * only while the widget is enabled and not covered by a modal dialog. The base delivers events to the signal
+ * of that name. An event that belongs to a behaviour "!name" is called "name" or "name:detail".
  *
  * Whose settings are whose on the element of a widget:
  *
  *   own render()      class id title hidden tabindex, aria-* and other attributes, *display *width *height
- *                     *min-width *min-height *max-width *max-height *margin-* *vertical-align, "@" listeners, "!size"
- *   own class         what it adds, under keys that the base does not use
- *   parent's layout   *flex *align-self *justify-self *grid-area *grid-row *grid-column *order *position *inset
+ *                     *min-width *min-height *max-width *max-height *margin-* *vertical-align, "@" listeners,
+ * "!size" own class         what it adds, under keys that the base does not use parent's layout   *flex
+ * *align-self *justify-self *grid-area *grid-row *grid-column *order *position *inset
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
@@ -108,15 +109,15 @@ protected:
   virtual void finishRender(Dom::Element &e);
   /// The children that renderContents() places, in order.
   virtual std::vector<WWidget *> renderedChildren();
-  /// The value of *display, a literal; null leaves it to the style sheets. By default "inline-block" or "block"
-  /// where the widget was set to what its tag is not.
+  /// The value of *display, a literal; null leaves it to the style sheets. By default "inline-block" or
+  /// "block" where the widget was set to what its tag is not.
   virtual const char *displayStyle() const;
   /// Appends " name" for each class that is not in styleClass() but part of the element's class all the same.
   virtual void addOwnClasses(std::string &classes) const;
   /// A text that stands in for the tool tip, or null.
   virtual const WString *toolTipOverride() const;
-  /// The listener's flags (Dom::Element, "@") of an event that is listened to: 'p' prevents the default action,
-  /// 's' stops propagation.
+  /// The listener's flags (Dom::Element, "@") of an event that is listened to: 'p' prevents the default
+  /// action, 's' stops propagation.
   virtual const char *listenerFlags(const char *eventName) const;
   /// The element that gets the keyboard focus; by default the widget's own.
   virtual Dom::Element *focusElement() const { return element_; }
@@ -163,12 +164,7 @@ private:
   friend class WCompositeWidget;
   friend struct Engine::WidgetAccess;
 
-  enum Flag : std::uint16_t {
-    HiddenFlag = 1,
-    DisabledFlag = 2,
-    InlineFlag = 4,
-    SizeAwareFlag = 8
-  };
+  enum Flag : std::uint16_t { HiddenFlag = 1, DisabledFlag = 2, InlineFlag = 4, SizeAwareFlag = 8 };
   struct Box;
   struct Tip;
   struct Rare;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <Wt/WWidget>
 
-namespace Wt {
+namespace Wt
+{
 
-// The parent is told by the classes that have something to show: a widget must exist before it joins its parent.
+// The parent is told by the classes that have something to show: a widget must exist before it joins its
+// parent.
 WWidget::WWidget(WContainerWidget *) : WObject(nullptr) {}
 
 WWidget::~WWidget()

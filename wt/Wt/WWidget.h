@@ -8,12 +8,14 @@
 #include <Wt/WObject>
 #include <Wt/WString>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 class WWebWidget;
 
-namespace Engine {
+namespace Engine
+{
 struct WidgetAccess;
 }
 
@@ -112,8 +114,8 @@ protected:
   /// The content box in whole pixels; told at first layout and at each change.
   virtual void layoutSizeChanged(int width, int height);
 
-  /// The widget that stands in the page for this one: itself, or of a composite what it is made of. Null for a
-  /// composite without implementation.
+  /// The widget that stands in the page for this one: itself, or of a composite what it is made of. Null for
+  /// a composite without implementation.
   virtual WWebWidget *webWidget() const = 0;
 
   /// The widget, or something above it, was enabled or disabled as a whole.

@@ -4,7 +4,8 @@
 
 #include <Wt/WLayoutItem>
 
-namespace Wt {
+namespace Wt
+{
 
 /// The place of a widget. The widget belongs to the container that the layout manages.
 class WWidgetItem : public WLayoutItem

@@ -6,11 +6,13 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// Reads the entity ("&amp;", "&#8364;", "&nbsp;" ...) that begins at `position`, appends its character to `out`
-/// and moves behind it; false, with nothing moved, if there is no known one.
+/// Reads the entity ("&amp;", "&#8364;", "&nbsp;" ...) that begins at `position`, appends its character to
+/// `out` and moves behind it; false, with nothing moved, if there is no known one.
 bool takeEntity(std::string_view text, std::size_t &position, std::string &out);
 
 /// The text with its entities resolved; what is none stays.
@@ -25,4 +27,4 @@ bool isVoidElement(std::string_view name);
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_ENTITIES_H_

@@ -4,8 +4,10 @@
 #include <Wt/WEvent>
 #include <Wt/WSignal>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 void EventAccess::dispatch(EventSignalBase &signal, const RawEvent &event)
 {

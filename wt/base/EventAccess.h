@@ -2,17 +2,19 @@
 #ifndef WT_BASE_EVENT_ACCESS_H_
 #define WT_BASE_EVENT_ACCESS_H_
 
-#include <type_traits>
-
 #include "RawEvent.h"
 #include "SignalForward.h"
 
-namespace Wt {
+#include <type_traits>
+
+namespace Wt
+{
 
 class EventSignalBase;
 class WEvent;
 
-namespace Engine {
+namespace Engine
+{
 
 /// The engine's way to emit browser signals and to make event objects, which the public API does not offer.
 struct EventAccess {
@@ -36,4 +38,4 @@ struct EventAccess {
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_EVENT_ACCESS_H_

@@ -5,8 +5,10 @@
 #include <cmath>
 #include <type_traits>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 const std::string *ArgumentReader::next()
 {

@@ -2,16 +2,17 @@
 #ifndef WT_BASE_EVENT_ARGUMENTS_H_
 #define WT_BASE_EVENT_ARGUMENTS_H_
 
-#include <cstddef>
-#include <string>
+#include "RawEvent.h"
 
 #include <Wt/WEvent>
 #include <Wt/WString>
+#include <cstddef>
+#include <string>
 
-#include "RawEvent.h"
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// Takes the arguments of a script's event one after another; false when one is missing or does not convert.
 class ArgumentReader
@@ -43,4 +44,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_EVENT_ARGUMENTS_H_

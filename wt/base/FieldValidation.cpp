@@ -3,10 +3,13 @@
 
 #include <atomic>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 std::atomic<void (*)(WFormWidget *)> validateHook{nullptr};
 std::atomic<void (*)(WFormWidget *)> lostValidatorHook{nullptr};

@@ -2,13 +2,16 @@
 #ifndef WT_BASE_FIELD_VALIDATION_H_
 #define WT_BASE_FIELD_VALIDATION_H_
 
-namespace Wt {
+namespace Wt
+{
 
 class WFormWidget;
 
-namespace Engine {
+namespace Engine
+{
 
-/// What a validator asks of the fields that use it; set once by the form widgets, which validators do not know.
+/// What a validator asks of the fields that use it; set once by the form widgets, which validators do not
+/// know.
 struct FieldHooks {
   void (*validate)(WFormWidget *field);      ///< the validator changed: validate anew
   void (*lostValidator)(WFormWidget *field); ///< the validator is being deleted: forget it
@@ -21,4 +24,4 @@ void fieldLostValidator(WFormWidget *field);
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_FIELD_VALIDATION_H_

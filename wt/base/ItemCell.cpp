@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "base/ItemCell.h"
 
+#include <Wt/WStandardItem>
 #include <utility>
 
-#include <Wt/WStandardItem>
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 ItemCell::ItemCell() = default;
 

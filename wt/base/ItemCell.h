@@ -2,18 +2,18 @@
 #ifndef WT_BASE_ITEM_CELL_H_
 #define WT_BASE_ITEM_CELL_H_
 
+#include <Wt/WGlobal>
+#include <boost/any.hpp>
 #include <map>
 #include <memory>
 
-#include <boost/any.hpp>
-
-#include <Wt/WGlobal>
-
-namespace Wt {
+namespace Wt
+{
 
 class WStandardItem;
 
-namespace Engine {
+namespace Engine
+{
 
 /// The data of one cell, kept small because a list has tens of thousands: the displayed value, flags, and a
 /// pointer to all that is rare. Once somebody has asked for the cell's item, the item has the data.
@@ -58,4 +58,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_ITEM_CELL_H_

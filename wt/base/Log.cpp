@@ -8,10 +8,13 @@
 #include <memory>
 #include <mutex>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 std::atomic<LogLevel> lowestLevel{LogLevel::Info};
 

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "base/Matcher.h"
 
-#include <cwctype>
-
 #include "base/Utf8.h"
 #include "base/Value.h"
 
-namespace Wt {
-namespace Engine {
+#include <cwctype>
 
-namespace {
+namespace Wt
+{
+namespace Engine
+{
 
-const int KindMask = 0xf;
+namespace
+{
+
+const int kKindMask = 0xf;
 
 std::string folded(const std::string &text)
 {
@@ -41,7 +44,7 @@ std::string expressionOfWildCard(const std::string &wildCard)
 } // namespace
 
 Matcher::Matcher(const boost::any &value, WFlags<MatchFlag> flags)
-    : value_(value), text_(valueText(value)), kind_(flags.value() & KindMask),
+    : value_(value), text_(valueText(value)), kind_(flags.value() & kKindMask),
       caseSensitive_((flags & MatchCaseSensitive).value() != 0)
 {
   if (kind_ == MatchRegExp)

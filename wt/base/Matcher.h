@@ -2,17 +2,17 @@
 #ifndef WT_BASE_MATCHER_H_
 #define WT_BASE_MATCHER_H_
 
+#include "base/Pattern.h"
+
+#include <Wt/WGlobal>
+#include <boost/any.hpp>
 #include <memory>
 #include <string>
 
-#include <boost/any.hpp>
-
-#include <Wt/WGlobal>
-
-#include "base/Pattern.h"
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// Compares model values with one value in the way that the flags say.
 class Matcher
@@ -33,4 +33,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_MATCHER_H_

@@ -1,28 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "base/MessageFile.h"
 
-#include <cstring>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <mutex>
-
-#include <pugixml.hpp>
-#include <sys/stat.h>
-
 #include "base/Entities.h"
 #include "base/Log.h"
 #include "base/PluralRule.h"
 #include "base/Utf8.h"
 
-namespace Wt {
-namespace Engine {
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <mutex>
+#include <pugixml.hpp>
+#include <sys/stat.h>
 
-namespace {
+namespace Wt
+{
+namespace Engine
+{
 
-const std::size_t LargestFile = 16 * 1024 * 1024;
-const int MostPluralForms = 16;
-const int DeepestMarkup = 100;
+namespace
+{
+
+const std::size_t kLargestFile = 16 * 1024 * 1024;
+const int kMostPluralForms = 16;
+const int kDeepestMarkup = 100;
 
 /// Writes the content of a message as the markup that it was.
 class MarkupWriter
@@ -40,7 +42,7 @@ private:
     for (const pugi::xml_node &child : parent.children()) {
       if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
         out_ += child.value();
-      else if (child.type() == pugi::node_element && depth < DeepestMarkup)
+      else if (child.type() == pugi::node_element && depth < kDeepestMarkup)
         writeElement(child, depth);
     }
   }
@@ -122,7 +124,7 @@ struct Entry {
 
 std::shared_ptr<const MessageFile> MessageFile::parse(const char *data, std::size_t size, std::string &error)
 {
-  if (size > LargestFile) {
+  if (size > kLargestFile) {
     error = "too large";
     return nullptr;
   }
@@ -132,12 +134,12 @@ std::shared_ptr<const MessageFile> MessageFile::parse(const char *data, std::siz
   const pugi::xml_parse_result outcome = document.load_buffer(data, size, flags);
   const pugi::xml_node root = document.document_element();
   if (!outcome || std::strcmp(root.name(), "messages") != 0) {
-    error = outcome ? "has no <messages>" : std::string(outcome.description()) + " at byte " +
-                                                std::to_string(outcome.offset);
+    error = outcome ? "has no <messages>"
+                    : std::string(outcome.description()) + " at byte " + std::to_string(outcome.offset);
     return nullptr;
   }
   auto file = std::make_shared<MessageFile>();
-  file->pluralForms_ = std::min(root.attribute("nplurals").as_int(), MostPluralForms);
+  file->pluralForms_ = std::min(root.attribute("nplurals").as_int(), kMostPluralForms);
   file->pluralRule_ = decodeEntities(root.attribute("plural").value());
   for (const pugi::xml_node &message : root.children("message")) {
     const std::string key = validUtf8(decodeEntities(message.attribute("id").value()));

@@ -8,8 +8,10 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// The texts of one file of translated messages. Not changed once read, so all sessions share it.
 class MessageFile
@@ -39,4 +41,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_MESSAGE_FILE_H_

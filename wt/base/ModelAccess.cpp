@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "base/ModelAccess.h"
 
-#include <typeinfo>
-
-#include <Wt/WStandardItemModel>
-
 #include "base/ItemCell.h"
 #include "base/Value.h"
 
-namespace Wt {
-namespace Engine {
+#include <Wt/WStandardItemModel>
+#include <typeinfo>
+
+namespace Wt
+{
+namespace Engine
+{
 
 const boost::any *ModelAccess::peek(const WAbstractItemModel &model, const WModelIndex &index, int role)
 {

@@ -4,12 +4,14 @@
 
 #include <boost/any.hpp>
 
-namespace Wt {
+namespace Wt
+{
 
 class WAbstractItemModel;
 class WModelIndex;
 
-namespace Engine {
+namespace Engine
+{
 
 /// Shortcuts into models whose insides the toolkit knows.
 struct ModelAccess {
@@ -18,9 +20,10 @@ struct ModelAccess {
 };
 
 /// Compares two cells of a model by their values of a role, without copies where that can be.
-int compareCells(const WAbstractItemModel &model, const WModelIndex &left, const WModelIndex &right, int role);
+int compareCells(const WAbstractItemModel &model, const WModelIndex &left, const WModelIndex &right,
+                 int role);
 
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_MODEL_ACCESS_H_

@@ -17,7 +17,7 @@ struct ScriptText {
   const char *key;
 };
 
-const ScriptText scriptTexts[] = {
+const ScriptText kScriptTexts[] = {
     {"lost", "Wt.Page.ConnectionLost"},
     {"ended", "Wt.QuittedMessage"},
     {"move", "Wt.WDialog.Move"},
@@ -35,7 +35,7 @@ std::string ownText(const char *key, const char *english)
 std::string ownScriptTexts()
 {
   std::string json;
-  for (const ScriptText &script : scriptTexts) {
+  for (const ScriptText &script : kScriptTexts) {
     std::string text;
     if (!resolveString(script.key, text))
       continue;

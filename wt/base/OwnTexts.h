@@ -9,11 +9,12 @@ namespace Wt
 namespace Engine
 {
 
-/// A sentence of the toolkit itself: what the application, or without a session the server, has for the key, else
-/// the English one.
+/// A sentence of the toolkit itself: what the application, or without a session the server, has for the key,
+/// else the English one.
 std::string ownText(const char *key, const char *english);
 
-/// The sentences of the page's script that the application has its own for, as a JSON object of names and texts.
+/// The sentences of the page's script that the application has its own for, as a JSON object of names and
+/// texts.
 std::string ownScriptTexts();
 
 } // namespace Engine

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "base/Pattern.h"
 
+#include "base/PatternCompiler.h"
+
 #include <map>
 #include <mutex>
 
-#include "base/PatternCompiler.h"
+namespace Wt
+{
+namespace Engine
+{
 
-namespace Wt {
-namespace Engine {
-
-namespace {
+namespace
+{
 
 /// The places of the machine that are reached after the same part of the text.
 class Front

@@ -8,12 +8,14 @@
 #include <string_view>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// A regular expression over bytes: literals, classes, groups, alternatives, repeats, ^ and $; look-around and
-/// back-references are not part of it. Matching walks all alternatives at once, so its time is the length of the
-/// text times the size of the pattern, whatever either holds. Never throws.
+/// A regular expression over bytes: literals, classes, groups, alternatives, repeats, ^ and $; look-around
+/// and back-references are not part of it. Matching walks all alternatives at once, so its time is the length
+/// of the text times the size of the pattern, whatever either holds. Never throws.
 class Pattern
 {
 public:
@@ -49,4 +51,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_PATTERN_H_

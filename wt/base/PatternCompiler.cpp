@@ -5,16 +5,19 @@
 #include <charconv>
 #include <cstring>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
-const int DeepestNesting = 100;
-const int HighestCount = 10000;
-const int Unbounded = -1;
-const std::size_t LongestProgram = 30000;
-const std::size_t MostSteps = 200000;
+const int kDeepestNesting = 100;
+const int kHighestCount = 10000;
+const int kUnbounded = -1;
+const std::size_t kLongestProgram = 30000;
+const std::size_t kMostSteps = 200000;
 
 typedef Pattern::ByteSet ByteSet;
 typedef Pattern::Operation Operation;
@@ -37,10 +40,10 @@ struct NamedClass {
   int (*test)(int byte);
 };
 
-const NamedClass namedClasses[] = {
-    {"alnum", std::isalnum}, {"alpha", std::isalpha}, {"blank", std::isblank},   {"cntrl", std::iscntrl},
-    {"digit", std::isdigit}, {"graph", std::isgraph}, {"lower", std::islower},   {"print", std::isprint},
-    {"punct", std::ispunct}, {"space", std::isspace}, {"upper", std::isupper},   {"xdigit", std::isxdigit},
+const NamedClass kNamedClasses[] = {
+    {"alnum", std::isalnum}, {"alpha", std::isalpha}, {"blank", std::isblank}, {"cntrl", std::iscntrl},
+    {"digit", std::isdigit}, {"graph", std::isgraph}, {"lower", std::islower}, {"print", std::isprint},
+    {"punct", std::ispunct}, {"space", std::isspace}, {"upper", std::isupper}, {"xdigit", std::isxdigit},
 };
 
 /// The set that \d, \w, \s or their capitals stand for.
@@ -110,7 +113,7 @@ bool PatternCompiler::take(char expected)
 
 PatternCompiler::NodePtr PatternCompiler::parseAlternatives(int depth)
 {
-  if (depth > DeepestNesting)
+  if (depth > kDeepestNesting)
     return fail("nested too deeply");
   auto result = std::make_unique<Node>(Node::Alternatives);
   do {
@@ -176,7 +179,7 @@ PatternCompiler::NodePtr PatternCompiler::parseRepeats(NodePtr atom)
 {
   // A possessive or a repeated repeat is not well-formed; the lazy mark makes no difference to a whole match.
   int least = 0;
-  int most = Unbounded;
+  int most = kUnbounded;
   if (take('*')) {
   } else if (take('+')) {
     least = 1;
@@ -202,7 +205,7 @@ bool PatternCompiler::parseNumber(int &number)
 {
   const char *begin = pattern_.data() + position_;
   const auto [end, error] = std::from_chars(begin, pattern_.data() + pattern_.size(), number);
-  if (error != std::errc() || number < 0 || number > HighestCount)
+  if (error != std::errc() || number < 0 || number > kHighestCount)
     return false;
   position_ += static_cast<std::size_t>(end - begin);
   return true;
@@ -214,7 +217,7 @@ bool PatternCompiler::parseCount(int &least, int &most)
     return false;
   most = least;
   if (take(',')) {
-    most = Unbounded;
+    most = kUnbounded;
     if (!atEnd() && peek() != '}' && (!parseNumber(most) || most < least))
       return false;
   }
@@ -303,8 +306,9 @@ PatternCompiler::NodePtr PatternCompiler::parseClass()
 bool PatternCompiler::parseNamedClass(ByteSet &set)
 {
   const std::size_t end = pattern_.find(":]", position_);
-  const std::string name = end == std::string::npos ? "" : pattern_.substr(position_ + 1, end - position_ - 1);
-  for (const NamedClass &known : namedClasses) {
+  const std::string name =
+      end == std::string::npos ? "" : pattern_.substr(position_ + 1, end - position_ - 1);
+  for (const NamedClass &known : kNamedClasses) {
     if (name == known.name) {
       set |= setOf([&known](int byte) { return known.test(byte) != 0; });
       position_ = end + 2;
@@ -330,8 +334,8 @@ bool PatternCompiler::parseClassItem(ByteSet &set)
   int from = 0;
   if (!readOne(one, from))
     return false;
-  const bool range = from >= 0 && position_ + 1 < pattern_.size() && peek() == '-' &&
-                     pattern_[position_ + 1] != ']';
+  const bool range =
+      from >= 0 && position_ + 1 < pattern_.size() && peek() == '-' && pattern_[position_ + 1] != ']';
   if (range) {
     ++position_;
     ByteSet last;
@@ -364,7 +368,7 @@ unsigned PatternCompiler::add(Operation operation, unsigned first, unsigned seco
 
 bool PatternCompiler::write(const Node &node)
 {
-  if (program_.size() > LongestProgram || ++steps_ > MostSteps)
+  if (program_.size() > kLongestProgram || ++steps_ > kMostSteps)
     return false;
   switch (node.kind) {
   case Node::Empty:
@@ -417,14 +421,14 @@ bool PatternCompiler::writeRepeat(const Node &node)
     if (!write(child))
       return false;
   std::vector<unsigned> splits;
-  const int optional = node.most == Unbounded ? 1 : node.most - node.least;
+  const int optional = node.most == kUnbounded ? 1 : node.most - node.least;
   for (int i = 0; i < optional; ++i) {
     const unsigned split = add(Operation::Split);
     program_[split].first = split + 1;
     splits.push_back(split);
     if (!write(child))
       return false;
-    if (node.most == Unbounded)
+    if (node.most == kUnbounded)
       add(Operation::Jump, split);
   }
   for (unsigned split : splits)

@@ -2,14 +2,16 @@
 #ifndef WT_BASE_PATTERN_COMPILER_H_
 #define WT_BASE_PATTERN_COMPILER_H_
 
+#include "base/Pattern.h"
+
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "base/Pattern.h"
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// Makes the matching machine of a pattern.
 class PatternCompiler
@@ -26,7 +28,7 @@ private:
   struct Node;
   typedef std::unique_ptr<Node> NodePtr;
 
-  // Parsing; null after an error.
+  /// Parsing; null after an error.
   NodePtr parseAlternatives(int depth);
   NodePtr parseSequence(int depth);
   NodePtr parseAtom(int depth);
@@ -46,7 +48,7 @@ private:
   char peek() const { return pattern_[position_]; }
   bool take(char expected);
 
-  // Writing the program; false when it grows too large.
+  /// Writing the program; false when it grows too large.
   bool write(const Node &node);
   bool writeAlternatives(const Node &node);
   bool writeRepeat(const Node &node);
@@ -65,4 +67,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_PATTERN_COMPILER_H_

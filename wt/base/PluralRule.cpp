@@ -3,12 +3,15 @@
 
 #include <charconv>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
-const int DeepestNesting = 100;
+const int kDeepestNesting = 100;
 
 struct Operator {
   const char *text;
@@ -17,7 +20,7 @@ struct Operator {
 };
 
 // Longer ones first, so that "<=" is not taken for "<".
-const Operator operators[] = {
+const Operator kOperators[] = {
     {"||", 1, [](std::uint64_t l, std::uint64_t r) -> std::uint64_t { return l || r; }},
     {"&&", 2, [](std::uint64_t l, std::uint64_t r) -> std::uint64_t { return l && r; }},
     {"==", 3, [](std::uint64_t l, std::uint64_t r) -> std::uint64_t { return l == r; }},
@@ -49,7 +52,7 @@ public:
 private:
   std::uint64_t choice()
   {
-    if (++depth_ > DeepestNesting)
+    if (++depth_ > kDeepestNesting)
       failed_ = true;
     std::uint64_t value = failed_ ? 0 : binary(1);
     if (!failed_ && take("?")) {
@@ -75,7 +78,7 @@ private:
 
   const Operator *nextOperator(int level)
   {
-    for (const Operator &candidate : operators) {
+    for (const Operator &candidate : kOperators) {
       const std::size_t before = position_;
       if (!take(candidate.text))
         continue;

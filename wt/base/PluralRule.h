@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// The rule by which a language chooses among its plural forms: an expression in C's manner on the amount n, such
-/// as "n==1 ? 0 : 1".
+/// The rule by which a language chooses among its plural forms: an expression in C's manner on the amount n,
+/// such as "n==1 ? 0 : 1".
 class PluralRule
 {
 public:
@@ -25,4 +27,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_PLURAL_RULE_H_

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// One event as the browser told it; fields that it did not give stay at their defaults.
 struct RawEvent {
@@ -35,4 +37,4 @@ struct RawEvent {
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_RAW_EVENT_H_

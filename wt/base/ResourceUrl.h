@@ -4,11 +4,13 @@
 
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 class WResource;
 
-namespace Engine {
+namespace Engine
+{
 
 /// How a link learns the URL of a resource; set by the engine, until then it is "". Gives back the former.
 typedef std::string (*ResourceUrlSource)(WResource *resource);
@@ -18,4 +20,4 @@ std::string resourceUrl(WResource *resource);
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_RESOURCE_URL_H_

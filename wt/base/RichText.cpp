@@ -1,21 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "base/RichText.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "base/Entities.h"
 #include "base/RichTextPolicy.h"
 #include "base/Utf8.h"
 
-namespace Wt {
-namespace Engine {
+#include <algorithm>
+#include <cctype>
 
-namespace {
+namespace Wt
+{
+namespace Engine
+{
 
-const std::size_t LongestText = 512 * 1024;
-const std::size_t DeepestNesting = 64;
-const std::size_t MostAttributes = 64;
+namespace
+{
+
+const std::size_t kLongestText = 512 * 1024;
+const std::size_t kDeepestNesting = 64;
+const std::size_t kMostAttributes = 64;
 
 bool isBlank(char c)
 {
@@ -174,7 +177,7 @@ private:
   {
     ++position_;
     const std::string_view name = parseName();
-    if (name.empty() || open_.size() > DeepestNesting)
+    if (name.empty() || open_.size() > kDeepestNesting)
       return false;
     Open element;
     element.name = name;
@@ -202,7 +205,7 @@ private:
       const bool separated = position_ != before;
       const std::string_view name = parseName();
       std::string value;
-      if (!separated || name.empty() || seen.size() == MostAttributes ||
+      if (!separated || name.empty() || seen.size() == kMostAttributes ||
           std::find(seen.begin(), seen.end(), name) != seen.end() || !parseValue(value))
         return false;
       seen.push_back(name);
@@ -279,7 +282,7 @@ void writeText(const std::vector<RichNode> &nodes, std::string &out)
 
 std::optional<RichText> RichText::parse(const std::string &markup, Trust trust)
 {
-  if (markup.size() > LongestText || hasControlCharacter(markup))
+  if (markup.size() > kLongestText || hasControlCharacter(markup))
     return std::nullopt;
   const std::string valid = validUtf8(markup);
   Parser parser(valid, trust);

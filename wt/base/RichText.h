@@ -8,8 +8,10 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// A piece of rich text: an element, or text if it has no tag.
 struct RichNode {
@@ -21,8 +23,8 @@ struct RichNode {
   bool isText() const { return tag.empty(); }
 };
 
-/// XHTML text, parsed and reduced to the elements and attributes that cannot do harm. It is rendered from the tree;
-/// no browser ever parses markup that came this way.
+/// XHTML text, parsed and reduced to the elements and attributes that cannot do harm. It is rendered from the
+/// tree; no browser ever parses markup that came this way.
 class RichText
 {
 public:
@@ -50,4 +52,4 @@ bool isHarmlessUrl(std::string_view url);
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_RICH_TEXT_H_

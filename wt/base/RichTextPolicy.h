@@ -2,13 +2,15 @@
 #ifndef WT_BASE_RICH_TEXT_POLICY_H_
 #define WT_BASE_RICH_TEXT_POLICY_H_
 
+#include "base/RichText.h"
+
 #include <string>
 #include <string_view>
 
-#include "base/RichText.h"
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// Whether the element (in lower case) may stay; else it goes with its content.
 bool isAllowedElement(std::string_view name);
@@ -19,4 +21,4 @@ bool isAllowedAttribute(std::string_view name, std::string_view value, RichText:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_RICH_TEXT_POLICY_H_

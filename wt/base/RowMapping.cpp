@@ -3,13 +3,16 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 /// How far from its hint a row is looked for before all hints are made anew.
-const int FarthestLook = 64;
+const int kFarthestLook = 64;
 
 } // namespace
 
@@ -33,7 +36,7 @@ int RowMapping::position(int sourceRow) const
   int &hint = hints_[static_cast<std::size_t>(sourceRow)];
   if (hint < 0)
     return -1;
-  for (int distance = 0; distance <= FarthestLook; ++distance) {
+  for (int distance = 0; distance <= kFarthestLook; ++distance) {
     for (int candidate : {hint - distance, hint + distance}) {
       if (candidate >= 0 && candidate < size() && source(candidate) == sourceRow)
         return hint = candidate;

@@ -4,11 +4,13 @@
 
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// Which source row stands at which position, and back. The way back is kept as hints, which are mended when they
-/// prove too old, so that a list can be rebuilt row by row without renumbering all rows each time.
+/// Which source row stands at which position, and back. The way back is kept as hints, which are mended when
+/// they prove too old, so that a list can be rebuilt row by row without renumbering all rows each time.
 class RowMapping
 {
 public:
@@ -39,4 +41,4 @@ private:
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_ROW_MAPPING_H_

@@ -2,7 +2,8 @@
 #ifndef WT_BASE_SIGNAL_FORWARD_H_
 #define WT_BASE_SIGNAL_FORWARD_H_
 
-namespace Wt {
+namespace Wt
+{
 
 /// Stands for an argument that a signal does not have.
 struct NoClass {
@@ -13,11 +14,12 @@ template <typename A1 = NoClass, typename A2 = NoClass, typename A3 = NoClass, t
           typename A5 = NoClass, typename A6 = NoClass>
 class Signal;
 
-namespace Engine {
+namespace Engine
+{
 struct RawEvent;
 struct EventAccess;
 } // namespace Engine
 
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_SIGNAL_FORWARD_H_

@@ -3,9 +3,12 @@
 
 #include <Wt/WObject>
 
-namespace Wt {
-namespace Signals {
-namespace Impl {
+namespace Wt
+{
+namespace Signals
+{
+namespace Impl
+{
 
 void Track::attach(trackable &object)
 {

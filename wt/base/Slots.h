@@ -2,31 +2,33 @@
 #ifndef WT_BASE_SLOTS_H_
 #define WT_BASE_SLOTS_H_
 
+#include <boost/bind.hpp>
+#include <boost/ref.hpp>
+#include <boost/visit_each.hpp>
 #include <cstddef>
 #include <memory>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 
-#include <boost/bind.hpp>
-#include <boost/ref.hpp>
-#include <boost/visit_each.hpp>
+/// The machinery under Signal, EventSignal and JSignal.
+///
+/// A signal owns a SlotList, made at the first connect(). The list owns its slots, newest first, and outlives
+/// its signal while one of its slots runs. A slot that is disconnected meanwhile is marked only, and swept
+/// when the outermost emission ends. Nothing here locks: a signal and its receivers belong to one session.
 
-// The machinery under Signal, EventSignal and JSignal.
-//
-// A signal owns a SlotList, made at the first connect(). The list owns its slots, newest first, and outlives
-// its signal while one of its slots runs. A slot that is disconnected meanwhile is marked only, and swept when
-// the outermost emission ends. Nothing here locks: a signal and its receivers belong to one session.
-
-namespace Wt {
+namespace Wt
+{
 
 class WObject;
 
-namespace Signals {
+namespace Signals
+{
 
 class trackable;
 
-namespace Impl {
+namespace Impl
+{
 
 class Slot;
 class SlotList;
@@ -156,7 +158,8 @@ private:
   Impl::Slot *slot_ = nullptr;
 };
 
-namespace Impl {
+namespace Impl
+{
 
 /// A slot that takes the arguments A.
 template <typename... A> class CallableSlot : public Slot
@@ -294,4 +297,4 @@ private:
 } // namespace Signals
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_SLOTS_H_

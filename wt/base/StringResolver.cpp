@@ -3,10 +3,13 @@
 
 #include <atomic>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 std::atomic<StringResolver> stringResolver{nullptr};
 std::atomic<PluralResolver> pluralResolver{nullptr};

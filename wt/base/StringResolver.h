@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-// The seams through which texts reach the session that runs on this thread. The engine sets each once, before
-// it serves; until then no key resolves and the locale is "".
+/// The seams through which texts reach the session that runs on this thread. The engine sets each once,
+/// before it serves; until then no key resolves and the locale is "".
 
 /// Puts the text of a key into `result`; false if the key is unknown or no session runs.
 typedef bool (*StringResolver)(const std::string &key, std::string &result);
@@ -18,7 +20,7 @@ typedef bool (*PluralResolver)(const std::string &key, std::string &result, std:
 /// The name of the session's locale, such as "en-GB".
 typedef std::string (*LocaleSource)();
 
-// Each gives back what was set before.
+/// Each gives back what was set before.
 StringResolver setStringResolver(StringResolver resolver);
 PluralResolver setPluralResolver(PluralResolver resolver);
 LocaleSource setLocaleSource(LocaleSource source);
@@ -30,4 +32,4 @@ std::string currentLocaleName();
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_STRING_RESOLVER_H_

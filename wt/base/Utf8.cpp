@@ -3,10 +3,13 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 typedef std::codecvt<wchar_t, char, std::mbstate_t> Codec;
 

@@ -7,8 +7,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 bool isAscii(std::string_view text);
 
@@ -31,4 +33,4 @@ std::string narrow(const std::wstring &text, const std::locale &locale);
 } // namespace Engine
 } // namespace Wt
 
-#endif
+#endif // WT_BASE_UTF8_H_

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "base/Value.h"
 
+#include <Wt/WString>
 #include <charconv>
 #include <type_traits>
 #include <typeinfo>
 
-#include <Wt/WString>
+namespace Wt
+{
+namespace Engine
+{
 
-namespace Wt {
-namespace Engine {
-
-namespace {
+namespace
+{
 
 template <typename T> std::string textOf(const T &value)
 {
@@ -57,17 +59,29 @@ template <typename T> Type describe()
 }
 
 // The usual ones first.
-const Type types[] = {
-    describe<std::string>(), describe<WString>(),        describe<unsigned>(),      describe<int>(),
-    describe<double>(),      describe<bool>(),           describe<const char *>(),  describe<char *>(),
-    describe<std::wstring>(), describe<long>(),          describe<unsigned long>(), describe<long long>(),
-    describe<unsigned long long>(), describe<short>(),   describe<unsigned short>(), describe<float>(),
+const Type kTypes[] = {
+    describe<std::string>(),
+    describe<WString>(),
+    describe<unsigned>(),
+    describe<int>(),
+    describe<double>(),
+    describe<bool>(),
+    describe<const char *>(),
+    describe<char *>(),
+    describe<std::wstring>(),
+    describe<long>(),
+    describe<unsigned long>(),
+    describe<long long>(),
+    describe<unsigned long long>(),
+    describe<short>(),
+    describe<unsigned short>(),
+    describe<float>(),
 };
 
 const Type *typeOf(const boost::any &value)
 {
   const std::type_info &type = value.type();
-  for (const Type &known : types)
+  for (const Type &known : kTypes)
     if (*known.type == type)
       return &known;
   return nullptr;

@@ -4,8 +4,10 @@
 
 #include <string_view>
 
-namespace Wt {
-namespace Browser {
+namespace Wt
+{
+namespace Browser
+{
 
 /// The text of the browser's runtime, an ES module.
 std::string_view script();

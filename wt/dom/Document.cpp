@@ -3,8 +3,10 @@
 
 #include "dom/JsonText.h"
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
 Document::Document()
 {

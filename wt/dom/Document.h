@@ -12,15 +12,17 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
 /**
  * The mirror of a session's page, and the writer of what the browser must do to follow it.
  *
  * Operations, as the elements of a JSON array, are gathered until take():
- *   ["c", parent, before, tree]  make a tree as a child of `parent`, before the element `before` (0: at the end);
- *                                tree: [id, tag, {settings}, child...]
+ *   ["c", parent, before, tree]  make a tree as a child of `parent`, before the element `before` (0: at the
+ * end); tree: [id, tag, {settings}, child...]
  *   ["s", id, {key: value}]      change settings; null takes one away
  *   ["m", id, parent, before]    move
  *   ["r", id]                    remove
@@ -48,8 +50,8 @@ public:
   /// The element of that number, or null: what a browser says need not be true.
   Element *find(Element::Id id) const;
 
-  /// A copy of `text` that lives as long as the document and can serve as a key or tag. Equal texts give equal
-  /// pointers. For names that are not literals; bounded by what the application itself makes up.
+  /// A copy of `text` that lives as long as the document and can serve as a key or tag. Equal texts give
+  /// equal pointers. For names that are not literals; bounded by what the application itself makes up.
   const char *intern(std::string_view text);
 
   /// Sends a command to the page; `arguments` is the inside of a JSON array.

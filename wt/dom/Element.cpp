@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cstring>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
 Element::Element(Document &document, Id id, const char *tag, Owner *owner)
     : document_(document), tag_(tag), owner_(owner), id_(id)
@@ -130,7 +132,8 @@ void Element::setChildren(const std::vector<Element *> &children)
         child->serialize(out);
         out += ']';
       } else if (child->attached_) {
-        // Taken out of the page into a tree that is not yet in it: the browser will get it anew with that tree.
+        // Taken out of the page into a tree that is not yet in it: the browser will get it anew with that
+        // tree.
         std::string &out = document_.operation("r", child->id_);
         out += ']';
         child->setAttached(false);

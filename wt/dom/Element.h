@@ -9,8 +9,10 @@
 #include <string_view>
 #include <vector>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
 class Document;
 

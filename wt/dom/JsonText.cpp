@@ -3,12 +3,15 @@
 
 #include <charconv>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
-namespace {
+namespace
+{
 
-const char replacement[] = "\xEF\xBF\xBD";
+const char kReplacement[] = "\xEF\xBF\xBD";
 
 /// Length of the valid UTF-8 sequence at `p`, 0 if there is none.
 std::size_t sequenceLength(const unsigned char *p, std::size_t left)
@@ -42,10 +45,17 @@ void appendControl(std::string &out, unsigned char c)
 {
   static const char digits[] = "0123456789abcdef";
   switch (c) {
-  case '\n': out += "\\n"; return;
-  case '\t': out += "\\t"; return;
-  case '\r': out += "\\r"; return;
-  default: break;
+  case '\n':
+    out += "\\n";
+    return;
+  case '\t':
+    out += "\\t";
+    return;
+  case '\r':
+    out += "\\r";
+    return;
+  default:
+    break;
   }
   out += "\\u00";
   out += digits[c >> 4];
@@ -75,7 +85,7 @@ void appendJsonString(std::string &out, std::string_view text)
       out.append(text.data() + i, length);
       i += length;
     } else {
-      out += replacement;
+      out += kReplacement;
       ++i;
     }
   }

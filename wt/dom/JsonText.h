@@ -5,8 +5,10 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
 /// Appends `text` as a JSON string with its quotes. Bytes that are not valid UTF-8 become U+FFFD, so that
 /// whatever a store or a file holds, the message that carries it stays valid.

@@ -4,15 +4,18 @@
 
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 class WWebWidget;
 
-namespace Engine {
+namespace Engine
+{
 struct RawEvent;
 }
 
-namespace Dom {
+namespace Dom
+{
 
 class Document;
 class Element;

@@ -5,10 +5,13 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
-namespace {
+namespace
+{
 
 void appendNode(std::string &out, const Engine::RichNode &node)
 {

@@ -7,10 +7,13 @@
 #include <string>
 #include <string_view>
 
-namespace Wt {
-namespace Dom {
+namespace Wt
+{
+namespace Dom
+{
 
-// The value of an element's "<" setting: a JSON array of texts and of elements ["tag", {attributes}, content...].
+/// The value of an element's "<" setting: a JSON array of texts and of elements ["tag", {attributes},
+/// content...].
 
 std::string richContent(const Engine::RichText &text);
 

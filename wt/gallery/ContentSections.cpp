@@ -21,8 +21,9 @@ using Wt::WString;
 namespace
 {
 
-const char *const Teal = "data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
-const char *const Maroon =
+const char *const kTeal =
+    "data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
+const char *const kMaroon =
     "data:image/gif;base64,R0lGODlhAQABAPAAAIAAAP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==";
 
 Wt::WImage *square(const char *url, const char *text)
@@ -36,7 +37,7 @@ void addIconPair(Section *section, const char *name, bool clickIsSwitch)
 {
   Wt::WContainerWidget *place = section->row(name);
   place->clicked().connect(std::bind(section->teller(std::string("click reached the row of ") + name)));
-  Wt::WIconPair *pair = new Wt::WIconPair(Teal, Maroon, clickIsSwitch, place);
+  Wt::WIconPair *pair = new Wt::WIconPair(kTeal, kMaroon, clickIsSwitch, place);
   pair->icon1()->setAlternateText(WString::fromUTF8(std::string("Fold ") + name));
   pair->icon2()->setAlternateText(WString::fromUTF8(std::string("Unfold ") + name));
   pair->icon1()->resize(16, 16);
@@ -51,10 +52,10 @@ void addTextsAndLinks(Wt::WContainerWidget *page)
 {
   Section *section = new Section("Texts, images and links", page);
   new Wt::WText("<b>Bold</b> and <i>italic</i>", section->row("rich text"));
-  new Wt::WText(WString::fromUTF8(MarkupText), Wt::PlainText, section->row("plain text"));
-  new Wt::WText(WString::fromUTF8(LongText), Wt::PlainText, section->row("long text"));
-  new Wt::WText(WString::fromUTF8(HebrewText), Wt::PlainText, section->row("right-to-left text"));
-  section->row("image")->addWidget(square(Teal, "A square"));
+  new Wt::WText(WString::fromUTF8(kMarkupText), Wt::PlainText, section->row("plain text"));
+  new Wt::WText(WString::fromUTF8(kLongText), Wt::PlainText, section->row("long text"));
+  new Wt::WText(WString::fromUTF8(kHebrewText), Wt::PlainText, section->row("right-to-left text"));
+  section->row("image")->addWidget(square(kTeal, "A square"));
   new Wt::WAnchor(Wt::WLink("#end"), "To the end", section->row("link"));
   Wt::WAnchor *away = new Wt::WAnchor(Wt::WLink("https://[::1]/"), "New window", section->row("link away"));
   away->setTarget(Wt::TargetNewWindow);
@@ -63,7 +64,7 @@ void addTextsAndLinks(Wt::WContainerWidget *page)
   Wt::WAnchor *act = new Wt::WAnchor(section->row("link without address"));
   act->setText("Just a click");
   act->clicked().connect(std::bind(section->teller("clicked the link")));
-  new Wt::WAnchor(Wt::WLink("#end"), square(Maroon, "Another square"), section->row("image link"));
+  new Wt::WAnchor(Wt::WLink("#end"), square(kMaroon, "Another square"), section->row("image link"));
 }
 
 void addIconPairs(Wt::WContainerWidget *page)

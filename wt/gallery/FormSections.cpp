@@ -21,7 +21,7 @@ using Wt::WString;
 namespace
 {
 
-const char *const CheckStateNames[] = {"unchecked", "partial", "checked"};
+const char *const kCheckStateNames[] = {"unchecked", "partial", "checked"};
 
 Wt::WPushButton *button(Section *section, const char *state, const char *text)
 {
@@ -54,7 +54,7 @@ Wt::WCheckBox *checkBox(Section *section, const char *name, const char *text)
 {
   Wt::WCheckBox *box = new Wt::WCheckBox(WString::fromUTF8(text), section->row(name));
   box->changed().connect(std::bind([section, box, name] {
-    section->tell(std::string(name) + " is " + CheckStateNames[box->checkState()]);
+    section->tell(std::string(name) + " is " + kCheckStateNames[box->checkState()]);
   }));
   return box;
 }
@@ -81,10 +81,10 @@ void addButtons(Wt::WContainerWidget *page)
       ->setIcon(
           Wt::WLink("data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw=="));
   button(section, "button with link", "Go to the end")->setLink(Wt::WLink("#end"));
-  button(section, "long button", LongText);
-  button(section, "right-to-left button", HebrewText);
-  button(section, "emoji button", EmojiText);
-  button(section, "markup button", MarkupText);
+  button(section, "long button", kLongText);
+  button(section, "right-to-left button", kHebrewText);
+  button(section, "emoji button", kEmojiText);
+  button(section, "markup button", kMarkupText);
 }
 
 void addLineEdits(Wt::WContainerWidget *page)
@@ -93,7 +93,7 @@ void addLineEdits(Wt::WContainerWidget *page)
   lineEdit(section, "Plain", "content");
   lineEdit(section, "Password", "secret")->setEchoMode(Wt::WLineEdit::Password);
   lineEdit(section, "At most five", "12345")->setMaxLength(5);
-  lineEdit(section, "Wide", LongText)->setTextSize(60);
+  lineEdit(section, "Wide", kLongText)->setTextSize(60);
   lineEdit(section, "Hint", "")->setEmptyText("For example 10.0.0.1");
   lineEdit(section, "Lower case only", "abc")->setValidator(new Wt::WRegExpValidator("[a-z]+"));
   lineEdit(section, "Invalid", "ABC")->setValidator(new Wt::WRegExpValidator("[a-z]+"));
@@ -103,9 +103,9 @@ void addLineEdits(Wt::WContainerWidget *page)
   lineEdit(section, "Mandatory", "")->setValidator(mandatory);
   lineEdit(section, "Read only", "fixed")->setReadOnly(true);
   lineEdit(section, "Disabled", "greyed")->disable();
-  lineEdit(section, "Right to left", HebrewText);
-  lineEdit(section, "Emoji", EmojiText);
-  lineEdit(section, "Markup", MarkupText);
+  lineEdit(section, "Right to left", kHebrewText);
+  lineEdit(section, "Emoji", kEmojiText);
+  lineEdit(section, "Markup", kMarkupText);
   lineEdit(section, "No autocomplete", "x")->setAutoComplete(false);
 }
 
@@ -124,7 +124,7 @@ void addTextAreas(Wt::WContainerWidget *page)
   }));
   textArea(section, "Read only area", "fixed")->setReadOnly(true);
   textArea(section, "Disabled area", "greyed")->disable();
-  textArea(section, "Long area", LongText)->setRows(3);
+  textArea(section, "Long area", kLongText)->setRows(3);
 }
 
 void addCheckBoxes(Wt::WContainerWidget *page)
@@ -137,8 +137,8 @@ void addCheckBoxes(Wt::WContainerWidget *page)
   three->setTristate(true);
   three->setPartialStateSelectable(true);
   checkBox(section, "disabled box", "Not now")->disable();
-  checkBox(section, "long box", LongText);
-  checkBox(section, "right-to-left box", HebrewText);
+  checkBox(section, "long box", kLongText);
+  checkBox(section, "right-to-left box", kHebrewText);
   checkBox(section, "bare box", "")->setAttributeValue("aria-label", "No text beside it");
 }
 
@@ -149,7 +149,7 @@ void addComboBoxes(Wt::WContainerWidget *page)
   comboBox(section, "Empty combo", 0);
   comboBox(section, "Disabled combo", 2)->disable();
   Wt::WComboBox *odd = comboBox(section, "Odd texts", 0);
-  for (const char *text : {LongText, HebrewText, EmojiText, MarkupText})
+  for (const char *text : {kLongText, kHebrewText, kEmojiText, kMarkupText})
     odd->addItem(WString::fromUTF8(text));
   Wt::WComboBox *none = comboBox(section, "Nothing chosen", 3);
   none->setNoSelectionEnabled(true);

@@ -51,7 +51,7 @@ void runModal(Section *section)
   Wt::WDialog dialog("Name it");
   dialog.rejectWhenEscapePressed();
   dialog.setMaximumSize(400, Wt::WLength());
-  new Wt::WText(WString::fromUTF8(LongText), Wt::PlainText, dialog.contents());
+  new Wt::WText(WString::fromUTF8(kLongText), Wt::PlainText, dialog.contents());
   Wt::WLineEdit *name = new Wt::WLineEdit(dialog.contents());
   name->setAttributeValue("aria-label", "Name");
   name->enterPressed().connect(&dialog, &Wt::WDialog::accept);

@@ -10,12 +10,12 @@
 namespace gallery
 {
 
-const char *const LongText =
+const char *const kLongText =
     "A text that is longer than any place that it is likely to be given, so that it has to wrap, to be cut "
     "off with an ellipsis, or to scroll, and Donaudampfschifffahrtselektrizitätenhauptbetriebswerk besides";
-const char *const HebrewText = "שלום עולם, שדר 12";
-const char *const EmojiText = "👩‍💻 café ☕ 日本語";
-const char *const MarkupText = "<b onclick=\"alert(1)\">not bold</b> & <script>alert(2)</script>";
+const char *const kHebrewText = "שלום עולם, שדר 12";
+const char *const kEmojiText = "👩‍💻 café ☕ 日本語";
+const char *const kMarkupText = "<b onclick=\"alert(1)\">not bold</b> & <script>alert(2)</script>";
 
 GalleryApplication::GalleryApplication(const Wt::WEnvironment &environment) : Wt::WApplication(environment)
 {

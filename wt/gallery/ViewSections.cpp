@@ -9,16 +9,17 @@
 #include <Wt/WTableView>
 #include <Wt/WText>
 #include <Wt/WVBoxLayout>
-
 #include <functional>
 
-namespace gallery {
+namespace gallery
+{
 
 using Wt::WString;
 
-namespace {
+namespace
+{
 
-const int Rows = 5000;
+const int kRows = 5000;
 
 /// Tells the size that its layout gives to it.
 class SizedBox : public Wt::WContainerWidget
@@ -50,14 +51,17 @@ std::string number(int row)
 
 void fill(Wt::WStandardItemModel *model)
 {
-  model->insertRows(0, Rows);
-  for (int row = 0; row < Rows; ++row) {
+  model->insertRows(0, kRows);
+  for (int row = 0; row < kRows; ++row) {
     model->setData(row, 0, boost::any("Port " + number(row)));
-    model->setData(row, 1, boost::any(row == 1 ? WString::fromUTF8(LongText) : WString("State " + number(Rows - row))));
+    model->setData(
+        row, 1,
+        boost::any(row == 1 ? WString::fromUTF8(kLongText) : WString("State " + number(kRows - row))));
   }
 }
 
-Wt::WTableView *addList(Section *section, const char *name, Wt::SelectionMode mode, Wt::WStandardItemModel *model)
+Wt::WTableView *addList(Section *section, const char *name, Wt::SelectionMode mode,
+                        Wt::WStandardItemModel *model)
 {
   Wt::WTableView *view = new Wt::WTableView(section->row(name));
   view->setAttributeValue("aria-label", name);

@@ -8,10 +8,10 @@ namespace gallery
 {
 
 /// Texts that break what is built for short Latin words only.
-extern const char *const LongText;
-extern const char *const HebrewText;
-extern const char *const EmojiText;
-extern const char *const MarkupText;
+extern const char *const kLongText;
+extern const char *const kHebrewText;
+extern const char *const kEmojiText;
+extern const char *const kMarkupText;
 
 /// Each adds its section to the page.
 void addButtons(Wt::WContainerWidget *page);

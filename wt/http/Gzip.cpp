@@ -12,7 +12,7 @@ namespace Net
 namespace
 {
 
-constexpr int gzipWindow = 15 + 16; // zlib's way to ask for the gzip file form
+constexpr int kGzipWindow = 15 + 16; // zlib's way to ask for the gzip file form
 
 std::string_view trimmed(std::string_view text)
 {
@@ -28,7 +28,7 @@ std::string_view trimmed(std::string_view text)
 std::string gzip(std::string_view text, int level)
 {
   z_stream stream = {};
-  if (deflateInit2(&stream, level, Z_DEFLATED, gzipWindow, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+  if (deflateInit2(&stream, level, Z_DEFLATED, kGzipWindow, 8, Z_DEFAULT_STRATEGY) != Z_OK)
     return std::string();
   std::string out(deflateBound(&stream, text.size()), '\0');
   stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(text.data()));

@@ -19,7 +19,7 @@ namespace Net
 namespace
 {
 
-constexpr std::chrono::milliseconds progressInterval{200};
+constexpr std::chrono::milliseconds kProgressInterval{200};
 
 struct Header {
   const char *name;
@@ -27,14 +27,14 @@ struct Header {
 };
 
 /// Sent with everything.
-const Header commonHeaders[] = {
+const Header kCommonHeaders[] = {
     {"X-Content-Type-Options", "nosniff"},
     {"Referrer-Policy", "no-referrer"},
     {"Cross-Origin-Resource-Policy", "same-origin"},
 };
 
 /// Sent with a page.
-const Header pageHeaders[] = {
+const Header kPageHeaders[] = {
     {"Content-Type", "text/html; charset=utf-8"},
     {"Cache-Control", "no-store"},
     {"Content-Security-Policy",
@@ -45,11 +45,11 @@ const Header pageHeaders[] = {
     {"Cross-Origin-Opener-Policy", "same-origin"},
 };
 
-constexpr char strictTransport[] = "max-age=86400";
+constexpr char kStrictTransport[] = "max-age=86400";
 
 /// Fields that belong to the connection, not to what a resource says.
-const char *const ownHeaders[] = {"connection", "content-length",    "date",
-                                  "keep-alive", "transfer-encoding", "upgrade"};
+const char *const kOwnHeaders[] = {"connection", "content-length",    "date",
+                                   "keep-alive", "transfer-encoding", "upgrade"};
 
 std::string lowerCase(std::string text)
 {
@@ -299,7 +299,7 @@ void HttpConnection::dispatchEntryPoint()
 void HttpConnection::answerPage()
 {
   Response response;
-  for (const Header &header : pageHeaders)
+  for (const Header &header : kPageHeaders)
     response.add(header.name, header.value);
   response.body = service_.sessions.bootstrapPage(request_->head);
   answer(std::move(response));
@@ -404,7 +404,7 @@ void HttpConnection::bodyBytes(std::string_view bytes)
   const std::chrono::seconds allowed(request.bodySize / service_.limits.bodyRate);
   deadline_ = request.bodyBegan + service_.limits.body + allowed;
   const std::uint64_t total = request.parsed.contentLength;
-  if (total > 0 && (now - request.progressTold >= progressInterval || request.bodySize == total)) {
+  if (total > 0 && (now - request.progressTold >= kProgressInterval || request.bodySize == total)) {
     request.progressTold = now;
     service_.sessions.uploadProgress(request.head, request.bodySize, total);
   }
@@ -460,10 +460,10 @@ void HttpConnection::sendHead(int status, const std::vector<std::pair<std::strin
   std::string head = "HTTP/1.1 " + std::to_string(status) + " ";
   head += reasonPhrase(status);
   head += "\r\nDate: " + httpDate(std::time(nullptr)) + "\r\n";
-  for (const Header &header : commonHeaders)
+  for (const Header &header : kCommonHeaders)
     head.append(header.name).append(": ").append(header.value).append("\r\n");
   if (service_.strictTransport && peer_.secure)
-    head.append("Strict-Transport-Security: ").append(strictTransport).append("\r\n");
+    head.append("Strict-Transport-Security: ").append(kStrictTransport).append("\r\n");
   for (const auto &header : headers)
     head.append(header.first).append(": ").append(header.second).append("\r\n");
   if (hasBody && length)
@@ -553,7 +553,7 @@ void HttpConnection::beginResourceAnswer(const ResourcePipe::Head &head, bool fi
   headers.insert(headers.end(), head.headers.begin(), head.headers.end());
   const auto unfit = [](const auto &header) {
     const std::string name = lowerCase(header.first);
-    return !isToken(header.first) || std::count(std::begin(ownHeaders), std::end(ownHeaders), name) > 0 ||
+    return !isToken(header.first) || std::count(std::begin(kOwnHeaders), std::end(kOwnHeaders), name) > 0 ||
            std::any_of(header.second.begin(), header.second.end(),
                        [](unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7f; });
   };

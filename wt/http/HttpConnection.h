@@ -69,7 +69,7 @@ private:
     std::uint64_t bodySize = 0;
     TimePoint bodyBegan;
     TimePoint progressTold;
-    // The answer
+    /// The answer
     int status = 0;
     std::uint64_t sent = 0;
     FileHandle file;
@@ -99,7 +99,7 @@ private:
   bool step();
   void refuse(int status);
 
-  // Requests
+  /// Requests
   bool understand();
   void describe(std::string target);
   void dispatch();
@@ -115,7 +115,7 @@ private:
   void askResource(std::vector<Engine::SpooledFile> files, std::uint64_t tooLarge);
   void dropUpload();
 
-  // Answers
+  /// Answers
   void answer(Response response);
   void sendHead(int status, const std::vector<std::pair<std::string, std::string>> &headers,
                 std::optional<std::uint64_t> length, bool hasBody);

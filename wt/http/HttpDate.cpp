@@ -11,9 +11,9 @@ namespace Net
 namespace
 {
 
-const char *const days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-const char *const months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+const char *const kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+const char *const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 /// The number that the digits at that place make, or -1.
 int number(std::string_view text, std::size_t at, std::size_t digits)
@@ -35,8 +35,8 @@ std::string httpDate(std::time_t time)
   if (!gmtime_r(&time, &tm) || tm.tm_year > 8099 || tm.tm_year < 0)
     return std::string();
   char text[64];
-  std::snprintf(text, sizeof text, "%s, %02d %s %04d %02d:%02d:%02d GMT", days[tm.tm_wday], tm.tm_mday,
-                months[tm.tm_mon], tm.tm_year + 1900, tm.tm_hour, tm.tm_min, tm.tm_sec);
+  std::snprintf(text, sizeof text, "%s, %02d %s %04d %02d:%02d:%02d GMT", kDays[tm.tm_wday], tm.tm_mday,
+                kMonths[tm.tm_mon], tm.tm_year + 1900, tm.tm_hour, tm.tm_min, tm.tm_sec);
   return text;
 }
 
@@ -48,7 +48,7 @@ bool parseHttpDate(std::string_view text, std::time_t &time)
   tm.tm_mday = number(text, 5, 2);
   tm.tm_mon = -1;
   for (int month = 0; month < 12; ++month)
-    if (text.substr(8, 3) == months[month])
+    if (text.substr(8, 3) == kMonths[month])
       tm.tm_mon = month;
   tm.tm_year = number(text, 12, 4) - 1900;
   tm.tm_hour = number(text, 17, 2);

@@ -28,11 +28,11 @@ namespace
 namespace asio = boost::asio;
 using asio::ip::tcp;
 
-constexpr std::chrono::seconds sweepInterval{1};
-constexpr std::chrono::milliseconds acceptPause{200};
-constexpr std::chrono::milliseconds farewell{500};
-constexpr rlim_t wantedDescriptors = 8192;
-constexpr std::size_t descriptorsForOthers = 64;
+constexpr std::chrono::seconds kSweepInterval{1};
+constexpr std::chrono::milliseconds kAcceptPause{200};
+constexpr std::chrono::milliseconds kFarewell{500};
+constexpr rlim_t kWantedDescriptors = 8192;
+constexpr std::size_t kDescriptorsForOthers = 64;
 
 class AsioLoop : public NetworkLoop
 {
@@ -51,8 +51,8 @@ std::size_t raiseDescriptorLimit()
   rlimit limit = {};
   if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
     return 1024;
-  if (limit.rlim_cur < wantedDescriptors && limit.rlim_cur < limit.rlim_max) {
-    limit.rlim_cur = std::min(wantedDescriptors, limit.rlim_max);
+  if (limit.rlim_cur < kWantedDescriptors && limit.rlim_cur < limit.rlim_max) {
+    limit.rlim_cur = std::min(kWantedDescriptors, limit.rlim_max);
     if (::setrlimit(RLIMIT_NOFILE, &limit) != 0)
       ::getrlimit(RLIMIT_NOFILE, &limit);
   }
@@ -194,9 +194,9 @@ bool HttpServer::Impl::open(std::string &error)
       return false;
   const std::size_t descriptors = raiseDescriptorLimit();
   // Each session may need a descriptor for the store beside the one for its page.
-  const std::size_t affordable = descriptors > 2 * descriptorsForOthers
-                                     ? (descriptors - descriptorsForOthers) / 2
-                                     : descriptorsForOthers;
+  const std::size_t affordable = descriptors > 2 * kDescriptorsForOthers
+                                     ? (descriptors - kDescriptorsForOthers) / 2
+                                     : kDescriptorsForOthers;
   settings.maximumConnections = std::min(settings.maximumConnections, affordable);
   settings.maximumPerAddress = std::min(settings.maximumPerAddress, settings.maximumConnections);
   return true;
@@ -216,7 +216,7 @@ void HttpServer::Impl::accept(Listener &listener)
     }
     // Most likely there are no descriptors left; some are given back soon.
     makeRoom(std::string());
-    listener.pause.expires_after(acceptPause);
+    listener.pause.expires_after(kAcceptPause);
     listener.pause.async_wait([this, &listener](const boost::system::error_code &waitEc) {
       if (!waitEc && !stopping)
         accept(listener);
@@ -275,7 +275,7 @@ void HttpServer::Impl::closed(SocketChannel &channel)
 /// connections rest, is enough.
 void HttpServer::Impl::planSweep()
 {
-  const auto soon = loop.now() + sweepInterval;
+  const auto soon = loop.now() + kSweepInterval;
   if (channels.empty() || nextSweep <= soon)
     return;
   nextSweep = soon;
@@ -332,7 +332,7 @@ void HttpServer::Impl::shutDown()
     context.stop();
     return;
   }
-  sweepTimer.expires_after(farewell);
+  sweepTimer.expires_after(kFarewell);
   sweepTimer.async_wait([this](const boost::system::error_code &waitEc) {
     if (!waitEc)
       context.stop();

@@ -11,34 +11,34 @@ namespace
 
 // Texts are asked for anew each time (mostly answered with "not modified"), so that an updated program and
 // its style sheets never disagree; images may be a few minutes old.
-constexpr int minutes = 60;
+constexpr int kMinutes = 60;
 
-const MimeType types[] = {
+const MimeType kTypes[] = {
     {".css", "text/css; charset=utf-8", true, 0},
     {".csv", "text/csv; charset=utf-8", true, 0},
-    {".gif", "image/gif", false, 10 * minutes},
+    {".gif", "image/gif", false, 10 * kMinutes},
     {".gz", "application/gzip", false, 0},
     {".htm", "text/html; charset=utf-8", true, 0},
     {".html", "text/html; charset=utf-8", true, 0},
-    {".ico", "image/x-icon", true, 10 * minutes},
-    {".jpeg", "image/jpeg", false, 10 * minutes},
-    {".jpg", "image/jpeg", false, 10 * minutes},
+    {".ico", "image/x-icon", true, 10 * kMinutes},
+    {".jpeg", "image/jpeg", false, 10 * kMinutes},
+    {".jpg", "image/jpeg", false, 10 * kMinutes},
     {".js", "text/javascript; charset=utf-8", true, 0},
     {".json", "application/json", true, 0},
     {".map", "application/json", true, 0},
     {".mjs", "text/javascript; charset=utf-8", true, 0},
     {".pdf", "application/pdf", false, 0},
-    {".png", "image/png", false, 10 * minutes},
-    {".svg", "image/svg+xml", true, 10 * minutes},
+    {".png", "image/png", false, 10 * kMinutes},
+    {".svg", "image/svg+xml", true, 10 * kMinutes},
     {".txt", "text/plain; charset=utf-8", true, 0},
     {".wasm", "application/wasm", true, 0},
-    {".webp", "image/webp", false, 10 * minutes},
-    {".woff", "font/woff", false, 10 * minutes},
-    {".woff2", "font/woff2", false, 10 * minutes},
+    {".webp", "image/webp", false, 10 * kMinutes},
+    {".woff", "font/woff", false, 10 * kMinutes},
+    {".woff2", "font/woff2", false, 10 * kMinutes},
     {".xml", "application/xml", true, 0},
 };
 
-const MimeType unknown = {"", "application/octet-stream", false, 0};
+const MimeType kUnknown = {"", "application/octet-stream", false, 0};
 
 bool endsWith(std::string_view text, std::string_view lowerCaseEnd)
 {
@@ -57,10 +57,10 @@ bool endsWith(std::string_view text, std::string_view lowerCaseEnd)
 
 const MimeType &mimeTypeOf(std::string_view fileName)
 {
-  for (const MimeType &type : types)
+  for (const MimeType &type : kTypes)
     if (endsWith(fileName, type.extension))
       return type;
-  return unknown;
+  return kUnknown;
 }
 
 } // namespace Net

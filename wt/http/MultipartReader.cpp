@@ -11,7 +11,7 @@ namespace Net
 namespace
 {
 
-constexpr std::size_t longestBoundary = 70;
+constexpr std::size_t kLongestBoundary = 70;
 
 std::string lowerCase(std::string_view text)
 {
@@ -62,7 +62,7 @@ std::string MultipartReader::boundaryOf(std::string_view contentType)
   static constexpr std::string_view type = "multipart/form-data";
   std::string boundary;
   if (lowerCase(contentType.substr(0, type.size())) != type ||
-      !parameter(contentType, "boundary", boundary) || boundary.size() > longestBoundary ||
+      !parameter(contentType, "boundary", boundary) || boundary.size() > kLongestBoundary ||
       boundary.find_first_of("\r\n") != std::string::npos)
     return std::string();
   return boundary;

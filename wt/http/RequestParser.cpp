@@ -2,10 +2,10 @@
 #include "http/RequestParser.h"
 
 #include <algorithm>
-#include <limits>
 #include <boost/asio/buffer.hpp>
 #include <boost/beast/http/basic_parser.hpp>
 #include <boost/beast/http/error.hpp>
+#include <limits>
 
 namespace Wt
 {

@@ -45,14 +45,14 @@ public:
   /// `wake` is called on the worker's thread when there is something to take.
   explicit ResourcePipe(std::function<void()> wake);
 
-  // Network thread
+  /// Network thread
 
   Arrived take();
   /// The browser has gone, or the rest is not wanted: the worker's further bytes are dropped and it never
   /// waits.
   void abandon();
 
-  // Worker thread
+  /// Worker thread
 
   void begin(Head head);
   void push(std::string bytes);

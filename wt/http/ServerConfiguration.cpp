@@ -25,7 +25,7 @@ struct Option {
   const char *help;
 };
 
-const Option options[] = {
+const Option kOptions[] = {
     {"docroot", 0, true, nullptr, "PATH[;P1,P2,...]  folder of static files (required)"},
     {"http-address", 0, true, &ServerConfiguration::httpAddress, "ADDRESS  where to listen for HTTP"},
     {"http-port", 0, true, &ServerConfiguration::httpPort, "PORT  (80)"},
@@ -52,7 +52,7 @@ const Option options[] = {
 
 const Option *findOption(const std::string &name)
 {
-  for (const Option &option : options)
+  for (const Option &option : kOptions)
     if (name == option.name || (name.size() == 1 && name[0] == option.letter))
       return &option;
   return nullptr;
@@ -272,7 +272,7 @@ bool ServerConfiguration::check(std::string &error)
 std::string ServerConfiguration::helpText()
 {
   std::string text = "Options:\n";
-  for (const Option &option : options) {
+  for (const Option &option : kOptions) {
     text += "  --";
     text += option.name;
     if (option.letter) {

@@ -14,7 +14,7 @@ namespace Net
 
 /// What the command line and the configuration file say.
 struct ServerConfiguration {
-  // Command line
+  /// Command line
   std::string documentRoot;
   bool staticListed = false;
   std::vector<std::string> staticPaths;
@@ -34,19 +34,19 @@ struct ServerConfiguration {
   bool help = false;
   std::vector<std::string> unknown; ///< options that nobody knows, as they were given
 
-  // Configuration file
+  /// Configuration file
   int timeout = 600; ///< seconds; negative: never
   std::int64_t maximumRequestSize = 128 * 1024;
   int fileThreads = 10;
   bool behindProxy = false;
-  // Where the file says nothing, the defaults of SessionConfig and HttpSettings hold.
+  /// Where the file says nothing, the defaults of SessionConfig and HttpSettings hold.
   std::optional<int> maximumSessions;
   std::optional<int> newSessionsPerAddress;
   std::optional<int> newSessionsInterval; ///< seconds
   std::optional<int> maximumConnections;
   std::optional<int> connectionsPerAddress;
 
-  // Both, after check()
+  /// Both, after check()
   unsigned short httpPortNumber = 0;
   unsigned short httpsPortNumber = 0;
   int threadCount = 10;

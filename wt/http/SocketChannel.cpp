@@ -21,16 +21,16 @@ namespace Net
 namespace
 {
 
-constexpr unsigned char tlsHandshakeByte = 0x16;
-constexpr std::size_t readSize = 16 * 1024;
-constexpr std::size_t tlsRecord = 16 * 1024;
-constexpr std::size_t mostPieces = 16;
+constexpr unsigned char kTlsHandshakeByte = 0x16;
+constexpr std::size_t kReadSize = 16 * 1024;
+constexpr std::size_t kTlsRecord = 16 * 1024;
+constexpr std::size_t kMostPieces = 16;
 
 // A peer that vanished without a word is noticed by the system, at no cost to the page.
-constexpr int keepAliveIdle = 60;
-constexpr int keepAliveInterval = 10;
-constexpr int keepAliveCount = 3;
-constexpr int unacknowledgedMilliseconds = 40 * 1000;
+constexpr int kKeepAliveIdle = 60;
+constexpr int kKeepAliveInterval = 10;
+constexpr int kKeepAliveCount = 3;
+constexpr int kUnacknowledgedMilliseconds = 40 * 1000;
 
 void setNumber(int socket, int level, int option, int value)
 {
@@ -41,10 +41,10 @@ void setOptions(int socket)
 {
   setNumber(socket, IPPROTO_TCP, TCP_NODELAY, 1);
   setNumber(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
-  setNumber(socket, IPPROTO_TCP, TCP_KEEPIDLE, keepAliveIdle);
-  setNumber(socket, IPPROTO_TCP, TCP_KEEPINTVL, keepAliveInterval);
-  setNumber(socket, IPPROTO_TCP, TCP_KEEPCNT, keepAliveCount);
-  setNumber(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, unacknowledgedMilliseconds);
+  setNumber(socket, IPPROTO_TCP, TCP_KEEPIDLE, kKeepAliveIdle);
+  setNumber(socket, IPPROTO_TCP, TCP_KEEPINTVL, kKeepAliveInterval);
+  setNumber(socket, IPPROTO_TCP, TCP_KEEPCNT, kKeepAliveCount);
+  setNumber(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, kUnacknowledgedMilliseconds);
 }
 
 bool mustWait()
@@ -52,9 +52,9 @@ bool mustWait()
   return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
 }
 
-std::array<char, readSize> &readBuffer()
+std::array<char, kReadSize> &readBuffer()
 {
-  static thread_local std::array<char, readSize> buffer;
+  static thread_local std::array<char, kReadSize> buffer;
   return buffer;
 }
 
@@ -199,7 +199,7 @@ void SocketChannel::sniff()
   unsigned char first = 0;
   const ssize_t n = ::recv(socket_.native_handle(), &first, 1, MSG_PEEK);
   if (n == 1)
-    first == tlsHandshakeByte ? openTls() : openPlain();
+    first == kTlsHandshakeByte ? openTls() : openPlain();
   else if (n < 0 && mustWait())
     awaitReadable();
   else
@@ -274,7 +274,7 @@ void SocketChannel::awaitBytes()
 void SocketChannel::readOnce()
 {
   std::size_t got = 0;
-  switch (read(readBuffer().data(), readSize, got)) {
+  switch (read(readBuffer().data(), kReadSize, got)) {
   case Transfer::Done:
     connection_->received(std::string_view(readBuffer().data(), got));
     if (phase_ == Phase::Lingering)
@@ -392,11 +392,11 @@ void SocketChannel::tookBytes(std::size_t size)
 SocketChannel::Transfer SocketChannel::writeQueue(std::size_t &put)
 {
   if (session_) {
-    if (queue_.size() > 1 && queue_.front().size() - offset_ < tlsRecord) {
+    if (queue_.size() > 1 && queue_.front().size() - offset_ < kTlsRecord) {
       std::string joined = queue_.front().substr(offset_);
       queue_.pop_front();
       offset_ = 0;
-      while (!queue_.empty() && joined.size() + queue_.front().size() <= 2 * tlsRecord) {
+      while (!queue_.empty() && joined.size() + queue_.front().size() <= 2 * kTlsRecord) {
         joined += queue_.front();
         queue_.pop_front();
       }
@@ -408,8 +408,8 @@ SocketChannel::Transfer SocketChannel::writeQueue(std::size_t &put)
     put = n > 0 ? static_cast<std::size_t>(n) : 0;
     return tlsOutcome(n);
   }
-  std::array<iovec, mostPieces> pieces = {};
-  const std::size_t count = std::min(mostPieces, queue_.size());
+  std::array<iovec, kMostPieces> pieces = {};
+  const std::size_t count = std::min(kMostPieces, queue_.size());
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t skipped = i == 0 ? offset_ : 0;
     pieces[i].iov_base = &queue_[i][skipped];
@@ -452,7 +452,7 @@ void SocketChannel::endOfSending()
 
 void SocketChannel::linger()
 {
-  const ssize_t n = ::recv(socket_.native_handle(), readBuffer().data(), readSize, 0);
+  const ssize_t n = ::recv(socket_.native_handle(), readBuffer().data(), kReadSize, 0);
   if (n > 0 || (n < 0 && mustWait()))
     awaitReadable();
   else

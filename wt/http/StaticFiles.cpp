@@ -22,7 +22,7 @@ namespace
 {
 
 // An image with scripts in it must stay an image when it is opened as a page of its own.
-const char imagePolicy[] = "default-src 'none'; style-src 'unsafe-inline'; img-src data:; sandbox";
+const char kImagePolicy[] = "default-src 'none'; style-src 'unsafe-inline'; img-src data:; sandbox";
 
 std::string canonical(const std::string &path)
 {
@@ -84,7 +84,7 @@ void describe(Response &response, const MimeType &type, const std::string &tag, 
   if (type.compressible)
     response.add("Vary", "Accept-Encoding");
   if (std::string_view(type.extension) == ".svg")
-    response.add("Content-Security-Policy", imagePolicy);
+    response.add("Content-Security-Policy", kImagePolicy);
 }
 
 void sendPart(Response &response, FileHandle file, std::uint64_t size, const ByteRange &range)

@@ -16,8 +16,8 @@ namespace Net
 namespace
 {
 
-const char cipherList[] = "ECDHE+AESGCM:ECDHE+CHACHA20:!aNULL";
-constexpr long sessionSeconds = 2 * 60 * 60;
+const char kCipherList[] = "ECDHE+AESGCM:ECDHE+CHACHA20:!aNULL";
+constexpr long kSessionSeconds = 2 * 60 * 60;
 
 std::string reason()
 {
@@ -47,7 +47,7 @@ int chooseProtocol(SSL *, const unsigned char **chosen, unsigned char *chosenSiz
 void setRules(SSL_CTX *context)
 {
   SSL_CTX_set_min_proto_version(context, TLS1_2_VERSION);
-  SSL_CTX_set_cipher_list(context, cipherList);
+  SSL_CTX_set_cipher_list(context, kCipherList);
   SSL_CTX_set_options(context, SSL_OP_NO_COMPRESSION | SSL_OP_NO_RENEGOTIATION |
                                    SSL_OP_CIPHER_SERVER_PREFERENCE | SSL_OP_PRIORITIZE_CHACHA |
                                    SSL_OP_SINGLE_ECDH_USE);
@@ -57,7 +57,7 @@ void setRules(SSL_CTX *context)
   // Sessions are resumed by tickets alone; the server keeps nothing, and the keys die with the process.
   SSL_CTX_set_session_cache_mode(context, SSL_SESS_CACHE_OFF);
   SSL_CTX_set_num_tickets(context, 1);
-  SSL_CTX_set_timeout(context, sessionSeconds);
+  SSL_CTX_set_timeout(context, kSessionSeconds);
   static const unsigned char id[] = "http";
   SSL_CTX_set_session_id_context(context, id, sizeof id - 1);
   SSL_CTX_set_alpn_select_cb(context, chooseProtocol, nullptr);

@@ -11,7 +11,7 @@ namespace Net
 namespace
 {
 
-constexpr std::size_t maximumPairs = 100;
+constexpr std::size_t kMaximumPairs = 100;
 
 int hexValue(char c)
 {
@@ -71,7 +71,7 @@ std::string percentEncode(std::string_view text)
 std::multimap<std::string, std::string> parseQuery(std::string_view query)
 {
   std::multimap<std::string, std::string> pairs;
-  while (!query.empty() && pairs.size() < maximumPairs) {
+  while (!query.empty() && pairs.size() < kMaximumPairs) {
     const std::string_view pair = query.substr(0, query.find('&'));
     query.remove_prefix(std::min(query.size(), pair.size() + 1));
     const std::size_t equals = std::min(pair.find('='), pair.size());

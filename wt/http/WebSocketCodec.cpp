@@ -15,18 +15,18 @@ namespace Net
 namespace
 {
 
-constexpr unsigned char finalFrame = 0x80;
-constexpr unsigned char masked = 0x80;
+constexpr unsigned char kFinalFrame = 0x80;
+constexpr unsigned char kMasked = 0x80;
 enum Opcode : unsigned char { Continuation = 0, Text = 1, Binary = 2, Close = 8, Ping = 9, Pong = 10 };
-constexpr std::size_t longestControl = 125;
+constexpr std::size_t kLongestControl = 125;
 
 std::string frame(Opcode opcode, std::string_view payload)
 {
   std::string out;
   out.reserve(payload.size() + 10);
-  out += static_cast<char>(finalFrame | opcode);
+  out += static_cast<char>(kFinalFrame | opcode);
   int lengthBytes = 0;
-  if (payload.size() <= longestControl) {
+  if (payload.size() <= kLongestControl) {
     out += static_cast<char>(payload.size());
   } else {
     lengthBytes = payload.size() <= 0xffff ? 2 : 8;
@@ -106,12 +106,12 @@ int WebSocketCodec::checkFirstTwo()
 {
   const unsigned char opcode = head_[0] & 0x0f;
   const unsigned char shortLength = head_[1] & 0x7f;
-  if ((head_[0] & 0x70) != 0 || (head_[1] & masked) == 0)
+  if ((head_[0] & 0x70) != 0 || (head_[1] & kMasked) == 0)
     return CloseCode::protocolError;
   if (opcode == Binary)
     return CloseCode::unsupported;
   if (isControl()) {
-    if (opcode > Pong || (head_[0] & finalFrame) == 0 || shortLength > longestControl)
+    if (opcode > Pong || (head_[0] & kFinalFrame) == 0 || shortLength > kLongestControl)
       return CloseCode::protocolError;
   } else if (opcode > Text || (opcode == Continuation) != inMessage_) {
     return CloseCode::protocolError;
@@ -126,7 +126,7 @@ int WebSocketCodec::checkLength()
   left_ = lengthBytes ? 0 : head_[1] & 0x7fu;
   for (std::size_t i = 0; i < lengthBytes; ++i)
     left_ = (left_ << 8) | head_[2 + i];
-  if ((lengthBytes == 2 && left_ <= longestControl) || (lengthBytes == 8 && left_ <= 0xffff))
+  if ((lengthBytes == 2 && left_ <= kLongestControl) || (lengthBytes == 8 && left_ <= 0xffff))
     return CloseCode::protocolError;
   position_ = 0;
   if (!isControl() && left_ > maximumMessage - message_.size())
@@ -153,7 +153,7 @@ int WebSocketCodec::finishFrame(Handler &handler)
   headWanted_ = 2;
   if (isControl())
     return finishControl(handler);
-  inMessage_ = (head_[0] & finalFrame) == 0;
+  inMessage_ = (head_[0] & kFinalFrame) == 0;
   if (inMessage_)
     return 0;
   std::string message = std::move(message_);
@@ -197,7 +197,7 @@ std::string WebSocketCodec::pingFrame()
 
 std::string WebSocketCodec::pongFrame(std::string_view payload)
 {
-  return frame(Pong, payload.substr(0, longestControl));
+  return frame(Pong, payload.substr(0, kLongestControl));
 }
 
 std::string WebSocketCodec::closeFrame(int code, std::string_view reason)
@@ -206,7 +206,7 @@ std::string WebSocketCodec::closeFrame(int code, std::string_view reason)
   if (code != CloseCode::none) {
     payload += static_cast<char>(code >> 8);
     payload += static_cast<char>(code & 0xff);
-    payload += shortened(reason, longestControl - 2);
+    payload += shortened(reason, kLongestControl - 2);
   }
   return frame(Close, payload);
 }

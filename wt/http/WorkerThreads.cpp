@@ -19,11 +19,11 @@ namespace
 {
 
 // Sessions have stacks of their own; this one is for resources and for functions that programs schedule.
-constexpr std::size_t stackSize = 1024 * 1024;
+constexpr std::size_t kStackSize = 1024 * 1024;
 // A thread that has used no processor time for so long waits for something.
-constexpr std::chrono::milliseconds watchInterval{10};
+constexpr std::chrono::milliseconds kWatchInterval{10};
 // About as many as there may be sessions.
-constexpr int mostSpares = 240;
+constexpr int kMostSpares = 240;
 
 } // namespace
 
@@ -76,7 +76,7 @@ bool WorkerThreads::launch(pthread_t &thread, void *(*body)(void *), void *argum
   pthread_sigmask(SIG_SETMASK, &all, &former);
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, stackSize);
+  pthread_attr_setstacksize(&attributes, kStackSize);
   const bool started = pthread_create(&thread, &attributes, body, argument) == 0;
   pthread_attr_destroy(&attributes);
   pthread_sigmask(SIG_SETMASK, &former, nullptr);
@@ -163,7 +163,7 @@ void WorkerThreads::left()
 bool WorkerThreads::allTaken() const
 {
   const int count = static_cast<int>(workers_.size());
-  return running_ && busy_ >= count && count < limit_ + mostSpares;
+  return running_ && busy_ >= count && count < limit_ + kMostSpares;
 }
 
 /// With the lock held. Most programs never need the watch.
@@ -188,7 +188,7 @@ void WorkerThreads::watch()
     wakeWatch_.wait(lock, [this] { return !running_ || allTaken(); });
     watchAwake_ = true;
     countWaiting();
-    wakeWatch_.wait_for(lock, watchInterval, [this] { return !running_; });
+    wakeWatch_.wait_for(lock, kWatchInterval, [this] { return !running_; });
     if (allTaken())
       makeUpForWaiting();
   }
@@ -202,7 +202,7 @@ void WorkerThreads::makeUpForWaiting()
   const int count = static_cast<int>(workers_.size());
   if (count - waiting >= limit_)
     return;
-  for (int i = std::min(waiting, limit_ + mostSpares - count); i > 0; --i)
+  for (int i = std::min(waiting, limit_ + kMostSpares - count); i > 0; --i)
     add();
 }
 

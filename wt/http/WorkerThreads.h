@@ -19,15 +19,16 @@ namespace Net
 {
 
 /**
- * Threads that take functions from a queue. They are started as they are needed: up to the limit there is always
- * one that waits for work. Beyond it, a thread that waits inside a function, such as for an answer of the store,
- * does not count: others are started in its place after some milliseconds, and end when it goes on. So a
- * function that waits delays none of the others.
+ * Threads that take functions from a queue. They are started as they are needed: up to the limit there is
+ * always one that waits for work. Beyond it, a thread that waits inside a function, such as for an answer of
+ * the store, does not count: others are started in its place after some milliseconds, and end when it goes
+ * on. So a function that waits delays none of the others.
  */
 class WorkerThreads
 {
 public:
-  /// `serve` takes one function from the queue and runs it, or returns false once there will be none any more.
+  /// `serve` takes one function from the queue and runs it, or returns false once there will be none any
+  /// more.
   explicit WorkerThreads(std::function<bool()> serve);
   /// Stopped before.
   ~WorkerThreads();

@@ -5,10 +5,13 @@
 
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 const char *horizontalPlace(WFlags<AlignmentFlag> alignment)
 {
@@ -77,7 +80,8 @@ void ItemStyle::leave(Dom::Element &element)
 
 void ItemStyle::unmanage(Dom::Element &element)
 {
-  for (const char *key : {"*padding", "*gap", "*flex-direction", "*grid-template-rows", "*grid-template-columns"})
+  for (const char *key :
+       {"*padding", "*gap", "*flex-direction", "*grid-template-rows", "*grid-template-columns"})
     element.unset(key);
 }
 

@@ -5,20 +5,21 @@
 #include <Wt/WFlags>
 #include <Wt/WGlobal>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Dom {
+namespace Dom
+{
 class Element;
 }
 
-namespace Engine {
+namespace Engine
+{
 
 /**
- * The settings by which layouts place an element. The runtime's style sheet gives "data-li" its meaning: its words
- * say what the layout rules over the element's own wishes.
- *   g  may become smaller than its content
- *   w  its width is the cell's, whatever the widget was resized to
- *   h  the same for the height
+ * The settings by which layouts place an element. The runtime's style sheet gives "data-li" its meaning: its
+ * words say what the layout rules over the element's own wishes. g  may become smaller than its content w its
+ * width is the cell's, whatever the widget was resized to h  the same for the height
  */
 struct ItemStyle {
   /// True if the alignment keeps the preferred size and places the item in its cell.
@@ -40,7 +41,8 @@ struct ItemStyle {
   /// Takes away what a layout set on the element that it managed.
   static void unmanage(Dom::Element &element);
 
-  /// Makes `handle` a border that can be moved by mouse and keyboard: a horizontal one between rows if `betweenRows`.
+  /// Makes `handle` a border that can be moved by mouse and keyboard: a horizontal one between rows if
+  /// `betweenRows`.
   static void handle(Dom::Element &handle, bool betweenRows);
 };
 

@@ -3,8 +3,10 @@
 
 #include "dom/Document.h"
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 LayoutElements::~LayoutElements()
 {

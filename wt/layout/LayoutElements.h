@@ -6,19 +6,22 @@
 
 #include <unordered_map>
 
-namespace Wt {
+namespace Wt
+{
 
 class WLayoutItem;
 
-namespace Dom {
+namespace Dom
+{
 class Document;
 class Element;
-}
+} // namespace Dom
 
-namespace Engine {
+namespace Engine
+{
 
-/// The elements that a layout has on the page beside those of its widgets: cells, nested boxes, gaps and handles.
-/// Each belongs to an item and has a role; it is made when first asked for.
+/// The elements that a layout has on the page beside those of its widgets: cells, nested boxes, gaps and
+/// handles. Each belongs to an item and has a role; it is made when first asked for.
 class LayoutElements final : private Dom::Owner
 {
 public:

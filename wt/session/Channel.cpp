@@ -3,8 +3,10 @@
 
 #include "dom/JsonText.h"
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 void Channel::open(std::shared_ptr<Transport> transport, std::uint64_t connection, const std::string &token)
 {

@@ -10,8 +10,10 @@
 #include <memory>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /**
  * The numbered messages between a session and its page, which outlive the connection that carries them. Keeps

@@ -5,18 +5,20 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <jansson.h>
 #include <memory>
 
-#include <jansson.h>
+namespace Wt
+{
+namespace Engine
+{
 
-namespace Wt {
-namespace Engine {
+namespace
+{
 
-namespace {
-
-const std::size_t maxEvents = 500;
-const std::size_t maxArguments = 64;
-const int maxDepth = 6; // {"e":[[1,"name",{"a":[..]}]]} needs five
+const std::size_t kMaxEvents = 500;
+const std::size_t kMaxArguments = 64;
+const int kMaxDepth = 6; // {"e":[[1,"name",{"a":[..]}]]} needs five
 
 struct JsonDeleter {
   void operator()(json_t *value) const { json_decref(value); }
@@ -38,7 +40,7 @@ bool shallow(std::string_view text)
     } else if (c == '"') {
       quoted = true;
     } else if (c == '[' || c == '{') {
-      if (++depth > maxDepth)
+      if (++depth > kMaxDepth)
         return false;
     } else if (c == ']' || c == '}') {
       --depth;
@@ -132,7 +134,7 @@ bool readArguments(const json_t *list, std::vector<std::string> &arguments)
 {
   if (!list)
     return true;
-  if (!json_is_array(list) || json_array_size(list) > maxArguments)
+  if (!json_is_array(list) || json_array_size(list) > kMaxArguments)
     return false;
   arguments.resize(json_array_size(list));
   for (std::size_t i = 0; i < arguments.size(); ++i)
@@ -146,11 +148,16 @@ bool readEventData(const json_t *data, RawEvent &event)
   if (!data)
     return true;
   return json_is_object(data) && readInt(json_object_get(data, "b"), event.button) &&
-         readInt(json_object_get(data, "m"), event.modifiers) && readPoint(json_object_get(data, "d"), event.document) &&
-         readPoint(json_object_get(data, "w"), event.window) && readPoint(json_object_get(data, "s"), event.screen) &&
-         readPoint(json_object_get(data, "o"), event.widget) && readPoint(json_object_get(data, "g"), event.dragDelta) &&
-         readInt(json_object_get(data, "l"), event.wheel) && readInt(json_object_get(data, "k"), event.keyCode) &&
-         readInt(json_object_get(data, "c"), event.charCode) && readText(json_object_get(data, "t"), event.text) &&
+         readInt(json_object_get(data, "m"), event.modifiers) &&
+         readPoint(json_object_get(data, "d"), event.document) &&
+         readPoint(json_object_get(data, "w"), event.window) &&
+         readPoint(json_object_get(data, "s"), event.screen) &&
+         readPoint(json_object_get(data, "o"), event.widget) &&
+         readPoint(json_object_get(data, "g"), event.dragDelta) &&
+         readInt(json_object_get(data, "l"), event.wheel) &&
+         readInt(json_object_get(data, "k"), event.keyCode) &&
+         readInt(json_object_get(data, "c"), event.charCode) &&
+         readText(json_object_get(data, "t"), event.text) &&
          readArguments(json_object_get(data, "a"), event.args);
 }
 
@@ -158,7 +165,7 @@ bool readEvents(const json_t *list, std::vector<ClientMessage::Event> &events)
 {
   if (!list)
     return true;
-  if (!json_is_array(list) || json_array_size(list) > maxEvents)
+  if (!json_is_array(list) || json_array_size(list) > kMaxEvents)
     return false;
   events.resize(json_array_size(list));
   for (std::size_t i = 0; i < events.size(); ++i) {
@@ -237,7 +244,8 @@ bool ClientMessage::decode(std::string_view textOfMessage, ClientMessage &messag
   if (!shallow(textOfMessage))
     return false;
   json_error_t error;
-  const JsonHolder root(json_loadb(textOfMessage.data(), textOfMessage.size(), JSON_REJECT_DUPLICATES, &error));
+  const JsonHolder root(
+      json_loadb(textOfMessage.data(), textOfMessage.size(), JSON_REJECT_DUPLICATES, &error));
   return root && json_is_object(root.get()) && readBody(root.get(), message);
 }
 

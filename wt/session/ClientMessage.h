@@ -11,8 +11,10 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// A message of the browser's runtime, as PROTOCOL.md has them.
 struct ClientMessage {
@@ -25,7 +27,7 @@ struct ClientMessage {
 
   Kind kind = Seen;
 
-  // Hello
+  /// Hello
   std::string query; ///< of the page's URL, without "?"
   std::string language;
   int timeZone = 0; ///< minutes east of UTC

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "session/Fiber.h"
 
+#include <boost/context/detail/fcontext.hpp>
 #include <cstdint>
 #include <cstring>
-#include <new>
-
-#include <boost/context/detail/fcontext.hpp>
 #include <cxxabi.h>
+#include <new>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -28,18 +27,21 @@
 #include <sanitizer/tsan_interface.h>
 #endif
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 namespace context = boost::context::detail;
 
-namespace {
+namespace
+{
 
 // Instrumented code has much larger frames.
 #if defined(WT_ASAN) || defined(WT_TSAN)
-const std::size_t stackSize = 4u << 20;
+const std::size_t kStackSize = 4u << 20;
 #else
-const std::size_t stackSize = 256u << 10;
+const std::size_t kStackSize = 256u << 10;
 #endif
 
 std::size_t pageSize()
@@ -73,7 +75,10 @@ struct Fiber::Exceptions {
     std::memcpy(static_cast<void *>(abi::__cxa_get_globals()), &state, sizeof state);
   }
 
-  __attribute__((noinline)) static void clear() { restore(State()); }
+  __attribute__((noinline)) static void clear()
+  {
+    restore(State());
+  }
 };
 
 struct Fiber::Entry {
@@ -89,7 +94,7 @@ struct Fiber::Entry {
   }
 };
 
-Fiber::Fiber(std::function<void()> body) : body_(std::move(body)), size_(stackSize)
+Fiber::Fiber(std::function<void()> body) : body_(std::move(body)), size_(kStackSize)
 {
   const std::size_t guard = pageSize();
   void *memory = mmap(nullptr, guard + size_, PROT_READ | PROT_WRITE,

@@ -5,15 +5,17 @@
 #include <cstddef>
 #include <functional>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /**
- * A function with a stack of its own, which can stop in the middle and be resumed later, by any thread, one at a
- * time. The stack is 256 KiB of address space behind a guard page; only what was touched is resident.
+ * A function with a stack of its own, which can stop in the middle and be resumed later, by any thread, one
+ * at a time. The stack is 256 KiB of address space behind a guard page; only what was touched is resident.
  *
- * Code on a fiber may find itself on another thread after suspend(): it must not keep addresses of thread-local
- * objects across it. Exceptions being handled travel with the fiber.
+ * Code on a fiber may find itself on another thread after suspend(): it must not keep addresses of
+ * thread-local objects across it. Exceptions being handled travel with the fiber.
  */
 class Fiber
 {

@@ -4,12 +4,13 @@
 #include "dom/JsonText.h"
 #include "session/WidgetAccess.h"
 
+#include <Wt/WContainerWidget>
 #include <algorithm>
 
-#include <Wt/WContainerWidget>
-
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 Page::~Page() = default;
 
@@ -56,7 +57,8 @@ std::string Page::takeUpdate(std::uint64_t number)
   return operations;
 }
 
-// --- Windows -----------------------------------------------------------------------------------------------------
+// --- Windows
+// -----------------------------------------------------------------------------------------------------
 
 void Page::pushWindow(WWidget *window, bool modal)
 {
@@ -90,7 +92,8 @@ bool Page::exposed(const WWidget *widget) const
   return false;
 }
 
-// --- Focus -------------------------------------------------------------------------------------------------------
+// --- Focus
+// -------------------------------------------------------------------------------------------------------
 
 bool Page::hasFocus(const WWebWidget &widget) const
 {
@@ -140,7 +143,8 @@ void Page::grantFocus()
   focusWanted_ = nullptr;
 }
 
-// --- Values ------------------------------------------------------------------------------------------------------
+// --- Values
+// ------------------------------------------------------------------------------------------------------
 
 void Page::valueSet(Dom::Element::Id id)
 {
@@ -164,7 +168,8 @@ void Page::seen(std::uint64_t number)
     i = i->second <= number ? valueUpdates_.erase(i) : std::next(i);
 }
 
-// --- The page as a whole -----------------------------------------------------------------------------------------
+// --- The page as a whole
+// -----------------------------------------------------------------------------------------
 
 void Page::textCommand(const char *name, const std::string &text)
 {

@@ -10,17 +10,19 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WContainerWidget;
 class WWebWidget;
 class WWidget;
 
-namespace Engine {
+namespace Engine
+{
 
 /**
- * The page of one session: the mirror of what the browser shows, the widgets whose part of it is out of date, the
- * keyboard focus, and the windows that lie over the page.
+ * The page of one session: the mirror of what the browser shows, the widgets whose part of it is out of date,
+ * the keyboard focus, and the windows that lie over the page.
  */
 class Page : public Dom::Document
 {
@@ -44,7 +46,8 @@ public:
   /// What the browser must do to follow, as JSON operations; empty if nothing. Counts as update `number`.
   std::string takeUpdate(std::uint64_t number);
 
-  // Windows over the page. A widget is exposed if it is in the topmost modal window, or in a window above that.
+  /// Windows over the page. A widget is exposed if it is in the topmost modal window, or in a window above
+  /// that.
 
   void pushWindow(WWidget *window, bool modal);
   void removeWindow(WWidget *window);
@@ -52,7 +55,7 @@ public:
   WWidget *topWindow() const;
   bool exposed(const WWidget *widget) const;
 
-  // Keyboard focus
+  /// Keyboard focus
 
   /// As far as the browser has told, or a widget has asked since.
   bool hasFocus(const WWebWidget &widget) const;
@@ -64,14 +67,14 @@ public:
   /// The widget is being destroyed.
   void forget(WWebWidget &widget);
 
-  // Values of form elements that the program has set, which an older one of the browser must not overwrite
+  /// Values of form elements that the program has set, which an older one of the browser must not overwrite
 
   void valueSet(Dom::Element::Id id);
   /// True if a message from a browser that had seen updates up to `seen` may still tell this element's value.
   bool valueAccepted(Dom::Element::Id id, std::uint64_t seen) const;
   void seen(std::uint64_t number);
 
-  // Commands to the page as a whole
+  /// Commands to the page as a whole
 
   void setTitle(const std::string &title);
   void setLanguage(const std::string &language);

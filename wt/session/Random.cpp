@@ -4,13 +4,15 @@
 #include "base/Log.h"
 
 #include <cstdlib>
-
 #include <openssl/rand.h>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 void fill(unsigned char *bytes, std::size_t size)
 {

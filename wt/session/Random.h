@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// `bytes` unguessable bytes as hexadecimal digits. Ends the process if the system has no randomness to give.
 std::string randomHex(std::size_t bytes);

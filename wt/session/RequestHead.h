@@ -7,8 +7,10 @@
 #include <utility>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// What is known of an HTTP request besides its body. Texts are as they came, but for the decoded parameters.
 struct RequestHead {
@@ -19,8 +21,8 @@ struct RequestHead {
   std::string query;         ///< raw, without "?"
   std::string host;          ///< the Host header, with ":port" if the browser sent one
   std::string clientAddress; ///< the peer's address
-  std::vector<std::pair<std::string, std::string>> headers;  ///< names in lower case
-  std::multimap<std::string, std::string> parameters;        ///< decoded query parameters
+  std::vector<std::pair<std::string, std::string>> headers; ///< names in lower case
+  std::multimap<std::string, std::string> parameters;       ///< decoded query parameters
 
   /// The first header of that lower-case name, or an empty text.
   std::string header(const std::string &name) const

@@ -8,11 +8,13 @@
 #include <memory>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-/// What answers the requests for one resource of a session. Shared by the resource, the session, and the requests
-/// under way; it must know by itself when the resource has gone.
+/// What answers the requests for one resource of a session. Shared by the resource, the session, and the
+/// requests under way; it must know by itself when the resource has gone.
 class ResourceHandler
 {
 public:

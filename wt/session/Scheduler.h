@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <functional>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /**
  * Where sessions get their processor time and their sense of time from: the server's worker pool, or in tests

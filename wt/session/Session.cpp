@@ -8,21 +8,23 @@
 #include "session/Random.h"
 #include "session/WidgetAccess.h"
 
-#include <algorithm>
-#include <cstdio>
-
 #include <Wt/WApplication>
 #include <Wt/WEnvironment>
 #include <Wt/WException>
 #include <Wt/WTimer>
+#include <algorithm>
+#include <cstdio>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
-const char reloadMessage[] = "{\"reload\":true}";
-const char failureText[] = "An internal error has ended this session. Reload the page to begin a new one.";
+const char kReloadMessage[] = "{\"reload\":true}";
+const char kFailureText[] = "An internal error has ended this session. Reload the page to begin a new one.";
 
 thread_local Session *currentSession = nullptr;
 
@@ -80,8 +82,7 @@ struct Session::ResourceRequest {
 Session::Session(Scheduler &scheduler, const SessionConfig &config, Origin origin,
                  std::function<void(Session &)> ended)
     : scheduler_(scheduler), config_(config), origin_(std::move(origin)), ended_(std::move(ended)),
-      awaySince_(scheduler.now()),
-      timers_(scheduler, [this](TimerSet::Ticket ticket) -> Scheduler::Task {
+      awaySince_(scheduler.now()), timers_(scheduler, [this](TimerSet::Ticket ticket) -> Scheduler::Task {
         return [weak = weak_from_this(), ticket] {
           if (const auto self = weak.lock())
             self->enqueueTick(ticket);
@@ -104,7 +105,8 @@ __attribute__((noinline)) Session *Session::makeCurrent(Session *session) noexce
   return former;
 }
 
-// --- The queue -------------------------------------------------------------------------------------------------
+// --- The queue
+// -------------------------------------------------------------------------------------------------
 
 bool Session::full(const Work &work) const
 {
@@ -120,7 +122,7 @@ void Session::enqueue(Work work)
   if (full(work)) {
     held.unlock();
     log(LogLevel::Warning, "session", publicId() + " ended: its page sends more than it handles");
-    kill(reloadMessage);
+    kill(kReloadMessage);
     return;
   }
   if (work.kind == Work::Message) {
@@ -231,7 +233,8 @@ bool Session::heldByThisThread() const
   return holder_ != Holder::Nobody && holderThread_ == std::this_thread::get_id();
 }
 
-// --- What others ask for, from any thread --------------------------------------------------------------------------
+// --- What others ask for, from any thread
+// --------------------------------------------------------------------------
 
 void Session::begin(std::shared_ptr<Transport> transport, std::uint64_t connection, ClientMessage hello)
 {
@@ -346,7 +349,8 @@ bool Session::dead() const
   return dead_;
 }
 
-// --- The life on the fiber -----------------------------------------------------------------------------------------
+// --- The life on the fiber
+// -----------------------------------------------------------------------------------------
 
 void Session::live()
 {
@@ -377,7 +381,7 @@ void Session::loop()
 /// A handler ended with an exception. That is the rule when the session was killed, and a fault otherwise.
 void Session::failed(const char *what)
 {
-  const std::string text = ownText("Wt.Page.Failed", failureText);
+  const std::string text = ownText("Wt.Page.Failed", kFailureText);
   const std::lock_guard<std::mutex> held(mutex_);
   if (killed_)
     return;
@@ -424,7 +428,8 @@ void Session::destroyApplication()
   resources_.clear();
 }
 
-// --- Handling what is in the queue ---------------------------------------------------------------------------------
+// --- Handling what is in the queue
+// ---------------------------------------------------------------------------------
 
 void Session::waitForEvent()
 {
@@ -453,15 +458,25 @@ void Session::processEvents()
 bool Session::handle(Work &work)
 {
   switch (work.kind) {
-  case Work::Begin: return handleBegin(work);
-  case Work::Attach: return handleAttach(work);
-  case Work::Message: return handleMessage(work);
-  case Work::Detach: return handleDetach(work);
-  case Work::Tick: return handleTick(work.number);
-  case Work::Request: return handleRequest(work);
-  case Work::Progress: return handleProgress(work);
-  case Work::Call: pending_.push_back(std::move(work.call)); break;
-  case Work::FollowUp: break;
+  case Work::Begin:
+    return handleBegin(work);
+  case Work::Attach:
+    return handleAttach(work);
+  case Work::Message:
+    return handleMessage(work);
+  case Work::Detach:
+    return handleDetach(work);
+  case Work::Tick:
+    return handleTick(work.number);
+  case Work::Request:
+    return handleRequest(work);
+  case Work::Progress:
+    return handleProgress(work);
+  case Work::Call:
+    pending_.push_back(std::move(work.call));
+    break;
+  case Work::FollowUp:
+    break;
   }
   notify(OtherEvent);
   endIfQuitting();
@@ -545,17 +560,24 @@ bool Session::handleMessage(Work &work)
     else
       page_.seen(message.seen);
     return false;
-  case ClientMessage::Events: return handleEvents(message);
-  default: violation("it says hello twice"); return false;
+  case ClientMessage::Events:
+    return handleEvents(message);
+  default:
+    violation("it says hello twice");
+    return false;
   }
 }
 
 bool Session::handleEvents(ClientMessage &message)
 {
   switch (channel_.received(message.number, message.seen)) {
-  case Channel::Violation: violation("its messages are out of order"); return false;
-  case Channel::Ignore: return false;
-  case Channel::Process: break;
+  case Channel::Violation:
+    violation("its messages are out of order");
+    return false;
+  case Channel::Ignore:
+    return false;
+  case Channel::Process:
+    break;
   }
   page_.seen(message.seen);
   const bool user = !message.events.empty();
@@ -563,9 +585,11 @@ bool Session::handleEvents(ClientMessage &message)
   std::stable_partition(message.events.begin(), message.events.end(),
                         [](const ClientMessage::Event &event) { return event.data.name == "change"; });
   auto events = std::move(message.events);
-  pending_.push_back([this, values = std::make_shared<ClientMessage>(std::move(message))] { applyValues(*values); });
+  pending_.push_back(
+      [this, values = std::make_shared<ClientMessage>(std::move(message))] { applyValues(*values); });
   for (ClientMessage::Event &event : events)
-    pending_.push_back([this, event = std::make_shared<ClientMessage::Event>(std::move(event))] { dispatchDom(*event); });
+    pending_.push_back(
+        [this, event = std::make_shared<ClientMessage::Event>(std::move(event))] { dispatchDom(*event); });
   notify(user ? UserEvent : OtherEvent);
   channel_.send(std::string());
   endIfQuitting();
@@ -629,7 +653,7 @@ bool Session::handleProgress(Work &work)
 void Session::violation(const std::string &what)
 {
   log(LogLevel::Warning, "session", publicId() + " ended: its page breaks the protocol: " + what);
-  kill(reloadMessage);
+  kill(kReloadMessage);
 }
 
 void Session::notify(int eventType)
@@ -748,14 +772,16 @@ void Session::quit(const std::string &message)
   quitMessage_ = message;
 }
 
-// --- Resources -----------------------------------------------------------------------------------------------------
+// --- Resources
+// -----------------------------------------------------------------------------------------------------
 
 std::string Session::addResource(const std::string &id, std::shared_ptr<ResourceHandler> handler)
 {
   Resource &resource = resources_[id];
   resource.handler = std::move(handler);
   resource.rand = randomName(16);
-  return deploymentPath() + "?wtd=" + publicId() + "&request=resource&resource=" + id + "&rand=" + resource.rand;
+  return deploymentPath() + "?wtd=" + publicId() + "&request=resource&resource=" + id +
+         "&rand=" + resource.rand;
 }
 
 void Session::refuse(const std::vector<SpooledFile> &files, ResourceResponse &response)
@@ -777,7 +803,8 @@ const Session::Resource *Session::resource(const std::string &id, const std::str
   return found != resources_.end() && found->second.rand == rand ? &found->second : nullptr;
 }
 
-// --- Tests -----------------------------------------------------------------------------------------------------------
+// --- Tests
+// -----------------------------------------------------------------------------------------------------------
 
 bool Session::dialogExecuted(WDialog *dialog)
 {

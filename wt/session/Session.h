@@ -23,22 +23,25 @@
 #include <thread>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WApplication;
 class WDialog;
 class WEvent;
 
-namespace Engine {
+namespace Engine
+{
 
 /**
  * One browser page and its application object.
  *
- * Whatever happens to a session is put into its queue, from any thread, and taken out on the session's fiber, one
- * thing at a time; a worker runs the fiber while there is something to take. Having the fiber (or, on a thread of
- * one's own, the lock) is the right to touch the application and its widgets. A handler that waits, in
- * waitForEvent(), takes from the queue itself, on top of its own stack. When the session is killed, waiting
- * handlers are unwound by a WException, the application is destroyed on the fiber, and the fiber ends.
+ * Whatever happens to a session is put into its queue, from any thread, and taken out on the session's fiber,
+ * one thing at a time; a worker runs the fiber while there is something to take. Having the fiber (or, on a
+ * thread of one's own, the lock) is the right to touch the application and its widgets. A handler that waits,
+ * in waitForEvent(), takes from the queue itself, on top of its own stack. When the session is killed,
+ * waiting handlers are unwound by a WException, the application is destroyed on the fiber, and the fiber
+ * ends.
  */
 class Session : public std::enable_shared_from_this<Session>
 {
@@ -50,7 +53,8 @@ public:
     std::string publicId;
   };
 
-  Session(Scheduler &scheduler, const SessionConfig &config, Origin origin, std::function<void(Session &)> ended);
+  Session(Scheduler &scheduler, const SessionConfig &config, Origin origin,
+          std::function<void(Session &)> ended);
   ~Session();
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
@@ -68,18 +72,21 @@ public:
   /// Answers a request that no resource takes.
   static void refuse(const std::vector<SpooledFile> &files, ResourceResponse &response);
 
-  // From any thread
+  /// From any thread
 
   /// The page said hello on this connection.
   void begin(std::shared_ptr<Transport> transport, std::uint64_t connection, ClientMessage hello);
-  void resume(std::shared_ptr<Transport> transport, std::uint64_t connection, std::uint64_t seen, std::string scheme);
+  void resume(std::shared_ptr<Transport> transport, std::uint64_t connection, std::uint64_t seen,
+              std::string scheme);
   void received(std::uint64_t connection, std::string message);
   void closed(std::uint64_t connection, bool goodbye);
   /// Runs a function within the session, as an event of its own.
   void post(std::function<void()> function);
   void requested(const std::string &resourceId, const std::string &rand, RequestHead head,
-                 std::vector<SpooledFile> files, std::uint64_t tooLarge, std::shared_ptr<ResourceResponse> response);
-  void progress(const std::string &resourceId, const std::string &rand, std::uint64_t got, std::uint64_t total);
+                 std::vector<SpooledFile> files, std::uint64_t tooLarge,
+                 std::shared_ptr<ResourceResponse> response);
+  void progress(const std::string &resourceId, const std::string &rand, std::uint64_t got,
+                std::uint64_t total);
   /// Ends the session as soon as its running handler lets go. `farewell` is a last message to the page.
   void kill(const std::string &farewell = std::string());
   /// True if its browser has been away for longer than the configured time.
@@ -91,7 +98,7 @@ public:
   void unlock();
   bool heldByThisThread() const;
 
-  // Within the session
+  /// Within the session
 
   Page &page() { return page_; }
   WApplication *application() const { return application_; }
@@ -119,9 +126,9 @@ public:
   void quit(const std::string &message);
   bool quitting() const { return quitting_; }
 
-  /// For tests whose application lives on their own thread, without a fiber: this thread works for the session
-  /// until leaveTest(). Such a session cannot wait for events; `dialogExecuted` is called for each dialog that
-  /// would wait.
+  /// For tests whose application lives on their own thread, without a fiber: this thread works for the
+  /// session until leaveTest(). Such a session cannot wait for events; `dialogExecuted` is called for each
+  /// dialog that would wait.
   void enterTest(std::function<void(WDialog *)> dialogExecuted);
   void leaveTest();
 
@@ -145,7 +152,7 @@ private:
   };
   enum class Holder { Nobody, Worker, Lock };
 
-  // The queue
+  /// The queue
   void enqueue(Work work);
   void enqueueTick(TimerSet::Ticket ticket);
   bool full(const Work &work) const;
@@ -154,7 +161,7 @@ private:
   void release(std::unique_lock<std::mutex> &held);
   Work next();
 
-  // The life on the fiber
+  /// The life on the fiber
   void live();
   void loop();
   void createApplication();
@@ -162,7 +169,7 @@ private:
   void failed(const char *what);
   void farewell();
 
-  // Handling
+  /// Handling
   bool handle(Work &work);
   bool handleAttach(Work &work);
   bool handleBegin(Work &work);
@@ -204,7 +211,7 @@ private:
   bool away_ = false;
   std::atomic<WApplication *> application_{nullptr};
 
-  // What only the holder touches
+  /// What only the holder touches
   std::unique_ptr<Environment> environment_;
   Page page_;
   Channel channel_;

@@ -3,33 +3,34 @@
 #define WT_SESSION_SESSION_CONFIG_H_
 
 #include <Wt/WApplication>
-
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 class WServer;
 
-namespace Engine {
+namespace Engine
+{
 
 /// What all sessions of a server share. Fixed before the first session.
 struct SessionConfig {
-  std::chrono::seconds timeout{600};         ///< how long a session outlives its connection; negative: for ever
-  std::size_t maxSessions = 500;             ///< beyond it a page is told to try again later
+  std::chrono::seconds timeout{600}; ///< how long a session outlives its connection; negative: for ever
+  std::size_t maxSessions = 500;     ///< beyond it a page is told to try again later
   /// Within newSessionsInterval. All people of an office may come from one address, and all at once: after an
   /// outage each page loads itself anew.
   std::size_t maxNewSessionsPerAddress = 600;
   std::chrono::seconds newSessionsInterval{60};
-  std::size_t maxQueuedMessages = 1000;      ///< messages of one page that wait while its session is busy
+  std::size_t maxQueuedMessages = 1000; ///< messages of one page that wait while its session is busy
   std::size_t maxQueuedBytes = 4u << 20;
   std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged
   std::int64_t maxRequestSize = 128 * 1024;
-  WServer *server = nullptr;                 ///< may be null
-  std::string idPrefix;                      ///< of the sessions' public names
-  std::string scriptVersion;                 ///< the hash in the runtime script's URL
+  WServer *server = nullptr; ///< may be null
+  std::string idPrefix;      ///< of the sessions' public names
+  std::string scriptVersion; ///< the hash in the runtime script's URL
 };
 
 /// One place of the server where pages begin.

@@ -11,8 +11,10 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// A body part that the HTTP side has written to a temporary file of its own.
 struct SpooledFile {
@@ -57,9 +59,10 @@ public:
   virtual std::shared_ptr<TransportListener> connected(const RequestHead &head,
                                                        std::shared_ptr<Transport> transport) = 0;
 
-  /// A request for a resource of a session. Takes everything over; answers by `response` from a worker, with 404
-  /// when session or resource are unknown. For uploads `files` holds the spooled parts, which are removed by
-  /// whoever takes them over; `tooLarge` is the body's size when it was over the limit and not read, else 0.
+  /// A request for a resource of a session. Takes everything over; answers by `response` from a worker, with
+  /// 404 when session or resource are unknown. For uploads `files` holds the spooled parts, which are removed
+  /// by whoever takes them over; `tooLarge` is the body's size when it was over the limit and not read, else
+  /// 0.
   virtual void resource(RequestHead head, std::vector<SpooledFile> files, std::uint64_t tooLarge,
                         std::shared_ptr<ResourceResponse> response) = 0;
 

@@ -13,27 +13,40 @@
 #include <atomic>
 #include <condition_variable>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
-const std::size_t maxHelloSize = 32 * 1024;
+const std::size_t kMaxHelloSize = 32 * 1024;
 
-const char fullText[] = "Too many people are using this system at the moment. Please try again later.";
-const char rateText[] = "Too many pages were opened from this address in a short time. Please try again in a moment.";
-const char stoppingText[] = "The server is shutting down. Please try again later.";
+const char kFullText[] = "Too many people are using this system at the moment. Please try again later.";
+const char kRateText[] =
+    "Too many pages were opened from this address in a short time. Please try again in a moment.";
+const char kStoppingText[] = "The server is shutting down. Please try again later.";
 
 std::string escaped(const std::string &text)
 {
   std::string result;
   for (const char c : text) {
     switch (c) {
-    case '&': result += "&amp;"; break;
-    case '<': result += "&lt;"; break;
-    case '>': result += "&gt;"; break;
-    case '"': result += "&quot;"; break;
-    default: result += c;
+    case '&':
+      result += "&amp;";
+      break;
+    case '<':
+      result += "&lt;";
+      break;
+    case '>':
+      result += "&gt;";
+      break;
+    case '"':
+      result += "&quot;";
+      break;
+    default:
+      result += c;
     }
   }
   return result;
@@ -46,7 +59,8 @@ class SessionManager::Connection : public TransportListener
 {
 public:
   Connection(std::shared_ptr<SessionManager> manager, RequestHead head, std::shared_ptr<Transport> transport)
-      : manager_(std::move(manager)), head_(std::move(head)), transport_(std::move(transport)), number_(nextNumber())
+      : manager_(std::move(manager)), head_(std::move(head)), transport_(std::move(transport)),
+        number_(nextNumber())
   {
   }
 
@@ -77,9 +91,10 @@ private:
   void introduce(const std::string &text)
   {
     ClientMessage message;
-    if (text.size() > maxHelloSize || !ClientMessage::decode(text, message) ||
+    if (text.size() > kMaxHelloSize || !ClientMessage::decode(text, message) ||
         (message.kind != ClientMessage::Hello && message.kind != ClientMessage::Resume)) {
-      log(LogLevel::Warning, "session", "a connection from " + head_.clientAddress + " does not begin with a greeting");
+      log(LogLevel::Warning, "session",
+          "a connection from " + head_.clientAddress + " does not begin with a greeting");
       end(std::string());
     } else if (message.kind == ClientMessage::Hello) {
       begin(std::move(message));
@@ -159,8 +174,10 @@ std::string SessionManager::bootstrapPage(const RequestHead &head)
   if (place && !place->favicon.empty())
     // The runtime fetches it once the page is shown.
     page += "<link rel=\"icon\" href=\"data:,\" data-href=\"" + escaped(place->favicon) + "\">\n";
-  page += "<script type=\"module\" src=\"" + path + "?request=script&amp;v=" + escaped(config_.scriptVersion) +
-          "\"></script>\n</head>\n<body class=\"Wt-ltr\" data-wt=\"" + path + "\">\n"
+  page += "<script type=\"module\" src=\"" + path +
+          "?request=script&amp;v=" + escaped(config_.scriptVersion) +
+          "\"></script>\n</head>\n<body class=\"Wt-ltr\" data-wt=\"" + path +
+          "\">\n"
           "<noscript>This page needs JavaScript.</noscript>\n</body>\n</html>\n";
   return page;
 }
@@ -175,7 +192,9 @@ std::shared_ptr<TransportListener> SessionManager::connected(const RequestHead &
 bool SessionManager::tooManyFrom(const std::string &address)
 {
   const auto now = scheduler_.now();
-  const auto old = [&](const Scheduler::TimePoint &when) { return now - when >= config_.newSessionsInterval; };
+  const auto old = [&](const Scheduler::TimePoint &when) {
+    return now - when >= config_.newSessionsInterval;
+  };
   // The table does not outgrow the addresses that were here lately.
   for (auto i = births_.begin(); i != births_.end();)
     i = i->first != address && old(i->second.back()) ? births_.erase(i) : std::next(i);
@@ -193,20 +212,20 @@ std::shared_ptr<Session> SessionManager::begin(const RequestHead &head, std::str
   const EntryPoint *place = entryPoint(head.entryPoint);
   const std::lock_guard<std::mutex> held(mutex_);
   if (stopping_ || !place) {
-    refusal = ownText("Wt.Page.Stopping", stoppingText);
+    refusal = ownText("Wt.Page.Stopping", kStoppingText);
   } else if (byPublicId_.size() >= config_.maxSessions) {
-    refusal = ownText("Wt.Page.Full", fullText);
+    refusal = ownText("Wt.Page.Full", kFullText);
   } else if (tooManyFrom(head.clientAddress)) {
-    refusal = ownText("Wt.Page.TooMany", rateText);
+    refusal = ownText("Wt.Page.TooMany", kRateText);
   }
   if (!refusal.empty()) {
     log(LogLevel::Warning, "session", "no session for " + head.clientAddress + ": " + refusal);
     return nullptr;
   }
   Session::Origin origin{head, *place, randomHex(16), config_.idPrefix + randomName(16)};
-  const auto session = std::make_shared<Session>(
-      scheduler_, config_, std::move(origin),
-      [self = shared_from_this()](Session &gone) { self->ended(gone); });
+  const auto session =
+      std::make_shared<Session>(scheduler_, config_, std::move(origin),
+                                [self = shared_from_this()](Session &gone) { self->ended(gone); });
   byPublicId_.emplace(session->publicId(), session);
   byToken_.emplace(session->token(), session.get());
   return session;

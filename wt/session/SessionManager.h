@@ -15,8 +15,10 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 class Session;
 
@@ -47,8 +49,8 @@ public:
   /// Ends the sessions whose browser has been away for too long. True while sessions remain.
   bool expireSessions();
 
-  /// Ends all sessions and refuses new ones. Returns when every application object is destroyed; the scheduler must
-  /// be running, on other threads than the caller's.
+  /// Ends all sessions and refuses new ones. Returns when every application object is destroyed; the
+  /// scheduler must be running, on other threads than the caller's.
   void stop();
   /// The same without waiting.
   void killAll();

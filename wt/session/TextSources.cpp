@@ -9,14 +9,16 @@
 #include <Wt/WServer>
 #include <mutex>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 /// Runs `ask` with the server's texts, if there are any. They know nothing of threads.
-template <class Ask>
-bool askServer(Ask ask)
+template <class Ask> bool askServer(Ask ask)
 {
   static std::mutex mutex;
   const WServer *server = WServer::instance();
@@ -37,7 +39,8 @@ void installTextSources()
   setPluralResolver([](const std::string &key, std::string &result, std::uint64_t amount) {
     if (WApplication *application = WApplication::instance())
       return application->messageResourceBundle().resolvePluralKey(key, result, amount);
-    return askServer([&](WLocalizedStrings &strings) { return strings.resolvePluralKey(key, result, amount); });
+    return askServer(
+        [&](WLocalizedStrings &strings) { return strings.resolvePluralKey(key, result, amount); });
   });
   setLocaleSource([] {
     const WApplication *application = WApplication::instance();

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 TimerSet::TimerSet(Scheduler &scheduler, AlarmMaker makeAlarm)
     : scheduler_(scheduler), makeAlarm_(std::move(makeAlarm))

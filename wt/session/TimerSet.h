@@ -9,14 +9,16 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WTimer;
 
-namespace Engine {
+namespace Engine
+{
 
-/// The running timers of one session. A tick is told by its ticket, which no other run of a timer has. Not thread
-/// safe: belongs to the session.
+/// The running timers of one session. A tick is told by its ticket, which no other run of a timer has. Not
+/// thread safe: belongs to the session.
 class TimerSet
 {
 public:
@@ -24,8 +26,8 @@ public:
 
   using AlarmMaker = std::function<Scheduler::Task(Ticket)>;
 
-  /// What `makeAlarm` returns is called on a worker when the time of the run with that ticket has come; the set, and
-  /// its session, may be gone by then.
+  /// What `makeAlarm` returns is called on a worker when the time of the run with that ticket has come; the
+  /// set, and its session, may be gone by then.
   TimerSet(Scheduler &scheduler, AlarmMaker makeAlarm);
   ~TimerSet();
 

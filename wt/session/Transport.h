@@ -5,11 +5,14 @@
 #include <memory>
 #include <string>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 /// The server's end of one connection to a page: whole text messages, in order, to the browser.
-/// All operations may be called from any thread and never block; after the connection is gone they do nothing.
+/// All operations may be called from any thread and never block; after the connection is gone they do
+/// nothing.
 class Transport
 {
 public:
@@ -22,7 +25,8 @@ public:
   virtual void close(const std::string &reason) = 0;
 };
 
-/// The session's end: told of what the browser sends. Called one at a time, from the network thread; must not block.
+/// The session's end: told of what the browser sends. Called one at a time, from the network thread; must not
+/// block.
 class TransportListener
 {
 public:

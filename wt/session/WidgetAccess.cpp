@@ -6,8 +6,10 @@
 #include <Wt/WApplication>
 #include <Wt/WContainerWidget>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
 Dom::Element *WidgetAccess::element(const WWidget *widget)
 {

@@ -5,19 +5,22 @@
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WApplication;
 class WContainerWidget;
 class WWebWidget;
 class WWidget;
 
-namespace Dom {
+namespace Dom
+{
 class Document;
 class Element;
 } // namespace Dom
 
-namespace Engine {
+namespace Engine
+{
 
 class Page;
 

@@ -4,16 +4,18 @@
 #include "dom/JsonText.h"
 
 #include <chrono>
+#include <jansson.h>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
 
-#include <jansson.h>
+namespace Wt
+{
+namespace Testing
+{
 
-namespace Wt {
-namespace Testing {
-
-namespace {
+namespace
+{
 
 std::string number(std::uint64_t value)
 {
@@ -29,7 +31,8 @@ std::string quoted(const std::string &text)
 
 std::string stringOf(json_t *value)
 {
-  return json_is_string(value) ? std::string(json_string_value(value), json_string_length(value)) : std::string();
+  return json_is_string(value) ? std::string(json_string_value(value), json_string_length(value))
+                               : std::string();
 }
 
 } // namespace
@@ -90,7 +93,8 @@ HeadlessBrowser::~HeadlessBrowser()
   close();
 }
 
-// --- The connection ------------------------------------------------------------------------------------------------
+// --- The connection
+// ------------------------------------------------------------------------------------------------
 
 void HeadlessBrowser::connect()
 {
@@ -101,7 +105,8 @@ void HeadlessBrowser::connect()
 void HeadlessBrowser::open()
 {
   connect();
-  send("{\"hello\":{\"query\":" + quoted(query) + ",\"tz\":0,\"w\":1280,\"h\":800,\"lang\":" + quoted(language) + "}}");
+  send("{\"hello\":{\"query\":" + quoted(query) +
+       ",\"tz\":0,\"w\":1280,\"h\":800,\"lang\":" + quoted(language) + "}}");
   run();
 }
 
@@ -212,7 +217,8 @@ void HeadlessBrowser::sendNumbered(const std::string &members)
   run();
 }
 
-// --- What the server says ------------------------------------------------------------------------------------------
+// --- What the server says
+// ------------------------------------------------------------------------------------------
 
 void HeadlessBrowser::receive(const std::string &text)
 {
@@ -262,7 +268,8 @@ void HeadlessBrowser::receiveUpdate(json_t *message)
   page_.apply(operations);
 }
 
-// --- Finding -------------------------------------------------------------------------------------------------------
+// --- Finding
+// -------------------------------------------------------------------------------------------------------
 
 Node *HeadlessBrowser::byText(const std::string &text) const
 {
@@ -291,7 +298,8 @@ Node *HeadlessBrowser::byAttribute(const std::string &name, const std::string &v
   return page_.findIf([&](const Node &n) { return n.has(name) && n.get(name) == value && n.visible(); });
 }
 
-// --- Acting --------------------------------------------------------------------------------------------------------
+// --- Acting
+// --------------------------------------------------------------------------------------------------------
 
 bool HeadlessBrowser::actionable(const Node *node) const
 {
@@ -299,7 +307,8 @@ bool HeadlessBrowser::actionable(const Node *node) const
 }
 
 /// Appends the events of the element and of those above it that listen.
-void HeadlessBrowser::gather(Node *node, const std::string &name, const std::string &data, std::string &events) const
+void HeadlessBrowser::gather(Node *node, const std::string &name, const std::string &data,
+                             std::string &events) const
 {
   for (const Node *n = node; n; n = n->parent) {
     if (!n->has('@' + name))
@@ -335,15 +344,15 @@ bool HeadlessBrowser::click(Node *node, int modifiers, int button)
 {
   if (!actionable(node))
     return false;
-  const std::string data = "{\"b\":" + number(static_cast<unsigned>(button)) + ",\"m\":" +
-                           number(static_cast<unsigned>(modifiers)) + "}";
+  const std::string data = "{\"b\":" + number(static_cast<unsigned>(button)) +
+                           ",\"m\":" + number(static_cast<unsigned>(modifiers)) + "}";
   std::string events;
   for (const char *name : {"mousedown", "mouseup", "click"})
     gather(node, name, data, events);
   if (events.empty())
     return false;
-  sendNumbered((node->tag == "button" || node->tag == "input" ? focusMember(node) : std::string()) + ",\"e\":[" +
-               events + "]");
+  sendNumbered((node->tag == "button" || node->tag == "input" ? focusMember(node) : std::string()) +
+               ",\"e\":[" + events + "]");
   return true;
 }
 
@@ -396,8 +405,8 @@ bool HeadlessBrowser::key(Node *node, int keyCode, int modifiers)
 {
   if (!actionable(node))
     return false;
-  const std::string data =
-      "{\"k\":" + number(static_cast<unsigned>(keyCode)) + ",\"m\":" + number(static_cast<unsigned>(modifiers)) + "}";
+  const std::string data = "{\"k\":" + number(static_cast<unsigned>(keyCode)) +
+                           ",\"m\":" + number(static_cast<unsigned>(modifiers)) + "}";
   std::string events;
   gather(node, "keydown", data, events);
   if (keyCode == 13)
@@ -475,7 +484,8 @@ bool HeadlessBrowser::script(Node *node, const std::string &name, const std::str
 
 bool HeadlessBrowser::size(Node *node, int width, int height)
 {
-  return node && node->has("!size") && script(node, "size", std::to_string(width) + ',' + std::to_string(height));
+  return node && node->has("!size") &&
+         script(node, "size", std::to_string(width) + ',' + std::to_string(height));
 }
 
 } // namespace Testing

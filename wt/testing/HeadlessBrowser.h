@@ -16,13 +16,15 @@
 
 struct json_t;
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
 /**
- * A browser's page in the test's process: speaks to the sessions as the runtime does, over a connection in memory,
- * and applies their operations to a tree of its own. Every action runs the scheduler until nothing is left to do,
- * if there is one.
+ * A browser's page in the test's process: speaks to the sessions as the runtime does, over a connection in
+ * memory, and applies their operations to a tree of its own. Every action runs the scheduler until nothing is
+ * left to do, if there is one.
  */
 class HeadlessBrowser
 {
@@ -50,7 +52,7 @@ public:
   PageMirror &page() { return page_; }
   const PageMirror &page() const { return page_; }
 
-  // Finding: the first visible element that fits; null if there is none
+  /// Finding: the first visible element that fits; null if there is none
 
   /// By its own text, exactly.
   Node *byText(const std::string &text) const;
@@ -61,8 +63,8 @@ public:
   Node *byAttribute(const std::string &name, const std::string &value) const;
   bool shows(const std::string &text) const { return byText(text) != nullptr; }
 
-  // Acting. An event goes to the element and to those above it that listen, as events bubble; an element that is
-  // null, hidden or disabled gets nothing, and the action returns false.
+  /// Acting. An event goes to the element and to those above it that listen, as events bubble; an element
+  /// that is null, hidden or disabled gets nothing, and the action returns false.
 
   bool click(Node *node, int modifiers = 0, int button = 1);
   /// Clicks the first visible element of that text.
@@ -111,7 +113,7 @@ public:
   std::string busyText() const { return busyText_; }
   std::string token() const { return token_; }
 
-  // What came from the server since the counters were reset; answers without operations count as bytes
+  /// What came from the server since the counters were reset; answers without operations count as bytes
   std::size_t bytesReceived() const { return bytes_; }
   std::size_t operationsReceived() const { return operations_; }
   std::size_t messagesReceived() const { return messages_; }

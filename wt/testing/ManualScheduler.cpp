@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "testing/ManualScheduler.h"
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
 void ManualScheduler::post(Task task)
 {

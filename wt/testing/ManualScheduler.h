@@ -8,11 +8,13 @@
 #include <map>
 #include <mutex>
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
-/// A scheduler for tests: the clock stands still until advance() moves it, and tasks run on the thread that calls
-/// run() or advance().
+/// A scheduler for tests: the clock stands still until advance() moves it, and tasks run on the thread that
+/// calls run() or advance().
 class ManualScheduler : public Engine::Scheduler
 {
 public:

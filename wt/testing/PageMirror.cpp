@@ -2,15 +2,17 @@
 #include "testing/PageMirror.h"
 
 #include <algorithm>
+#include <jansson.h>
 #include <sstream>
 #include <stdexcept>
 
-#include <jansson.h>
+namespace Wt
+{
+namespace Testing
+{
 
-namespace Wt {
-namespace Testing {
-
-namespace {
+namespace
+{
 
 [[noreturn]] void fail(const std::string &what, json_t *operation)
 {
@@ -22,7 +24,8 @@ namespace {
 
 std::string stringOf(json_t *value)
 {
-  return json_is_string(value) ? std::string(json_string_value(value), json_string_length(value)) : std::string();
+  return json_is_string(value) ? std::string(json_string_value(value), json_string_length(value))
+                               : std::string();
 }
 
 std::uint32_t idOf(json_t *value)

@@ -11,8 +11,10 @@
 
 struct json_t;
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
 /// An element as a browser would have it.
 struct Node {
@@ -33,8 +35,8 @@ struct Node {
   std::string allText() const;
 };
 
-/// The page as a browser would have it: applies the server's operations as the runtime does, and fails where the
-/// runtime would.
+/// The page as a browser would have it: applies the server's operations as the runtime does, and fails where
+/// the runtime would.
 class PageMirror
 {
 public:
@@ -55,7 +57,7 @@ public:
   /// The tree as indented text, one element a line, without numbers: for comparison with golden texts.
   std::string dump(const Node *from = nullptr) const;
 
-  // What commands to the page and to elements have told
+  /// What commands to the page and to elements have told
   std::string title;
   std::string redirected;
   std::vector<std::string> styleSheets;
@@ -72,7 +74,8 @@ private:
   void set(Node &target, json_t *settings);
   void call(json_t *operation);
   void command(json_t *operation);
-  void collect(const Node &from, const std::function<bool(const Node &)> &fits, std::vector<Node *> &found) const;
+  void collect(const Node &from, const std::function<bool(const Node &)> &fits,
+               std::vector<Node *> &found) const;
   void dumpNode(const Node &from, std::size_t depth, std::string &out) const;
 
   std::map<std::uint32_t, std::unique_ptr<Node>> nodes_;

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "testing/TestSite.h"
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
-namespace {
+namespace
+{
 
 class BuiltApplication : public WApplication
 {

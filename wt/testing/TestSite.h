@@ -9,8 +9,10 @@
 #include <functional>
 #include <memory>
 
-namespace Wt {
-namespace Testing {
+namespace Wt
+{
+namespace Testing
+{
 
 /// Sessions of one application, without network and without threads, on a clock that the test moves.
 class TestSite

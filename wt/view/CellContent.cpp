@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "view/CellContent.h"
 
-#include <Wt/WLink>
-#include <Wt/WString>
-
 #include "base/LinkWatch.h"
 #include "base/RichText.h"
 #include "dom/Document.h"
 #include "dom/RichContent.h"
 
+#include <Wt/WLink>
+#include <Wt/WString>
 #include <cstring>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
 /// The cell's present part with that tag, or a new one.
 Dom::Element *part(Dom::Element &cell, const char *tag, Dom::Owner *owner)

@@ -3,18 +3,20 @@
 #define WT_VIEW_CELL_CONTENT_H_
 
 #include <Wt/WModelIndex>
-
 #include <string>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
-namespace Dom {
+namespace Dom
+{
 class Element;
 class Owner;
-}
+} // namespace Dom
 
-namespace Engine {
+namespace Engine
+{
 
 /// What a cell of a view shows: its text, and as the model wants a check box, an icon, a link or markup.
 class CellContent

@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "view/TableElement.h"
 
-#include <Wt/WAbstractItemModel>
-#include <Wt/WLink>
-
 #include "base/EventAccess.h"
 #include "base/RawEvent.h"
 #include "dom/Document.h"
 #include "view/CellContent.h"
 
+#include <Wt/WAbstractItemModel>
+#include <Wt/WLink>
 #include <algorithm>
 #include <charconv>
 
-namespace Wt {
-namespace Engine {
+namespace Wt
+{
+namespace Engine
+{
 
-namespace {
+namespace
+{
 
-const int cellExtra = 7;      ///< pixels that a column takes beside its width
-const int rowsAround = 10;    ///< rendered above and below what is in sight
-const int leastColumnWidth = 0;
-const int highestScroll = 1 << 29; ///< pixels; more than a browser can scroll
+const int kCellExtra = 7;   ///< pixels that a column takes beside its width
+const int kRowsAround = 10; ///< rendered above and below what is in sight
+const int kLeastColumnWidth = 0;
+const int kHighestScroll = 1 << 29; ///< pixels; more than a browser can scroll
 
 int number(const RawEvent &event, std::size_t index)
 {
@@ -117,8 +119,8 @@ std::string TableElement::trackList() const
 {
   std::string tracks;
   for (const int column : visibleColumns()) {
-    const int width = std::max(leastColumnWidth, static_cast<int>(view_.columnWidth(column).toPixels()));
-    tracks += (tracks.empty() ? "" : " ") + std::to_string(width + cellExtra) + "px";
+    const int width = std::max(kLeastColumnWidth, static_cast<int>(view_.columnWidth(column).toPixels()));
+    tracks += (tracks.empty() ? "" : " ") + std::to_string(width + kCellExtra) + "px";
   }
   return tracks;
 }
@@ -197,9 +199,10 @@ void TableElement::renderHeadCell(Dom::Element &cell, int column)
     parts[2]->set("aria-hidden", "true");
   }
   parts[0]->set("#", asString(view_.model()->headerData(column)).toUTF8());
-  parts[1]->setIf(sortable, "class", std::string("Wt-tv-sh ") + (!sorted      ? "Wt-tv-sh-none"
-                                                                 : descending ? "Wt-tv-sh-down"
-                                                                              : "Wt-tv-sh-up"));
+  parts[1]->setIf(sortable, "class",
+                  std::string("Wt-tv-sh ") + (!sorted      ? "Wt-tv-sh-none"
+                                              : descending ? "Wt-tv-sh-down"
+                                                           : "Wt-tv-sh-up"));
   parts[2]->setIf(!view_.isColumnResizeEnabled(), "hidden", "");
   cell.setChildren(parts);
 }
@@ -212,8 +215,8 @@ void TableElement::renderBody(Dom::Document &document)
 
   // A list that has become shorter is not scrolled beyond its end, as the browser sees to as well.
   const int top = std::max(0, std::min(scrollTop_, count * height - bodyHeight_));
-  const int first = std::max(0, std::min(top / height - rowsAround, count - 1));
-  const int last = std::min(count, (top + bodyHeight_) / height + 1 + rowsAround);
+  const int first = std::max(0, std::min(top / height - kRowsAround, count - 1));
+  const int last = std::min(count, (top + bodyHeight_) / height + 1 + kRowsAround);
   std::vector<Row> rows(std::max(0, last - first));
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const int at = firstRow_ + static_cast<int>(i) - first;
@@ -296,7 +299,7 @@ void TableElement::domGone(Dom::Element &gone) noexcept
 void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
 {
   if (event.name == "table:scroll") {
-    scrollTop_ = std::max(0, std::min(number(event, 0), highestScroll));
+    scrollTop_ = std::max(0, std::min(number(event, 0), kHighestScroll));
     bodyHeight_ = std::max(0, std::min(number(event, 1), 20000));
     repaint();
   } else if (event.name == "table:sort") {
@@ -361,20 +364,34 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
     return;
   const int page = std::max(1, bodyHeight_ / rowHeight() - 1);
   // Who selects something else than by keys and mouse moves the keyboard there too.
-  const bool astray = !roams_ && !view_.selection_.empty() &&
-                      (currentRow_ < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != currentRow_));
+  const bool astray =
+      !roams_ && !view_.selection_.empty() &&
+      (currentRow_ < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != currentRow_));
   const int current = std::min(astray ? view_.selection_[0].row : currentRow_, count - 1);
   if (astray)
     anchorRow_ = current;
   int row = current;
   switch (keyCode) {
-  case Key_Up: row = current - 1; break;
-  case Key_Down: row = current + 1; break;
-  case Key_PageUp: row = current - page; break;
-  case Key_PageDown: row = current + page; break;
-  case Key_Home: row = 0; break;
-  case Key_End: row = count - 1; break;
-  default: break;
+  case Key_Up:
+    row = current - 1;
+    break;
+  case Key_Down:
+    row = current + 1;
+    break;
+  case Key_PageUp:
+    row = current - page;
+    break;
+  case Key_PageDown:
+    row = current + page;
+    break;
+  case Key_Home:
+    row = 0;
+    break;
+  case Key_End:
+    row = count - 1;
+    break;
+  default:
+    break;
   }
   if (keyCode == Key_A)
     row = current;
@@ -384,8 +401,8 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   selectByKey(keyCode, WFlags<KeyboardModifier>(static_cast<KeyboardModifier>(modifiers)));
 }
 
-/// What a key does to the selection once the keyboard stands where it leads. With several rows to be had, Control
-/// moves without selecting and Shift takes all rows from where the selection began.
+/// What a key does to the selection once the keyboard stands where it leads. With several rows to be had,
+/// Control moves without selecting and Shift takes all rows from where the selection began.
 void TableElement::selectByKey(int keyCode, WFlags<KeyboardModifier> modifiers)
 {
   const bool control = modifiers.testFlag(ControlModifier) || modifiers.testFlag(MetaModifier);

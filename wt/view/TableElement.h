@@ -4,26 +4,27 @@
 
 #include <Wt/WAbstractItemView>
 #include <Wt/WWebWidget>
-
 #include <map>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace Wt {
+namespace Wt
+{
 
 class WAbstractItemModel;
 
-namespace Engine {
+namespace Engine
+{
 
 /**
- * A table view on the page: a head of column titles over a scrolling body, in which only the rows in sight and a
- * few around them exist.
+ * A table view on the page: a head of column titles over a scrolling body, in which only the rows in sight
+ * and a few around them exist.
  *
- * Rows and cells are elements "~r" and "~c", for which the runtime knows tag, class and role. A row is placed by its
- * number (".row"), so that scrolling only makes and removes rows, and a model that is emptied and filled again with
- * the same data changes nothing. The columns' widths are one setting of the whole view.
+ * Rows and cells are elements "~r" and "~c", for which the runtime knows tag, class and role. A row is placed
+ * by its number (".row"), so that scrolling only makes and removes rows, and a model that is emptied and
+ * filled again with the same data changes nothing. The columns' widths are one setting of the whole view.
  */
 class TableElement : public WWebWidget
 {
@@ -79,11 +80,11 @@ private:
   std::vector<Row> rows_;
   int firstRow_ = 0; ///< of rows_
   int scrollTop_ = 0;
-  int bodyHeight_ = 600; ///< pixels, until the browser tells
-  int currentRow_ = -1;  ///< where the keyboard stands
-  bool roams_ = false;   ///< the keyboard was led away from the selection
-  int anchorRow_ = -1;   ///< where a range begins that Shift makes
-  std::pair<int, int> pendingScroll_ = {-1, 0}; ///< row and hint, until the view is rendered
+  int bodyHeight_ = 600;                                ///< pixels, until the browser tells
+  int currentRow_ = -1;                                 ///< where the keyboard stands
+  bool roams_ = false;                                  ///< the keyboard was led away from the selection
+  int anchorRow_ = -1;                                  ///< where a range begins that Shift makes
+  std::pair<int, int> pendingScroll_ = {-1, 0};         ///< row and hint, until the view is rendered
   std::shared_ptr<int> life_ = std::make_shared<int>(); ///< lets see whether a slot has deleted the view
 };
 

@@ -15,9 +15,9 @@
 namespace zelclient
 {
 
-// The answers that the server has tagged or tied to its page, by the text of their request; shared by all
-// connections of the process and bounded in number and size, the least recently used going first. Tags and
-// epochs tell servers and runs of a server apart; the cache doesn't.
+/// The answers that the server has tagged or tied to its page, by the text of their request; shared by all
+/// connections of the process and bounded in number and size, the least recently used going first. Tags and
+/// epochs tell servers and runs of a server apart; the cache doesn't.
 class AnswerCache
 {
 public:
@@ -25,10 +25,10 @@ public:
 
   static AnswerCache &instance();
 
-  // The answer that is held for that request, or null.
+  /// The answer that is held for that request, or null.
   Answer find(std::string_view request);
 
-  // Holds an answer in place of an earlier one to the same request.
+  /// Holds an answer in place of an earlier one to the same request.
   void keep(Answer answer);
 
   std::size_t entries() const;
@@ -48,4 +48,4 @@ private:
 
 } // namespace zelclient
 
-#endif
+#endif // ZEL_CLIENT_ANSWER_CACHE_H_

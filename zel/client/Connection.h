@@ -15,8 +15,8 @@
 namespace zelclient
 {
 
-// A stream to the store server that carries one frame each way per exchange, within a time limit. The
-// first thing that goes wrong closes it for good.
+/// A stream to the store server that carries one frame each way per exchange, within a time limit. The
+/// first thing that goes wrong closes it for good.
 class Connection
 {
 public:
@@ -26,15 +26,15 @@ public:
   Connection &operator=(const Connection &) = delete;
 
   bool isOpen() const { return fd_ >= 0; }
-  // Open, not hung up by the server, and no answer under way that nobody waits for.
+  /// Open, not hung up by the server, and no answer under way that nobody waits for.
   bool isUsable() const;
 
-  // Sends `first` and `second` as one frame and receives one. `answer` lives until the next exchange.
+  /// Sends `first` and `second` as one frame and receives one. `answer` lives until the next exchange.
   bool exchange(std::string_view first, std::string_view second, std::string_view &answer);
 
   void close();
 
-  // The page that the server has sent with its first answer; null if it has none.
+  /// The page that the server has sent with its first answer; null if it has none.
   const ServerPage *page() const { return page_.get(); }
 
 private:
@@ -57,4 +57,4 @@ private:
 
 } // namespace zelclient
 
-#endif
+#endif // ZEL_CLIENT_CONNECTION_H_

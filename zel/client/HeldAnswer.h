@@ -16,13 +16,13 @@
 namespace zelclient
 {
 
-// An answer that may be handed out again: many callers share its value, so nobody may change it. All but
-// the columns is constant; any thread may use it.
+/// An answer that may be handed out again: many callers share its value, so nobody may change it. All but
+/// the columns is constant; any thread may use it.
 class HeldAnswer
 {
 public:
-  // Takes a reference of its own to `value`. `tag` and `epoch` tell by what it can be seen to be right;
-  // `bytes` is its size as text.
+  /// Takes a reference of its own to `value`. `tag` and `epoch` tell by what it can be seen to be right;
+  /// `bytes` is its size as text.
   HeldAnswer(std::string request, json_t *value, std::string tag, Epoch epoch, std::size_t bytes);
   ~HeldAnswer();
   HeldAnswer(const HeldAnswer &) = delete;
@@ -34,8 +34,8 @@ public:
   const Epoch &epoch() const { return epoch_; }
   std::size_t bytes() const { return bytes_; }
 
-  // The integers of one parameter in all rows of a list, made at the first call; null for what is no long
-  // list, or when too many parameters have been asked for. Lives as long as the answer.
+  /// The integers of one parameter in all rows of a list, made at the first call; null for what is no long
+  /// list, or when too many parameters have been asked for. Lives as long as the answer.
   using Column = std::vector<int>;
   const Column *column(std::string_view name) const;
 
@@ -54,14 +54,14 @@ private:
   mutable std::forward_list<Named> columns_;
 };
 
-// The integer that a JSON value stands for; 0 for what is none.
+/// The integer that a JSON value stands for; 0 for what is none.
 int integerOf(const json_t *value);
 
-// What this thread has lately been handed out: a caller who runs over the rows of a list finds its columns
-// here. `answer` is kept alive until others have come.
+/// What this thread has lately been handed out: a caller who runs over the rows of a list finds its columns
+/// here. `answer` is kept alive until others have come.
 void rememberHeld(const std::shared_ptr<const HeldAnswer> &answer);
 
-// The column that this thread has looked into last, for a caller who runs over the rows.
+/// The column that this thread has looked into last, for a caller who runs over the rows.
 struct LastColumn {
   static constexpr std::size_t kLongestName = 31;
 
@@ -70,11 +70,11 @@ struct LastColumn {
   std::size_t rows;
   char name[kLongestName + 1];
 };
-// For its speed without the check whether it is initialised: it is so from the start.
+/// For its speed without the check whether it is initialised: it is so from the start.
 extern __thread LastColumn lastColumn;
 
-// Makes the column of a parameter the last one. False if the response is none of those that this thread
-// has lately been handed out, or has no such column.
+/// Makes the column of a parameter the last one. False if the response is none of those that this thread
+/// has lately been handed out, or has no such column.
 bool findColumn(const json_t *response, const char *name);
 
 inline bool isLastColumn(const json_t *response, const char *name)
@@ -89,4 +89,4 @@ inline bool isLastColumn(const json_t *response, const char *name)
 
 } // namespace zelclient
 
-#endif
+#endif // ZEL_CLIENT_HELD_ANSWER_H_

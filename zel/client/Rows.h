@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <jansson.h>
 
-// How a response is seen as rows: a list has its entries, one record is a list of one, a failure has none.
+/// How a response is seen as rows: a list has its entries, one record is a list of one, a failure has none.
 namespace zelclient
 {
 
@@ -21,7 +21,7 @@ inline std::size_t countRows(const json_t *response)
   return json_object_size(response) > 0 && !isFailure(response) ? 1 : 0;
 }
 
-// Owned by the response; null if there is no such row.
+/// Owned by the response; null if there is no such row.
 inline json_t *rowOf(const json_t *response, std::size_t row)
 {
   if (json_is_array(response))
@@ -31,4 +31,4 @@ inline json_t *rowOf(const json_t *response, std::size_t row)
 
 } // namespace zelclient
 
-#endif
+#endif // ZEL_CLIENT_ROWS_H_

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <jansson.h>
 
-// References to values that threads share. The library's own macros count atomically too, but look first
-// whether the value is one of the constants, which is a plain read beside another thread's counting.
+/// References to values that threads share. The library's own macros count atomically too, but look first
+/// whether the value is one of the constants, which is a plain read beside another thread's counting.
 namespace zelclient
 {
 
@@ -30,4 +30,4 @@ inline void release(json_t *value)
 
 } // namespace zelclient
 
-#endif
+#endif // ZEL_CLIENT_SHARED_VALUE_H_

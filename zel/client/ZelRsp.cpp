@@ -9,13 +9,14 @@
 namespace
 {
 
-const char *const connectionModes[] = {"share_mode", "private_mode"};
-const char *const accessModes[] = {"share_mode", "private_mode", "share_or_private_mode"};
-const char *const userRoles[] = {"user", "admin"};
-const char *const swxModes[] = {"master", "slave"};
-const char *const swxStates[] = {"offline",     "dc_connected", "conflict_is_master", "conflict_other_master",
-                                 "isc_failure", "ready",        "resetting"};
-const char *const swxUsages[] = {"usable", "exceeds_unmanaged_capacity", "maintenance"};
+const char *const kConnectionModes[] = {"share_mode", "private_mode"};
+const char *const kAccessModes[] = {"share_mode", "private_mode", "share_or_private_mode"};
+const char *const kUserRoles[] = {"user", "admin"};
+const char *const kSwxModes[] = {"master", "slave"};
+const char *const kSwxStates[] = {
+    "offline",     "dc_connected", "conflict_is_master", "conflict_other_master",
+    "isc_failure", "ready",        "resetting"};
+const char *const kSwxUsages[] = {"usable", "exceeds_unmanaged_capacity", "maintenance"};
 
 // The row's word as its enumeration, whose values count from 1 in the order of `words`; 0 if none.
 template <typename Enumeration, std::size_t N>
@@ -42,7 +43,7 @@ unsigned int ZelRsp_connectionGetIndex(const json_t *row)
 
 Info_ConnectionMode ZelRsp_connectionGetMode(const json_t *row)
 {
-  return wordOf<Info_ConnectionMode>(row, "mode", connectionModes);
+  return wordOf<Info_ConnectionMode>(row, "mode", kConnectionModes);
 }
 
 unsigned int ZelRsp_connectionGetRxIndex(const json_t *row)
@@ -122,17 +123,17 @@ const char *ZelRsp_swxGetName(const json_t *row)
 
 Info_SwxMode ZelRsp_swxGetMode(const json_t *row)
 {
-  return wordOf<Info_SwxMode>(row, "mode", swxModes);
+  return wordOf<Info_SwxMode>(row, "mode", kSwxModes);
 }
 
 Info_SwxStatus ZelRsp_swxGetStatus(const json_t *row)
 {
-  return wordOf<Info_SwxStatus>(row, "status", swxStates);
+  return wordOf<Info_SwxStatus>(row, "status", kSwxStates);
 }
 
 Info_SwxUsage ZelRsp_swxGetUsage(const json_t *row)
 {
-  return wordOf<Info_SwxUsage>(row, "usage", swxUsages);
+  return wordOf<Info_SwxUsage>(row, "usage", kSwxUsages);
 }
 
 unsigned int ZelRsp_userGetIndex(const json_t *row)
@@ -157,12 +158,12 @@ const char *ZelRsp_userGetMgrName(const json_t *row)
 
 Info_UserRole ZelRsp_userGetRole(const json_t *row)
 {
-  return wordOf<Info_UserRole>(row, "role", userRoles);
+  return wordOf<Info_UserRole>(row, "role", kUserRoles);
 }
 
 Info_AccessMode ZelRsp_userGetModeAllowed(const json_t *row)
 {
-  return wordOf<Info_AccessMode>(row, "modeAllowed", accessModes);
+  return wordOf<Info_AccessMode>(row, "modeAllowed", kAccessModes);
 }
 
 int ZelRsp_userGetAllTargetAccess(const json_t *row)

@@ -28,7 +28,7 @@ struct Options {
   bool help = false;
 };
 
-constexpr const char *usage =
+constexpr const char *kUsage =
     "zelsim, the simulated switch: a store server with devices, rules and a life of its own\n"
     "\n"
     "  --socket PATH        where clients connect (default /run/nevo/store.sock)\n"
@@ -181,7 +181,7 @@ int main(int argc, char **argv)
   if (!readOptions(argc, argv, options))
     return 2;
   if (options.help) {
-    std::fputs(usage, stdout);
+    std::fputs(kUsage, stdout);
     return 0;
   }
   if (options.accounts) {

@@ -7,12 +7,12 @@
 #include <jansson.h>
 #include <string_view>
 
-// The wire between store client and store server: frames of a 4-byte length, most significant byte
-// first, and so many bytes of one JSON value.
-//
-// A request frame holds {"method", "resource", "query", "select", "params"} as the client library builds
-// them, and may add "have": the tag of an answer to the same request that the client still holds. An
-// answer frame holds one of
+/// The wire between store client and store server: frames of a 4-byte length, most significant byte
+/// first, and so many bytes of one JSON value.
+///
+/// A request frame holds {"method", "resource", "query", "select", "params"} as the client library builds
+/// them, and may add "have": the tag of an answer to the same request that the client still holds. An
+/// answer frame holds one of
 //   {"data": VALUE, "tag": TEXT}   the answer, and (optionally) the tag under which to ask again
 //   {"unchanged": true}            the answer that the client holds is still right
 //   {"errors": [...]}              a failure
@@ -37,10 +37,10 @@ inline std::size_t getLength(const unsigned char *header)
          header[3];
 }
 
-// Parses the JSON of a frame. Null for anything that is not one value of valid UTF-8 JSON, nests deeper
-// than kMaxDepth, or has an object with the same key twice. The caller owns the result.
+/// Parses the JSON of a frame. Null for anything that is not one value of valid UTF-8 JSON, nests deeper
+/// than kMaxDepth, or has an object with the same key twice. The caller owns the result.
 json_t *parseJson(std::string_view text);
 
 } // namespace zelwire
 
-#endif
+#endif // ZEL_WIRE_FRAME_H_

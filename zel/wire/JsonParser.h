@@ -10,15 +10,15 @@
 namespace zelwire
 {
 
-// Reads one JSON text into jansson values, strictly: valid UTF-8, no NUL in texts, integers of 64 bits,
-// no key twice in an object, no nesting deeper than kMaxDepth. jansson's own reader takes a character at
-// a time from a callback; long lists are read some three times as fast here.
+/// Reads one JSON text into jansson values, strictly: valid UTF-8, no NUL in texts, integers of 64 bits,
+/// no key twice in an object, no nesting deeper than kMaxDepth. jansson's own reader takes a character at
+/// a time from a callback; long lists are read some three times as fast here.
 class JsonParser
 {
 public:
   explicit JsonParser(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
 
-  // The value, owned by the caller; null if the text is not exactly one.
+  /// The value, owned by the caller; null if the text is not exactly one.
   json_t *parse();
 
 private:
@@ -34,7 +34,7 @@ private:
   Owned array();
   Owned number();
   Owned word(std::string_view word, json_t *meaning);
-  // The text behind an opening quote. It lives until the next one is read.
+  /// The text behind an opening quote. It lives until the next one is read.
   bool text(std::string_view &out);
   bool escapedText(const char *from, std::string_view &out);
   bool escape();
@@ -49,4 +49,4 @@ private:
 
 } // namespace zelwire
 
-#endif
+#endif // ZEL_WIRE_JSON_PARSER_H_

@@ -116,4 +116,4 @@ protected:
 
 constexpr char kNotFound[] = R"([{"errno": 7}])";
 
-#endif
+#endif // TESTS_BOUND_PAGE_H_

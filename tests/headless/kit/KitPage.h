@@ -32,4 +32,4 @@ public:
   Visitor visitor;
 };
 
-#endif
+#endif // TESTS_KIT_PAGE_H_

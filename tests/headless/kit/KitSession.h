@@ -30,4 +30,4 @@ private:
   ChangeTracker tracker_;
 };
 
-#endif
+#endif // TESTS_KIT_SESSION_H_

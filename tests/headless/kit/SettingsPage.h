@@ -93,4 +93,4 @@ protected:
   std::unique_ptr<KitPage> page_;
 };
 
-#endif
+#endif // TESTS_SETTINGS_PAGE_H_

@@ -60,4 +60,4 @@ private:
   std::array<unsigned char, 256> bytes_{};
 };
 
-#endif
+#endif // TESTS_EDID_BLOCK_H_

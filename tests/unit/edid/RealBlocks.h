@@ -17,4 +17,4 @@ struct RealBlock {
 // above it; none where there is no such folder, since the project has none of its own.
 std::vector<RealBlock> realBlocks();
 
-#endif
+#endif // TESTS_REAL_BLOCKS_H_

@@ -19,4 +19,4 @@ public:
   static void clear() { entries().clear(); }
 };
 
-#endif
+#endif // TESTS_SYSLOG_RECORD_H_

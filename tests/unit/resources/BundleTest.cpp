@@ -9,7 +9,7 @@
 namespace
 {
 
-const std::string marker = "[RSnnn]";
+const std::string kMarker = "[RSnnn]";
 
 class Bundle : public testing::Test
 {
@@ -41,8 +41,8 @@ TEST_F(Bundle, letsAKeyThatIsASentenceCarryThatSentence)
 {
   for (const pugi::xml_node &message : messages_.children()) {
     const std::string key = message.attribute("id").value();
-    if (key.rfind(marker, 0) == 0 && key.back() == '.') {
-      EXPECT_EQ(key.substr(marker.size()), message.child_value());
+    if (key.rfind(kMarker, 0) == 0 && key.back() == '.') {
+      EXPECT_EQ(key.substr(kMarker.size()), message.child_value());
     }
   }
 }
@@ -51,7 +51,7 @@ TEST_F(Bundle, showsNoKeyToAPerson)
 {
   for (const pugi::xml_node &message : messages_.children()) {
     const std::string text = message.child_value();
-    EXPECT_EQ(text.find(marker), std::string::npos) << text;
+    EXPECT_EQ(text.find(kMarker), std::string::npos) << text;
     EXPECT_EQ(text.find("??"), std::string::npos) << text;
     EXPECT_EQ(text.find('_'), std::string::npos) << text;
   }

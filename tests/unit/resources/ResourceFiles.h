@@ -7,7 +7,7 @@
 #include <string>
 
 /// The folders of the brands' themes.
-inline const char *const brandNames[] = {"halden", "greyfen", "unknown"};
+inline const char *const kBrandNames[] = {"halden", "greyfen", "unknown"};
 
 /// The path of a file below resources/.
 inline std::string resourcePath(const std::string &name)

@@ -11,4 +11,4 @@ std::set<std::string> keysInSource(const std::string &source);
 // The keys in all sources below a folder of the project, such as "store".
 std::set<std::string> keysInFolder(const std::string &folder);
 
-#endif
+#endif // TESTS_SOURCE_KEYS_H_

@@ -80,7 +80,7 @@ struct Pair {
   double least;
 };
 
-const std::vector<Pair> pairs = {
+const std::vector<Pair> kPairs = {
     {"text", {"page", "surface", "raised", "field", "title", "head", "bar", "hover", "accent-soft"}, 4.5},
     {"muted", {"page", "surface", "raised", "field", "title", "head", "bar", "hover"}, 4.5},
     {"accent", {"page", "surface", "raised", "field"}, 4.5},
@@ -114,7 +114,7 @@ struct Picture {
   unsigned width, height; ///< pixels; twice the shown size where that is fixed by code or sheet
 };
 
-const Picture pictures[] = {
+const Picture kPictures[] = {
     {"context-panel-button-collapsed-idle", 32, 32},
     {"context-panel-button-expanded-idle", 32, 32},
     {"establish-kvm-session", 32, 32},
@@ -137,8 +137,8 @@ const Picture pictures[] = {
 
 TEST(Theme, setsTheSameRolesInEveryBrand)
 {
-  for (const char *brand : brandNames) {
-    const std::vector<Roles> blocks = roleBlocks(brand), model = roleBlocks(brandNames[0]);
+  for (const char *brand : kBrandNames) {
+    const std::vector<Roles> blocks = roleBlocks(brand), model = roleBlocks(kBrandNames[0]);
     ASSERT_EQ(blocks.size(), 4u) << brand;
     for (std::size_t i = 0; i < blocks.size(); ++i) {
       std::set<std::string> names, expected;
@@ -155,7 +155,7 @@ TEST(Theme, setsEveryRoleThatTheSharedSheetUses)
 {
   const std::string sheet = resourceText("themes/common.css");
   const std::regex use("var\\((--nevo-[a-z-]+)\\)"), own("(--nevo-[a-z-]+):");
-  Roles defined = roleBlocks(brandNames[0]).at(0);
+  Roles defined = roleBlocks(kBrandNames[0]).at(0);
   for (std::sregex_iterator it(sheet.begin(), sheet.end(), own), end; it != end; ++it)
     defined[(*it)[1]] = "";
   for (std::sregex_iterator it(sheet.begin(), sheet.end(), use), end; it != end; ++it)
@@ -164,11 +164,11 @@ TEST(Theme, setsEveryRoleThatTheSharedSheetUses)
 
 TEST(Theme, givesTextAndEdgesEnoughContrastInEveryLook)
 {
-  for (const char *brand : brandNames) {
+  for (const char *brand : kBrandNames) {
     const std::map<std::string, Roles> looks = looksOf(brand);
     ASSERT_EQ(looks.size(), 4u) << brand;
     for (const auto &look : looks)
-      for (const Pair &pair : pairs)
+      for (const Pair &pair : kPairs)
         for (const char *ground : pair.grounds)
           EXPECT_GE(contrast(look.second.at(std::string("--nevo-") + pair.front),
                              look.second.at(std::string("--nevo-") + ground)),
@@ -180,7 +180,7 @@ TEST(Theme, givesTextAndEdgesEnoughContrastInEveryLook)
 TEST(Theme, loadsNothingButTheSharedSheet)
 {
   EXPECT_EQ(resourceText("themes/common.css").find("url("), std::string::npos);
-  for (const char *brand : brandNames) {
+  for (const char *brand : kBrandNames) {
     const std::string sheet = themeText(brand);
     EXPECT_NE(sheet.find("@import url(\"../common.css\");"), std::string::npos) << brand;
     EXPECT_EQ(sheet.find("url("), sheet.rfind("url(")) << brand;
@@ -189,9 +189,9 @@ TEST(Theme, loadsNothingButTheSharedSheet)
 
 TEST(Theme, hasEveryPictureOfTheScreensInEveryBrand)
 {
-  for (const char *brand : brandNames) {
+  for (const char *brand : kBrandNames) {
     const std::string folder = std::string("themes/") + brand + "/";
-    for (const Picture &picture : pictures)
+    for (const Picture &picture : kPictures)
       EXPECT_EQ(pictureSize(folder + picture.name + ".png"), std::make_pair(picture.width, picture.height))
           << folder << picture.name;
     EXPECT_EQ(pictureSize(folder + "logo-primary-page-header.png").second, 64u) << brand;
@@ -202,7 +202,7 @@ TEST(Theme, hasEveryPictureOfTheScreensInEveryBrand)
 
 TEST(Theme, keepsTheFirstPageSmall)
 {
-  for (const char *brand : brandNames) {
+  for (const char *brand : kBrandNames) {
     const std::string folder = std::string("themes/") + brand + "/";
     EXPECT_LE(std::filesystem::file_size(resourcePath(folder + "login-banner.png")), 14u * 1024) << brand;
     EXPECT_LE(std::filesystem::file_size(resourcePath(folder + "wt.css")) +

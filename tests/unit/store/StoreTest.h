@@ -31,4 +31,4 @@ protected:
   Db::Errors errors;
 };
 
-#endif
+#endif // TESTS_STORE_TEST_H_

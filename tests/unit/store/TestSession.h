@@ -26,4 +26,4 @@ private:
   std::unique_ptr<Application> application_;
 };
 
-#endif
+#endif // TESTS_TEST_SESSION_H_

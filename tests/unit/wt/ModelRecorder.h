@@ -2,12 +2,11 @@
 #ifndef TESTS_UNIT_WT_MODEL_RECORDER_H_
 #define TESTS_UNIT_WT_MODEL_RECORDER_H_
 
+#include <Wt/WAbstractItemModel>
 #include <string>
 
-#include <Wt/WAbstractItemModel>
-
-/// Writes down what a model emits: "+2-4" rows inserted, "-1-1" rows removed, "=0:1-0:2" data changed, "L" layout
-/// changed, "R" reset, "|+0-1" columns.
+/// Writes down what a model emits: "+2-4" rows inserted, "-1-1" rows removed, "=0:1-0:2" data changed, "L"
+/// layout changed, "R" reset, "|+0-1" columns.
 class ModelRecorder : public Wt::WObject
 {
 public:
@@ -51,4 +50,4 @@ private:
   std::string log_;
 };
 
-#endif
+#endif // TESTS_UNIT_WT_MODEL_RECORDER_H_

@@ -7,7 +7,6 @@
 #include <Wt/WStandardItem>
 #include <Wt/WStandardItemModel>
 #include <Wt/WTableView>
-
 #include <algorithm>
 #include <memory>
 #include <string>
@@ -18,7 +17,8 @@ class TablePage
 {
 public:
   explicit TablePage(int rows, Wt::SelectionMode mode = Wt::SingleSelection)
-      : model(std::make_unique<Wt::WStandardItemModel>(0, 2)), page([this, rows, mode](Wt::WContainerWidget *root) {
+      : model(std::make_unique<Wt::WStandardItemModel>(0, 2)),
+        page([this, rows, mode](Wt::WContainerWidget *root) {
           model->setHeaderData(0, std::string("Name"));
           model->setHeaderData(1, std::string("State"));
           fill(rows);
@@ -47,9 +47,11 @@ public:
   /// The rows that exist on the page, from the top.
   std::vector<Wt::Testing::Node *> rows() const
   {
-    auto found = browser->page().findAll([](const Wt::Testing::Node &n) { return n.tag == "~r" && n.visible(); });
-    std::sort(found.begin(), found.end(),
-              [](const auto *a, const auto *b) { return std::stoi(a->get(".row")) < std::stoi(b->get(".row")); });
+    auto found =
+        browser->page().findAll([](const Wt::Testing::Node &n) { return n.tag == "~r" && n.visible(); });
+    std::sort(found.begin(), found.end(), [](const auto *a, const auto *b) {
+      return std::stoi(a->get(".row")) < std::stoi(b->get(".row"));
+    });
     return found;
   }
 
@@ -61,12 +63,16 @@ public:
     return nullptr;
   }
 
-  Wt::Testing::Node *head(int column) const { return browser->byAttribute("data-column", std::to_string(column)); }
+  Wt::Testing::Node *head(int column) const
+  {
+    return browser->byAttribute("data-column", std::to_string(column));
+  }
 
   bool event(const std::string &name, const std::string &arguments, int modifiers = 0, int button = 1) const
   {
-    return browser->event(list(), name, "{\"b\":" + std::to_string(button) + ",\"m\":" + std::to_string(modifiers) +
-                                            ",\"a\":[" + arguments + "]}");
+    return browser->event(list(), name,
+                          "{\"b\":" + std::to_string(button) + ",\"m\":" + std::to_string(modifiers) +
+                              ",\"a\":[" + arguments + "]}");
   }
   void press(int row, int modifiers = 0, int button = 1, int column = 0) const
   {

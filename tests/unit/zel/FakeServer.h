@@ -88,4 +88,4 @@ private:
   std::thread thread_;
 };
 
-#endif
+#endif // TESTS_UNIT_ZEL_FAKE_SERVER_H_

@@ -69,4 +69,4 @@ private:
   int fd_;
 };
 
-#endif
+#endif // TESTS_UNIT_ZEL_RAW_CLIENT_H_

@@ -62,4 +62,4 @@ protected:
   ZelClient_s *client;
 };
 
-#endif
+#endif // TESTS_UNIT_ZEL_STORE_TEST_H_

@@ -15,7 +15,7 @@ namespace
 {
 
 // How soon a waiting answer notices that its browser or its resource has gone.
-constexpr std::chrono::milliseconds lookInterval{500};
+constexpr std::chrono::milliseconds kLookInterval{500};
 
 } // namespace
 
@@ -55,7 +55,7 @@ bool ResponseContinuation::pass(const std::function<bool()> &goOn) const
 {
   std::unique_lock<std::mutex> lock(gate_->mutex);
   while (gate_->waiting && goOn())
-    gate_->more.wait_for(lock, lookInterval);
+    gate_->more.wait_for(lock, kLookInterval);
   return goOn();
 }
 

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <Wt/Test/WTestEnvironment>
-
 #include "session/Session.h"
 #include "session/TextSources.h"
 #include "testing/ManualScheduler.h"
 
+#include <Wt/Test/WTestEnvironment>
 #include <Wt/WApplication>
 
-namespace Wt {
-namespace Test {
+namespace Wt
+{
+namespace Test
+{
 
 struct WTestEnvironment::Host {
   Testing::ManualScheduler scheduler;
@@ -23,7 +24,8 @@ WTestEnvironment::WTestEnvironment(const std::string &, const std::string &, Ent
   Engine::Session::Origin origin;
   origin.entryPoint.path = "/";
   origin.publicId = "testwtd";
-  host_->session = std::make_shared<Engine::Session>(host_->scheduler, host_->config, std::move(origin), nullptr);
+  host_->session =
+      std::make_shared<Engine::Session>(host_->scheduler, host_->config, std::move(origin), nullptr);
   host_->session->enterTest([this](WDialog *dialog) { dialogExecuted_.emit(dialog); });
   attach(*host_->session);
   hostName_ = "localhost";

@@ -5,22 +5,23 @@
 #include <Wt/WEnvironment>
 #include <Wt/WGlobal>
 #include <Wt/WSignal>
-
 #include <memory>
 #include <string>
 
-namespace Wt {
+namespace Wt
+{
 
 class WDialog;
 
-namespace Test {
+namespace Test
+{
 
 /**
- * An environment for an application object that a test makes on its own stack. The test's thread works for the
- * session as long as the environment lives; the application must be destroyed before it.
+ * An environment for an application object that a test makes on its own stack. The test's thread works for
+ * the session as long as the environment lives; the application must be destroyed before it.
  *
- * There is no browser: timers do not tick, and nothing can wait for events. WDialog::exec() emits dialogExecuted()
- * instead, whose slots must end the dialog.
+ * There is no browser: timers do not tick, and nothing can wait for events. WDialog::exec() emits
+ * dialogExecuted() instead, whose slots must end the dialog.
  */
 class WTestEnvironment : public WEnvironment
 {

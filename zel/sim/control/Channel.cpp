@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "control/Channel.h"
 
-#include <string_view>
-
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include "Frame.h"
 #include "data/JsonText.h"
 #include "server/Listener.h"
+
+#include <string_view>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace zelsim
 {

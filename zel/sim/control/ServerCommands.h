@@ -8,9 +8,9 @@
 namespace zelsim
 {
 
-// get, set, count, describe, the faults, jump and quit. `faults` outlives the commands.
+/// get, set, count, describe, the faults, jump and quit. `faults` outlives the commands.
 void addServerCommands(Commands &commands, Faults &faults);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_CONTROL_SERVER_COMMANDS_H_

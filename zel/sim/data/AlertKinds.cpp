@@ -9,7 +9,7 @@ namespace zelsim
 namespace
 {
 
-const AlertKindInfo kinds[] = {
+const AlertKindInfo kKinds[] = {
     {"enableAlertSwitchPortsSelfConnected", "error", "Switch ports %1 and %2 are connected to each other."},
     {"enableAlertLoopbackDetectedOnSwitchPort", "error", "Loopback detected on switch port %1."},
     {"enableAlertMoreThanOneMasterSwitch", "error", "More than one master switch detected: %1."},
@@ -58,7 +58,7 @@ const AlertKindInfo kinds[] = {
     {"enableAlertDeviceReportedInfo", "info", "Device %1 reports: %2."},
 };
 
-static_assert(std::size(kinds) == static_cast<std::size_t>(AlertKind::DeviceReportedInfo) + 1,
+static_assert(std::size(kKinds) == static_cast<std::size_t>(AlertKind::DeviceReportedInfo) + 1,
               "one row for each kind");
 
 void fill(std::string &text, const char *place, const std::string &value)
@@ -72,13 +72,13 @@ void fill(std::string &text, const char *place, const std::string &value)
 
 const AlertKindInfo &alertKindInfo(AlertKind kind)
 {
-  return kinds[static_cast<std::size_t>(kind)];
+  return kKinds[static_cast<std::size_t>(kind)];
 }
 
 const AlertKindInfo *alertKinds(std::size_t &count)
 {
-  count = std::size(kinds);
-  return kinds;
+  count = std::size(kKinds);
+  return kKinds;
 }
 
 std::string alertText(AlertKind kind, const std::string &first, const std::string &second)

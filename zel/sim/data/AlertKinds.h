@@ -8,7 +8,7 @@
 namespace zelsim
 {
 
-// The kinds of alert, in the order of the table of kinds.
+/// The kinds of alert, in the order of the table of kinds.
 enum class AlertKind {
   SwitchPortsSelfConnected,
   LoopbackDetectedOnSwitchPort,
@@ -54,23 +54,23 @@ enum class AlertKind {
   DeviceReportedInfo
 };
 
-// One kind of alert: the parameter that enables it, its severity word and its text, in which "%1" and
-// "%2" stand for what the one that raises it tells.
+/// One kind of alert: the parameter that enables it, its severity word and its text, in which "%1" and
+/// "%2" stand for what the one that raises it tells.
 struct AlertKindInfo {
   const char *enable;
   const char *severity;
   const char *text;
 };
 
-// The facts of a kind, static.
+/// The facts of a kind, static.
 const AlertKindInfo &alertKindInfo(AlertKind kind);
 
-// The table of all kinds, static.
+/// The table of all kinds, static.
 const AlertKindInfo *alertKinds(std::size_t &count);
 
-// The text of an alert with its two places filled.
+/// The text of an alert with its two places filled.
 std::string alertText(AlertKind kind, const std::string &first, const std::string &second);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_ALERT_KINDS_H_

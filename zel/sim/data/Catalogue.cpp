@@ -48,18 +48,18 @@ struct FlagName {
   const char *name;
 };
 
-constexpr FlagName flagNames[] = {{kReadOnly, "read only"},
-                                  {kUnique, "unique"},
-                                  {kSecret, "write only, kept as a hash"},
-                                  {kVolatile, "not kept over a restart"},
-                                  {kRequired, "required by CREATE"},
-                                  {kLookup, "finds the record"},
-                                  {kCommand, "command"},
-                                  {kComputed, "computed"},
-                                  {kAlways, "in every answer"},
-                                  {kUncounted, "moves no change counter"},
-                                  {kFixed, "set by CREATE only"},
-                                  {kSelected, "only in answers that select it"}};
+constexpr FlagName kFlagNames[] = {{kReadOnly, "read only"},
+                                   {kUnique, "unique"},
+                                   {kSecret, "write only, kept as a hash"},
+                                   {kVolatile, "not kept over a restart"},
+                                   {kRequired, "required by CREATE"},
+                                   {kLookup, "finds the record"},
+                                   {kCommand, "command"},
+                                   {kComputed, "computed"},
+                                   {kAlways, "in every answer"},
+                                   {kUncounted, "moves no change counter"},
+                                   {kFixed, "set by CREATE only"},
+                                   {kSelected, "only in answers that select it"}};
 
 void describeParameter(std::string &out, const Parameter &row, int indent)
 {
@@ -69,7 +69,7 @@ void describeParameter(std::string &out, const Parameter &row, int indent)
   bool nested = row.type == Type::Object || row.type == Type::List;
   if (!nested && *row.standard)
     out += std::string("; default ") + row.standard;
-  for (const FlagName &known : flagNames)
+  for (const FlagName &known : kFlagNames)
     if (row.is(known.flag))
       out += std::string("; ") + known.name;
   if (*row.about)
@@ -96,9 +96,9 @@ const std::unordered_map<const Resource *, Positions> &positions()
 {
   static const auto all = [] {
     std::unordered_map<const Resource *, Positions> built;
-    for (std::size_t i = 0; i < catalogueSize; ++i)
-      for (std::size_t k = 0; k < catalogue[i].parameterCount; ++k)
-        built[&catalogue[i]].emplace(catalogue[i].parameters[k].name, static_cast<int>(k));
+    for (std::size_t i = 0; i < kCatalogueSize; ++i)
+      for (std::size_t k = 0; k < kCatalogue[i].parameterCount; ++k)
+        built[&kCatalogue[i]].emplace(kCatalogue[i].parameters[k].name, static_cast<int>(k));
     return built;
   }();
   return all;
@@ -119,8 +119,8 @@ const Resource *findResource(std::string_view name)
 {
   static const auto byName = [] {
     std::unordered_map<std::string_view, const Resource *> built;
-    for (std::size_t i = 0; i < catalogueSize; ++i)
-      built.emplace(catalogue[i].name, &catalogue[i]);
+    for (std::size_t i = 0; i < kCatalogueSize; ++i)
+      built.emplace(kCatalogue[i].name, &kCatalogue[i]);
     return built;
   }();
   auto found = byName.find(name);
@@ -187,8 +187,8 @@ bool hasSecrets(const Parameter &parameter)
 std::string describeCatalogue()
 {
   std::string out;
-  for (std::size_t i = 0; i < catalogueSize; ++i) {
-    const Resource &resource = catalogue[i];
+  for (std::size_t i = 0; i < kCatalogueSize; ++i) {
+    const Resource &resource = kCatalogue[i];
     out += std::string(resource.name) + " (" + methodsOf(resource) + "; ";
     out += resource.single ? "one record)" : "at most " + std::to_string(resource.capacity) + " records)";
     if (*resource.about)

@@ -10,9 +10,9 @@
 namespace zelsim
 {
 
-// What the store holds, as constant data: one Resource row per resource, one Parameter row per parameter.
-// Validation, defaults, answers, durability and `zelsim --describe` all walk these rows, so a new
-// parameter is a new row. The table itself is in CatalogueTable.cpp.
+/// What the store holds, as constant data: one Resource row per resource, one Parameter row per parameter.
+/// Validation, defaults, answers, durability and `zelsim --describe` all walk these rows, so a new
+/// parameter is a new row. The table itself is in CatalogueTable.cpp.
 
 enum class Type : std::uint8_t {
   Text,    // UTF-8
@@ -24,7 +24,7 @@ enum class Type : std::uint8_t {
   Binary  // bytes, base64 on the wire
 };
 
-// Bits of Parameter::flags.
+/// Bits of Parameter::flags.
 enum Flag : unsigned {
   kReadOnly = 1u << 0,  // a SET or CREATE that names it is refused (9); rules and life write it
   kUnique = 1u << 1,    // no two records have the same value (11); an empty text is never compared
@@ -73,7 +73,7 @@ struct Parameter {
   constexpr bool is(Flag flag) const { return (flags & flag) != 0; }
 };
 
-// Makers of rows: text("name", 0, 32).byDefault("x").with(kUnique).that("shown in lists").
+/// Makers of rows: text("name", 0, 32).byDefault("x").with(kUnique).that("shown in lists").
 constexpr Parameter text(const char *name, std::int64_t shortest, std::int64_t longest)
 {
   Parameter row;
@@ -99,7 +99,7 @@ constexpr Parameter boolean(const char *name)
   return row;
 }
 
-// `words` are separated by one blank.
+/// `words` are separated by one blank.
 constexpr Parameter word(const char *name, const char *words, const char *standard)
 {
   Parameter row = text(name, 0, 0);
@@ -144,7 +144,7 @@ constexpr Parameter list(const char *name, std::int64_t mostEntries, const Param
 
 enum class Method : std::uint8_t { Get, Set, Create, Delete };
 
-// Bits of Resource::methods.
+/// Bits of Resource::methods.
 enum MethodBit : unsigned { kGet = 1, kSet = 2, kCreate = 4, kDelete = 8 };
 
 struct Resource {
@@ -157,32 +157,32 @@ struct Resource {
   const Parameter *parameters = nullptr;
   std::size_t parameterCount = 0;
 
-  // Position of the parameter in `parameters`, or -1. "index" is no parameter: every record has one.
+  /// Position of the parameter in `parameters`, or -1. "index" is no parameter: every record has one.
   int position(std::string_view parameter) const;
 };
 
-// The row of that name, or null.
+/// The row of that name, or null.
 const Resource *findResource(std::string_view name);
 
-// A member of an Object or List row, or null.
+/// A member of an Object or List row, or null.
 const Parameter *findMember(const Parameter &parameter, std::string_view member);
 
-// Whether `words` of a Word row hold `word`.
+/// Whether `words` of a Word row hold `word`.
 bool hasWord(const char *words, std::string_view word);
 
-// The default of a parameter as compact JSON; objects are made of their members' defaults.
+/// The default of a parameter as compact JSON; objects are made of their members' defaults.
 std::string defaultJson(const Parameter &parameter);
 
-// Whether a nested parameter has secret members, at any depth.
+/// Whether a nested parameter has secret members, at any depth.
 bool hasSecrets(const Parameter &parameter);
 
-// The whole catalogue as text, for `zelsim --describe`.
+/// The whole catalogue as text, for `zelsim --describe`.
 std::string describeCatalogue();
 
-// The table (CatalogueTable.cpp).
-extern const Resource catalogue[];
-extern const std::size_t catalogueSize;
+/// The table (CatalogueTable.cpp).
+extern const Resource kCatalogue[];
+extern const std::size_t kCatalogueSize;
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_CATALOGUE_H_

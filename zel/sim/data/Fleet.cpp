@@ -14,15 +14,15 @@
 namespace zelsim
 {
 
-const char firmwareOfFleet[] = "4.2.1";
+const char kFirmwareOfFleet[] = "4.2.1";
 
 namespace
 {
 
-constexpr unsigned labDevices = 16; // of each kind
-constexpr unsigned labSwitches = 3;
-constexpr unsigned devicesPerSwitch = 200;
-constexpr unsigned families[] = {3, 5, 1}; // of EIDs: receivers, transmitters, switches
+constexpr unsigned kLabDevices = 16; // of each kind
+constexpr unsigned kLabSwitches = 3;
+constexpr unsigned kDevicesPerSwitch = 200;
+constexpr unsigned kFamilies[] = {3, 5, 1}; // of EIDs: receivers, transmitters, switches
 
 struct Plan {
   unsigned devices; // of each kind
@@ -33,9 +33,10 @@ struct Plan {
 Plan planOf(const Settings &settings)
 {
   if (!settings.fleet)
-    return {labDevices, labSwitches, 24};
+    return {kLabDevices, kLabSwitches, 24};
   const unsigned count = std::min(settings.fleet, 5000u);
-  return {count, std::max(1u, (2 * count + devicesPerSwitch - 1) / devicesPerSwitch), devicesPerSwitch + 8};
+  return {count, std::max(1u, (2 * count + kDevicesPerSwitch - 1) / kDevicesPerSwitch),
+          kDevicesPerSwitch + 8};
 }
 
 void setIdentity(World &world, const Device &device, unsigned family, const char *part,
@@ -49,7 +50,7 @@ void setIdentity(World &world, const Device &device, unsigned family, const char
   store.setText(resource, device.index, "name", name);
   store.setText(resource, device.index, "serialNumber", serial);
   store.setText(resource, device.index, "partNumber", part);
-  store.setText(resource, device.index, "firmwareVersion", firmwareOfFleet);
+  store.setText(resource, device.index, "firmwareVersion", kFirmwareOfFleet);
   store.setText(resource, device.index, "status", "ready");
   addCompanions(world, device);
 }
@@ -58,8 +59,8 @@ void makeSwitch(World &world, const Plan &plan, unsigned index)
 {
   Store &store = world.store;
   store.create("swx", index);
-  const Device device = {&switches, index};
-  setIdentity(world, device, families[2], "CS-2400", switchName(index));
+  const Device device = {&kSwitches, index};
+  setIdentity(world, device, kFamilies[2], "CS-2400", switchName(index));
   store.setNumber("swx", index, "portCount", plan.ports);
   store.setText("swx", index, "mode", index == 1 ? "master" : "slave");
   store.setText("swx", index, "cascadeRole", index == 1 ? "controller" : "slave");
@@ -85,23 +86,23 @@ void makeReceiver(World &world, const Plan &plan, unsigned index)
 {
   world.store.create("rx", index);
   const bool first = index % 5 == 0;
-  setIdentity(world, {&receivers, index}, families[0], first ? "CR-110" : "CR-216", receiverName(index));
+  setIdentity(world, {&kReceivers, index}, kFamilies[0], first ? "CR-110" : "CR-216", receiverName(index));
   if (first)
     world.store.setText("rx", index, "detailedDeviceType", "rx_dvi_i");
   world.store.setNumber("rx", index, "monitor", 1 + index % 7);
-  attach(world, {&receivers, index}, plan);
+  attach(world, {&kReceivers, index}, plan);
 }
 
 void makeTransmitter(World &world, const Plan &plan, unsigned index)
 {
   world.store.create("tx", index);
   const bool analog = index % 6 == 0;
-  setIdentity(world, {&transmitters, index}, families[1], analog ? "CT-105A" : "CT-210D",
+  setIdentity(world, {&kTransmitters, index}, kFamilies[1], analog ? "CT-105A" : "CT-210D",
               transmitterName(index));
   if (analog)
     world.store.setText("tx", index, "detailedDeviceType", "tx_vga");
   world.store.setNumber("tx", index, "iconIndex", 1 + index % 16);
-  attach(world, {&transmitters, index}, plan);
+  attach(world, {&kTransmitters, index}, plan);
 }
 
 // What makes the small lab look lived in: restricted modes, devices that are off, a word about some.

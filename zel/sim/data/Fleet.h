@@ -7,17 +7,17 @@
 namespace zelsim
 {
 
-// Parts of makeFleet() that a restore of factory defaults needs again.
+/// Parts of makeFleet() that a restore of factory defaults needs again.
 
-// Makes the accounts; with `onlyFirst`, just the administrator whose password is not set.
+/// Makes the accounts; with `onlyFirst`, just the administrator whose password is not set.
 void makeAccounts(World &world, bool onlyFirst);
 
-// Gives a switch its addresses, as if assigned by the network.
+/// Gives a switch its addresses, as if assigned by the network.
 void assignAddresses(World &world, unsigned swxIndex);
 
-// The firmware version that new devices run.
+/// The firmware version that new devices run.
 extern const char firmwareOfFleet[];
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_FLEET_H_

@@ -23,7 +23,7 @@ struct Seat {
   unsigned minutes;
 };
 
-constexpr Seat seats[] = {
+constexpr Seat kSeats[] = {
     {4, 1, 0, "", 12},
     {3, 7, 2, "private_mode", 95},
     {5, 3, 7, "share_mode", 211},
@@ -41,7 +41,7 @@ struct PastAlert {
   bool acknowledged;
 };
 
-constexpr PastAlert pastAlerts[] = {
+constexpr PastAlert kPastAlerts[] = {
     {AlertKind::NevoAdminLogin, "operator", "10.20.30.77", 1500, true},
     {AlertKind::SwitchWatchdogReset, "Annex", "", 1460, true},
     {AlertKind::SwitchFirmwareVersionDifference, "Annex", "", 1455, true},
@@ -78,8 +78,8 @@ void seat(World &world, const Seat &place)
   store.setNumber("connection", connection, "rxIndex", place.rx);
   store.setNumber("connection", connection, "txIndex", place.tx);
   store.setText("connection", connection, "mode", place.mode);
-  store.setText("connection", connection, "rxEid", deviceEid(world, {&receivers, place.rx}));
-  store.setText("connection", connection, "txEid", deviceEid(world, {&transmitters, place.tx}));
+  store.setText("connection", connection, "rxEid", deviceEid(world, {&kReceivers, place.rx}));
+  store.setText("connection", connection, "txEid", deviceEid(world, {&kTransmitters, place.tx}));
   store.setNumber("connection", connection, "sessionStartTime",
                   since + 30 * static_cast<std::int64_t>(place.minutes));
 }
@@ -116,8 +116,8 @@ void recordMany(World &world, unsigned alerts)
   const std::int64_t last = world.clock.now() - 2 * 24 * 3600;
   const auto switchCount = static_cast<unsigned>(world.store.count("swx"));
   for (unsigned i = 0; i < alerts; ++i) {
-    const PastAlert &alert = pastAlerts[i % std::size(pastAlerts)];
-    recordAlert(world, alert.kind, deviceEid(world, {&switches, 1 + i % switchCount}),
+    const PastAlert &alert = kPastAlerts[i % std::size(kPastAlerts)];
+    recordAlert(world, alert.kind, deviceEid(world, {&kSwitches, 1 + i % switchCount}),
                 alertText(alert.kind, alert.first, alert.second),
                 last - 420 * static_cast<std::int64_t>(alerts - i), i % 10 != 0);
   }
@@ -133,9 +133,9 @@ void makeHistory(World &world)
   else if (world.settings.fleet)
     seatMany(world);
   else
-    for (const Seat &place : seats)
+    for (const Seat &place : kSeats)
       seat(world, place);
-  for (const PastAlert &alert : pastAlerts)
+  for (const PastAlert &alert : kPastAlerts)
     recordAlert(world, alert.kind, ownEid(world), alertText(alert.kind, alert.first, alert.second),
                 world.clock.now() - 60 * static_cast<std::int64_t>(alert.minutesAgo), alert.acknowledged);
 }

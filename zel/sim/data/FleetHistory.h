@@ -7,10 +7,10 @@
 namespace zelsim
 {
 
-// What went on before a new switch is looked at for the first time: people at their desks, some of them
-// connected, and a day of alerts, the last of which nobody has acknowledged.
+/// What went on before a new switch is looked at for the first time: people at their desks, some of them
+/// connected, and a day of alerts, the last of which nobody has acknowledged.
 void makeHistory(World &world);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_FLEET_HISTORY_H_

@@ -10,22 +10,22 @@ namespace zelsim
 namespace
 {
 
-constexpr char bothModes[] = "share_or_private_mode";
+constexpr char kBothModes[] = "share_or_private_mode";
 
-const Account accounts[] = {
-    {"admin", "", "Administrator", "admin", true, false, true, true, bothModes},
-    {"operator", "", "Duty engineer", "operator-1", true, true, true, true, bothModes},
-    {"hlindqvist", "", "Hedda Lindqvist, shift lead", "shift-lead-2", false, true, true, true, bothModes},
-    {"rokafor", "", "Remi Okafor, dispatch", "dispatch-3", false, true, true, false, bothModes},
+const Account kAccounts[] = {
+    {"admin", "", "Administrator", "admin", true, false, true, true, kBothModes},
+    {"operator", "", "Duty engineer", "operator-1", true, true, true, true, kBothModes},
+    {"hlindqvist", "", "Hedda Lindqvist, shift lead", "shift-lead-2", false, true, true, true, kBothModes},
+    {"rokafor", "", "Remi Okafor, dispatch", "dispatch-3", false, true, true, false, kBothModes},
     {"mtanaka", "", "Mei Tanaka, traffic desk", "traffic-4", false, true, true, false, "share_mode"},
-    {"jnovak", "", "Jan Novak, grid desk", "grid-desk-5", false, true, true, false, bothModes},
+    {"jnovak", "", "Jan Novak, grid desk", "grid-desk-5", false, true, true, false, kBothModes},
     {"sbrandt", "", "Silke Brandt, video wall", "video-wall-6", false, true, true, true, "share_mode"},
     {"pmoreau", "", "Paul Moreau, maintenance", "maintain-7", false, true, true, false, "private_mode"},
-    {"training", "", "Training desk", "training-8", false, true, false, false, bothModes},
-    {"", "locampo", "Lucia Ocampo, external", "", false, true, true, false, bothModes},
+    {"training", "", "Training desk", "training-8", false, true, false, false, kBothModes},
+    {"", "locampo", "Lucia Ocampo, external", "", false, true, true, false, kBothModes},
 };
 
-const char *const receiverNames[] = {
+const char *const kReceiverNames[] = {
     "Desk 1 Dispatch", "Desk 2 Dispatch",
     "Desk 3 Traffic",  "Desk 4 Traffic",
     "Desk 5 Grid",     "Desk 6 Grid",
@@ -36,7 +36,7 @@ const char *const receiverNames[] = {
     "Training Desk",   "Visitor Gallery",
 };
 
-const char *const transmitterNames[] = {
+const char *const kTransmitterNames[] = {
     "SCADA Primary",   "SCADA Standby",
     "Historian",       "Alarm Server",
     "Map Server",      "CCTV Recorder 1",
@@ -47,7 +47,7 @@ const char *const transmitterNames[] = {
     "Test Rig",        "Legacy Telemetry",
 };
 
-const char *const switchNames[] = {"Control Room", "Equipment Room", "Annex"};
+const char *const kSwitchNames[] = {"Control Room", "Equipment Room", "Annex"};
 
 template <std::size_t N>
 std::string nameOf(const char *const (&names)[N], unsigned number, const char *general)
@@ -59,23 +59,23 @@ std::string nameOf(const char *const (&names)[N], unsigned number, const char *g
 
 const Account *fleetAccounts(std::size_t &count)
 {
-  count = std::size(accounts);
-  return accounts;
+  count = std::size(kAccounts);
+  return kAccounts;
 }
 
 std::string receiverName(unsigned number)
 {
-  return nameOf(receiverNames, number, "Station ");
+  return nameOf(kReceiverNames, number, "Station ");
 }
 
 std::string transmitterName(unsigned number)
 {
-  return nameOf(transmitterNames, number, "Target ");
+  return nameOf(kTransmitterNames, number, "Target ");
 }
 
 std::string switchName(unsigned number)
 {
-  return nameOf(switchNames, number, "Rack ");
+  return nameOf(kSwitchNames, number, "Rack ");
 }
 
 std::string fleetEid(unsigned family, unsigned number)

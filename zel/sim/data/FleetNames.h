@@ -8,8 +8,8 @@
 namespace zelsim
 {
 
-// One account of a new switch. The password is what its person types; an external manager's user has an
-// empty name.
+/// One account of a new switch. The password is what its person types; an external manager's user has an
+/// empty name.
 struct Account {
   const char *name;
   const char *managerName;
@@ -22,17 +22,17 @@ struct Account {
   const char *modeAllowed;
 };
 
-// The accounts of every new switch, the first one being "admin". Static.
+/// The accounts of every new switch, the first one being "admin". Static.
 const Account *fleetAccounts(std::size_t &count);
 
-// Names of the small lab's devices, numbered from 1; beyond the list, a general name with the number.
+/// Names of the small lab's devices, numbered from 1; beyond the list, a general name with the number.
 std::string receiverName(unsigned number);
 std::string transmitterName(unsigned number);
 std::string switchName(unsigned number);
 
-// The EID of a device: `family` tells the kinds of device apart, `number` counts from 1.
+/// The EID of a device: `family` tells the kinds of device apart, `number` counts from 1.
 std::string fleetEid(unsigned family, unsigned number);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_FLEET_NAMES_H_

@@ -15,21 +15,21 @@ struct sqlite3_stmt;
 namespace zelsim
 {
 
-// The database behind the store: a row per record, its values as one JSON object. What write() has
-// returned true for survives the death of the process and of the machine.
+/// The database behind the store: a row per record, its values as one JSON object. What write() has
+/// returned true for survives the death of the process and of the machine.
 class Journal
 {
 public:
-  // Opens or makes the database; ":memory:" makes one that ends with the process. Null, and `problem`
-  // for a person to read, when it can't be opened, is no database, is damaged, is in use by another
-  // process, is not a store's or is of a newer version. Such a file is left as it is.
+  /// Opens or makes the database; ":memory:" makes one that ends with the process. Null, and `problem`
+  /// for a person to read, when it can't be opened, is no database, is damaged, is in use by another
+  /// process, is not a store's or is of a newer version. Such a file is left as it is.
   static std::unique_ptr<Journal> open(const std::string &path, std::string &problem);
   ~Journal();
   Journal(const Journal &) = delete;
   Journal &operator=(const Journal &) = delete;
 
   using Visitor = std::function<bool(std::string_view resource, unsigned index, std::string_view body)>;
-  // Shows every record to `visit`, which returns false to give up. False with `problem` on a failure.
+  /// Shows every record to `visit`, which returns false to give up. False with `problem` on a failure.
   bool load(const Visitor &visit, std::string &problem);
 
   struct Change {
@@ -38,7 +38,7 @@ public:
     bool removed;
     std::string body;
   };
-  // All of the changes, durably, or none of them: false and `problem`.
+  /// All of the changes, durably, or none of them: false and `problem`.
   bool write(const std::vector<Change> &changes, std::string &problem);
 
 private:
@@ -56,4 +56,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_JOURNAL_H_

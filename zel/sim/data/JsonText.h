@@ -10,15 +10,15 @@
 namespace zelsim
 {
 
-// Appends `text`, valid UTF-8, as a JSON text with its quotes.
+/// Appends `text`, valid UTF-8, as a JSON text with its quotes.
 void appendJsonText(std::string &out, std::string_view text);
 
-// Appends a value as JSON; None as null.
+/// Appends a value as JSON; None as null.
 void appendJson(std::string &out, const Value &value);
 
-// Appends `,` unless `out` ends with an opening bracket, then the name and a colon.
+/// Appends `,` unless `out` ends with an opening bracket, then the name and a colon.
 void appendJsonName(std::string &out, std::string_view name);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_JSON_TEXT_H_

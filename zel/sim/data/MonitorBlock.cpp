@@ -14,21 +14,21 @@ namespace zelsim
 namespace
 {
 
-const MonitorModel models[] = {
+const MonitorModel kModels[] = {
     {"CRV", 0x2410, "CRV 24W", true, 0, 52, 32},      {"NLM", 0x1a27, "NLM Pano 27", true, 1, 60, 34},
     {"OPX", 0x0519, "OPX 519S", true, 4, 38, 30},     {"VNT", 0x2005, "VNT Desk 20", true, 3, 43, 27},
     {"OPX", 0x0321, "OPX Wall 21", false, 2, 43, 33}, {"VNT", 0x1501, "VNT Rack 15", false, 6, 30, 23},
     {"NLM", 0x0116, "NLM Cart 16", true, 5, 34, 19},
 };
 
-constexpr std::size_t halfBlock = 128;
+constexpr std::size_t kHalfBlock = 128;
 
 void putChecksum(unsigned char *half)
 {
   unsigned sum = 0;
-  for (std::size_t i = 0; i < halfBlock - 1; ++i)
+  for (std::size_t i = 0; i < kHalfBlock - 1; ++i)
     sum += half[i];
-  half[halfBlock - 1] = static_cast<unsigned char>(256 - sum % 256);
+  half[kHalfBlock - 1] = static_cast<unsigned char>(256 - sum % 256);
 }
 
 void putDetailedTiming(unsigned char *out, const VideoTiming &t, unsigned widthMm, unsigned heightMm)
@@ -111,8 +111,8 @@ void putFeatures(unsigned char *out, const MonitorModel &model)
 
 const MonitorModel *monitorModels(std::size_t &count)
 {
-  count = std::size(models);
-  return models;
+  count = std::size(kModels);
+  return kModels;
 }
 
 MonitorBlock monitorBlock(const MonitorModel &model, std::uint32_t serial)
@@ -132,7 +132,7 @@ MonitorBlock monitorBlock(const MonitorModel &model, std::uint32_t serial)
   base[126] = model.digital ? 1 : 0;
   putChecksum(base);
   if (model.digital) {
-    unsigned char *extension = base + halfBlock;
+    unsigned char *extension = base + kHalfBlock;
     extension[0] = 2;
     extension[1] = 3;
     extension[2] = 4;

@@ -9,10 +9,10 @@
 namespace zelsim
 {
 
-constexpr std::size_t monitorBlockSize = 256;
-using MonitorBlock = std::array<unsigned char, monitorBlockSize>;
+constexpr std::size_t kMonitorBlockSize = 256;
+using MonitorBlock = std::array<unsigned char, kMonitorBlockSize>;
 
-// What distinguishes one simulated monitor from another.
+/// What distinguishes one simulated monitor from another.
 struct MonitorModel {
   const char *maker; // three capital letters
   unsigned product;  // 16 bits
@@ -22,13 +22,13 @@ struct MonitorModel {
   unsigned widthCm, heightCm;
 };
 
-// The models that the fleet has. The pointer is static.
+/// The models that the fleet has. The pointer is static.
 const MonitorModel *monitorModels(std::size_t &count);
 
-// The EDID data of one piece of a model: a base block with right checksum and, for digital monitors, an
-// extension block with its own; otherwise the second half is zero.
+/// The EDID data of one piece of a model: a base block with right checksum and, for digital monitors, an
+/// extension block with its own; otherwise the second half is zero.
 MonitorBlock monitorBlock(const MonitorModel &model, std::uint32_t serial);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_MONITOR_BLOCK_H_

@@ -8,20 +8,20 @@
 namespace zelsim
 {
 
-// Passwords are kept as PBKDF2-HMAC-SHA256 under a random salt; the text says its own iterations:
-// "pbkdf2-sha256$ITERATIONS$SALT$HASH", salt and hash in hexadecimal.
+/// Passwords are kept as PBKDF2-HMAC-SHA256 under a random salt; the text says its own iterations:
+/// "pbkdf2-sha256$ITERATIONS$SALT$HASH", salt and hash in hexadecimal.
 
-// Iterations of new hashes. The default takes some 20 ms; tests that make many accounts set it lower.
+/// Iterations of new hashes. The default takes some 20 ms; tests that make many accounts set it lower.
 void setPasswordIterations(unsigned iterations);
 
-// The kept form of `password`; empty for an empty password, or if there is no randomness to be had.
+/// The kept form of `password`; empty for an empty password, or if there is no randomness to be had.
 std::string hashPassword(std::string_view password);
 
-// Whether `password` is the one behind `kept`; false for a text that is no kept form. Takes the same
-// time for every password. An empty `kept` stands for the empty password: whether an account may have
-// that is for the rules to say.
+/// Whether `password` is the one behind `kept`; false for a text that is no kept form. Takes the same
+/// time for every password. An empty `kept` stands for the empty password: whether an account may have
+/// that is for the rules to say.
 bool verifyPassword(std::string_view password, std::string_view kept);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_PASSWORD_H_

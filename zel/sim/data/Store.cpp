@@ -21,7 +21,7 @@ constexpr const char *kLastChange = "lastChange";
 
 std::size_t positionOf(const Resource &resource)
 {
-  return static_cast<std::size_t>(&resource - catalogue);
+  return static_cast<std::size_t>(&resource - kCatalogue);
 }
 
 Value defaultOf(const Parameter &parameter)
@@ -74,11 +74,11 @@ Value fromBody(const Parameter &parameter, const json_t *json)
 } // namespace
 
 Store::Store(std::unique_ptr<Journal> journal)
-    : journal_(std::move(journal)), tables_(catalogueSize), defaults_(catalogueSize)
+    : journal_(std::move(journal)), tables_(kCatalogueSize), defaults_(kCatalogueSize)
 {
-  for (std::size_t i = 0; i < catalogueSize; ++i)
-    for (std::size_t k = 0; k < catalogue[i].parameterCount; ++k)
-      defaults_[i].push_back(defaultOf(catalogue[i].parameters[k]));
+  for (std::size_t i = 0; i < kCatalogueSize; ++i)
+    for (std::size_t k = 0; k < kCatalogue[i].parameterCount; ++k)
+      defaults_[i].push_back(defaultOf(kCatalogue[i].parameters[k]));
 }
 
 Store::~Store() = default;
@@ -120,9 +120,9 @@ bool Store::loadRecord(std::string_view name, unsigned index, std::string_view b
 
 void Store::makeStandingRecords()
 {
-  for (std::size_t i = 0; i < catalogueSize; ++i)
-    if (catalogue[i].single)
-      tables_[i].records[0].values.resize(catalogue[i].parameterCount);
+  for (std::size_t i = 0; i < kCatalogueSize; ++i)
+    if (kCatalogue[i].single)
+      tables_[i].records[0].values.resize(kCatalogue[i].parameterCount);
   if (const Resource *counters = findResource(kChangeStatus))
     for (unsigned id = 1; id <= kChangeCounters; ++id)
       table(*counters).records[id].values.resize(counters->parameterCount);

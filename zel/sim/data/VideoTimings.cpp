@@ -9,7 +9,7 @@ namespace zelsim
 namespace
 {
 
-const VideoTiming timings[] = {
+const VideoTiming kTimings[] = {
     {154000, 1920, 48, 32, 80, 1200, 3, 6, 26, true, false},
     {148500, 1920, 88, 44, 148, 1080, 4, 5, 36, true, true},
     {162000, 1600, 64, 192, 304, 1200, 1, 3, 46, true, true},
@@ -23,8 +23,8 @@ const VideoTiming timings[] = {
 
 const VideoTiming *videoTimings(std::size_t &count)
 {
-  count = std::size(timings);
-  return timings;
+  count = std::size(kTimings);
+  return kTimings;
 }
 
 } // namespace zelsim

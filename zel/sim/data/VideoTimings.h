@@ -7,7 +7,7 @@
 namespace zelsim
 {
 
-// One video mode as a monitor describes it. Widths in pixels, heights in lines, the clock in kHz.
+/// One video mode as a monitor describes it. Widths in pixels, heights in lines, the clock in kHz.
 struct VideoTiming {
   unsigned pixelClock;
   unsigned horizontalResolution, horizontalFrontPorch, horizontalSyncWidth, horizontalBackPorch;
@@ -15,9 +15,9 @@ struct VideoTiming {
   bool horizontalPositive, verticalPositive;
 };
 
-// The modes that the simulated monitors and computers use, largest first. The pointer is static.
+/// The modes that the simulated monitors and computers use, largest first. The pointer is static.
 const VideoTiming *videoTimings(std::size_t &count);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_DATA_VIDEO_TIMINGS_H_

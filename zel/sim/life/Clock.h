@@ -10,11 +10,11 @@
 namespace zelsim
 {
 
-// The simulated switch's time, and what is to happen in it.
-//
-// Simulated time runs with the real one, plus every jump that was asked for. Actions run on the server's
-// loop, in the order of their times, and may schedule more. A jump runs every action on its way at that
-// action's own time: inside it, now() says what it would have said without the jump.
+/// The simulated switch's time, and what is to happen in it.
+///
+/// Simulated time runs with the real one, plus every jump that was asked for. Actions run on the server's
+/// loop, in the order of their times, and may schedule more. A jump runs every action on its way at that
+/// action's own time: inside it, now() says what it would have said without the jump.
 class Clock
 {
 public:
@@ -24,24 +24,24 @@ public:
 
   Clock();
 
-  // Milliseconds of simulated time since 1970.
+  /// Milliseconds of simulated time since 1970.
   Milliseconds nowMs() const;
-  // Seconds since 1970, as the store's dates are.
+  /// Seconds since 1970, as the store's dates are.
   std::int64_t now() const { return nowMs() / 1000; }
 
-  // Runs `action` once, `delay` from now; a delay below 0 counts as 0.
+  /// Runs `action` once, `delay` from now; a delay below 0 counts as 0.
   Id after(Milliseconds delay, Action action);
-  // Runs `action` again and again, first after `period` (at least 1).
+  /// Runs `action` again and again, first after `period` (at least 1).
   Id every(Milliseconds period, Action action);
-  // An action that has run, or 0, is allowed.
+  /// An action that has run, or 0, is allowed.
   void cancel(Id id);
 
-  // For the server's loop: runs what is due. Returns whether anything ran.
+  /// For the server's loop: runs what is due. Returns whether anything ran.
   bool runDue();
-  // Milliseconds until the next action is due, 0 if one is, -1 if there is none.
+  /// Milliseconds until the next action is due, 0 if one is, -1 if there is none.
   Milliseconds untilNext() const;
 
-  // Moves simulated time forward and runs what is due on the way.
+  /// Moves simulated time forward and runs what is due on the way.
   void jump(Milliseconds distance);
 
 private:
@@ -65,4 +65,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_LIFE_CLOCK_H_

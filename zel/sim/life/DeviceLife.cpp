@@ -19,7 +19,7 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds pendingTime = 1000, downTime = 3000, configuringTime = 2000, switchTime = 6000;
+constexpr Clock::Milliseconds kPendingTime = 1000, downTime = 3000, configuringTime = 2000, switchTime = 6000;
 
 void step(World &world, const Device &device);
 
@@ -48,7 +48,7 @@ void scheduleStep(World &world, const Device &device, Clock::Milliseconds delay)
 std::vector<Device> attachedTo(const World &world, unsigned swxIndex)
 {
   std::vector<Device> devices;
-  for (const DeviceKind *kind : {&receivers, &transmitters}) {
+  for (const DeviceKind *kind : {&kReceivers, &kTransmitters}) {
     const Resource &resource = *findResource(kind->resource);
     const int position = resource.position("attachedSwx");
     for (const auto &entry : world.store.records(resource))
@@ -191,7 +191,7 @@ void beginReset(World &world, const Device &device, const std::string &word)
   world.store.setText(device.kind->resource, device.index, "pendingReset", word);
   if (!device.isSwitch()) {
     setStatus(world, device, "reset_pending");
-    scheduleStep(world, device, pendingTime);
+    scheduleStep(world, device, kPendingTime);
     return;
   }
   setStatus(world, device, "resetting");
@@ -231,7 +231,7 @@ void bringUp(World &world, const Device &device)
 
 void resumeDevices(World &world)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource)) {
       const std::int64_t at = world.store.number(kind->resource, index, "returnsAt");
       if (at > 1)

@@ -26,11 +26,11 @@ unsigned anyRecord(World &world, const char *resource)
 }
 
 // Not everybody who is drawn can do what is asked of them; a few more are tried then.
-constexpr int tries = 6;
+constexpr int kTries = 6;
 
 void logSomebodyIn(World &world)
 {
-  for (int i = 0; i < tries; ++i) {
+  for (int i = 0; i < kTries; ++i) {
     const unsigned user = anyRecord(world, "user"), rx = anyRecord(world, "rx");
     // Administrators sit at the interface, not at desks.
     if (user && rx && world.store.text("user", user, "role") != "admin" && logIn(world, user, rx, false))
@@ -56,7 +56,7 @@ void logSomebodyOut(World &world)
 
 void connectSomebody(World &world)
 {
-  for (int i = 0; i < tries; ++i) {
+  for (int i = 0; i < kTries; ++i) {
     const unsigned session = anyRecord(world, "userSession"), tx = anyRecord(world, "tx");
     const char *mode = drawn(world, 3) == 0 ? "private_mode" : "share_mode";
     const auto rx = static_cast<unsigned>(world.store.number("userSession", session, "rxIndex"));
@@ -90,7 +90,7 @@ Clock::Milliseconds absence(World &world)
 
 void loseDevice(World &world)
 {
-  const DeviceKind *kind = drawn(world, 2) ? &receivers : &transmitters;
+  const DeviceKind *kind = drawn(world, 2) ? &kReceivers : &kTransmitters;
   const unsigned index = anyRecord(world, kind->resource);
   if (index && deviceStatus(world, {kind, index}) == "ready")
     takeOffline(world, {kind, index}, absence(world));
@@ -100,7 +100,7 @@ void loseSwitch(World &world)
 {
   const unsigned index = anyRecord(world, "swx");
   if (index > 1 && world.store.text("swx", index, "status") == "ready")
-    takeOffline(world, {&switches, index}, absence(world));
+    takeOffline(world, {&kSwitches, index}, absence(world));
 }
 
 struct Turn {
@@ -108,7 +108,7 @@ struct Turn {
   void (*happens)(World &);
 };
 
-constexpr Turn turns[] = {
+constexpr Turn kTurns[] = {
     {26, logSomebodyIn},      {10, logSomebodyOut}, {28, connectSomebody},
     {12, disconnectSomebody}, {7, loseDevice},      {1, loseSwitch},
     {6, haveFault},           {10, haveReport},     {1, tidyAlerts},
@@ -117,7 +117,7 @@ constexpr Turn turns[] = {
 constexpr unsigned totalWeight()
 {
   unsigned sum = 0;
-  for (const Turn &turn : turns)
+  for (const Turn &turn : kTurns)
     sum += turn.weight;
   return sum;
 }
@@ -128,7 +128,7 @@ struct Fault {
   const char *parts[3];
 };
 
-constexpr Fault faults[] = {
+constexpr Fault kFaults[] = {
     {AlertKind::FanFault, AlertKind::FanFaultCleared, {"1", "2", "3"}},
     {AlertKind::VoltageFault, AlertKind::VoltageFaultCleared, {"3.3 V", "5 V", "12 V"}},
     {AlertKind::PowerSupplyFault, AlertKind::PowerSupplyFaultCleared, {"A", "B", "B"}},
@@ -140,7 +140,7 @@ struct Report {
   const char *message;
 };
 
-constexpr Report reports[] = {
+constexpr Report kReports[] = {
     {AlertKind::DeviceReportedInfo, "monitor attached"},
     {AlertKind::DeviceReportedInfo, "keyboard enumerated"},
     {AlertKind::DeviceReportedInfo, "video mode changed"},
@@ -158,7 +158,7 @@ std::size_t drawn(World &world, std::size_t range)
 
 void haveFault(World &world)
 {
-  const Fault &fault = faults[drawn(world, std::size(faults))];
+  const Fault &fault = kFaults[drawn(world, std::size(kFaults))];
   const std::string part = fault.parts[drawn(world, std::size(fault.parts))];
   const std::string eid = world.store.text("swx", anyRecord(world, "swx"), "eid");
   const unsigned instance = raiseAlert(world, fault.begins, eid, part);
@@ -172,8 +172,8 @@ void haveFault(World &world)
 
 void haveReport(World &world)
 {
-  const Report &report = reports[drawn(world, std::size(reports))];
-  const DeviceKind *kind = drawn(world, 2) ? &receivers : &transmitters;
+  const Report &report = kReports[drawn(world, std::size(kReports))];
+  const DeviceKind *kind = drawn(world, 2) ? &kReceivers : &kTransmitters;
   const unsigned index = anyRecord(world, kind->resource);
   if (index)
     raiseAlert(world, report.kind, deviceEid(world, {kind, index}), deviceLabel(world, {kind, index}),
@@ -183,7 +183,7 @@ void haveReport(World &world)
 void happen(World &world)
 {
   std::size_t point = drawn(world, totalWeight());
-  for (const Turn &turn : turns) {
+  for (const Turn &turn : kTurns) {
     if (point < turn.weight)
       return turn.happens(world);
     point -= turn.weight;

@@ -14,7 +14,7 @@ struct Omen {
   const char *failure;
 };
 
-constexpr Omen omens[] = {
+constexpr Omen kOmens[] = {
     {"missing", "failed_file_get"},      {"corrupt", "failed_file_content"},
     {"wrong-device", "failed_dev_type"}, {"push-error", "failed_file_push"},
     {"flash-error", "failed_flash"},     {"unknown-error", "failed"},
@@ -61,7 +61,7 @@ std::string versionOfFile(const std::string &path)
 
 std::string failureOfFile(const std::string &path)
 {
-  for (const Omen &omen : omens)
+  for (const Omen &omen : kOmens)
     if (path.find(omen.part) != std::string::npos)
       return omen.failure;
   return {};

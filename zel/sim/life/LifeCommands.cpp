@@ -26,10 +26,10 @@ bool readNumber(const std::string &text, unsigned &number)
 Device deviceOf(const World &world, const Words &words)
 {
   unsigned index = 0;
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     if (words[0] == kind->resource && readNumber(words[1], index) && world.store.exists(words[0], index))
       return {kind, index};
-  return {&switches, 0};
+  return {&kSwitches, 0};
 }
 
 Outcome noDevice(const Words &words)

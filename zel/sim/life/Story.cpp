@@ -19,12 +19,12 @@ namespace
 {
 
 // At liveliness 1 something happens so often, for every so many receivers.
-constexpr Clock::Milliseconds calmPeriod = 15000;
-constexpr std::size_t receiversPerEvent = 64;
+constexpr Clock::Milliseconds kCalmPeriod = 15000;
+constexpr std::size_t kReceiversPerEvent = 64;
 
 void actAll(World &world)
 {
-  const std::size_t events = 1 + world.store.count("rx") / receiversPerEvent;
+  const std::size_t events = 1 + world.store.count("rx") / kReceiversPerEvent;
   for (std::size_t i = 0; i < events; ++i)
     happen(world);
 }
@@ -37,7 +37,7 @@ void setLiveliness(World &world, unsigned liveliness)
   world.clock.cancel(world.story->activity);
   world.story->activity = 0;
   if (liveliness > 0)
-    world.story->activity = world.clock.every(std::max<Clock::Milliseconds>(1, calmPeriod / liveliness),
+    world.story->activity = world.clock.every(std::max<Clock::Milliseconds>(1, kCalmPeriod / liveliness),
                                               [&world] { actAll(world); });
 }
 

@@ -17,8 +17,8 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds tickTime = 1000;
-constexpr int percentPerTick = 5;
+constexpr Clock::Milliseconds kTickTime = 1000;
+constexpr int kPercentPerTick = 5;
 
 // A step of an update: up to which percentage it takes, and the word if it fails.
 struct Step {
@@ -27,7 +27,7 @@ struct Step {
   const char *told;
 };
 
-constexpr Step steps[] = {
+constexpr Step kSteps[] = {
     {20, "failed_file_get", "file transfer"},  {25, "failed_file_content", "bad file"},
     {30, "failed_dev_type", "incorrect file"}, {60, "failed_file_push", "target communication"},
     {95, "failed_flash", "reflash"},           {100, "failed", "unknown cause"},
@@ -108,7 +108,7 @@ void complete(World &world, const Device &device)
   if (!world.store.flag("systemGlobals", 0, "resetAfterUpgrade"))
     return;
   // The outcome stands for a while before the device goes: whoever watches it gets to see it.
-  world.clock.after(6 * tickTime, [&world, device] {
+  world.clock.after(6 * kTickTime, [&world, device] {
     if (deviceText(world, device, "upgradeStatus") == "complete" && !mayReset(world, device, "cold_reboot"))
       beginReset(world, device, "cold_reboot");
   });
@@ -127,10 +127,10 @@ void tick(World &world, const Device &device)
   if (deviceText(world, device, "upgradeStatus") != "upgrading")
     return;
   const auto percent = static_cast<int>(
-      world.store.number(device.kind->resource, device.index, "upgradePercent") + percentPerTick);
+      world.store.number(device.kind->resource, device.index, "upgradePercent") + kPercentPerTick);
   const std::string fate =
       deviceStatus(world, device) == "offline" ? "failed_file_push" : fateOf(world, device);
-  for (const Step &step : steps)
+  for (const Step &step : kSteps)
     if (fate == step.failure && percent >= step.ends)
       return fail(world, device, step);
   if (percent == 30)
@@ -138,7 +138,7 @@ void tick(World &world, const Device &device)
   if (percent >= 100)
     return complete(world, device);
   setState(world, device, "upgrading", percent);
-  world.clock.after(tickTime, [&world, device] { tick(world, device); });
+  world.clock.after(kTickTime, [&world, device] { tick(world, device); });
 }
 
 } // namespace
@@ -160,7 +160,7 @@ void beginUpdate(World &world, const Device &device, unsigned upgradeIndex)
   world.store.setNumber(device.kind->resource, device.index, "upgradeIndex", upgradeIndex);
   setState(world, device, "upgrading", 0);
   refreshPortsOf(world, device);
-  world.clock.after(tickTime, [&world, device] { tick(world, device); });
+  world.clock.after(kTickTime, [&world, device] { tick(world, device); });
 }
 
 void failNextUpdate(World &world, const Device &device, const std::string &word)
@@ -171,11 +171,11 @@ void failNextUpdate(World &world, const Device &device, const std::string &word)
 
 void resumeUpdates(World &world)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource)) {
       const Device device = {kind, index};
       if (deviceText(world, device, "upgradeStatus") == "upgrading")
-        world.clock.after(tickTime, [&world, device] { tick(world, device); });
+        world.clock.after(kTickTime, [&world, device] { tick(world, device); });
     }
 }
 

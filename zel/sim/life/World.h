@@ -17,7 +17,7 @@ namespace zelsim
 struct Faults;
 struct Story;
 
-// How the switch is to be, from the command line.
+/// How the switch is to be, from the command line.
 struct Settings {
   unsigned fleet = 0;                          // receivers, and as many transmitters; 0 is the small lab
   unsigned sessions = 0;                       // KVM sessions, each of a user of its own; 0: a few
@@ -29,16 +29,16 @@ struct Settings {
   std::string settingsRoot = "/data/settings"; // where settings archives are written
 };
 
-// What rules and life work on. One per process, used on the server's loop only.
+/// What rules and life work on. One per process, used on the server's loop only.
 struct World {
   Settings settings;
   Store &store;
   Clock clock;
   Rules rules;
-  // For life: the same seed gives the same numbers. Never for secrets.
+  /// For life: the same seed gives the same numbers. Never for secrets.
   std::mt19937_64 random;
-  Story *story = nullptr;   // what the life keeps for itself; the clock's actions own it
-  // Told by the server of every connection that has ended.
+  Story *story = nullptr; // what the life keeps for itself; the clock's actions own it
+  /// Told by the server of every connection that has ended.
   std::function<void(std::uint64_t client)> clientGone;
   Faults *faults = nullptr; // the server's, for a switch that restarts; null where there is no server
 
@@ -48,13 +48,13 @@ struct World {
   }
 };
 
-// Fleet.cpp: fills an empty store: switches, devices, accounts, monitor data, settings.
+/// Fleet.cpp: fills an empty store: switches, devices, accounts, monitor data, settings.
 void makeFleet(World &world);
 
-// Story.cpp: schedules what happens by itself, at every start, behind makeFleet() or the loading of the
-// database. Takes up what a stop interrupted (a device that was booting or updating goes on).
+/// Story.cpp: schedules what happens by itself, at every start, behind makeFleet() or the loading of the
+/// database. Takes up what a stop interrupted (a device that was booting or updating goes on).
 void startStory(World &world);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_LIFE_WORLD_H_

@@ -76,7 +76,7 @@ Problem endSession(World &world, Call &call)
 
 // A page that was closed, or an interface that ended, logs nobody out. Its sessions go a while after its
 // connection: a connection that only broke down is made anew, and its person is still there.
-constexpr Clock::Milliseconds lingerTime = 10 * 60 * 1000;
+constexpr Clock::Milliseconds kLingerTime = 10 * 60 * 1000;
 
 } // namespace
 
@@ -85,7 +85,7 @@ void endSessionsOfClient(World &world, std::uint64_t client)
   const auto number = static_cast<std::int64_t>(client);
   for (const unsigned session : world.store.indexes("adminSession"))
     if (world.store.number("adminSession", session, "client") == number)
-      world.clock.after(lingerTime, [&world, session, number] {
+      world.clock.after(kLingerTime, [&world, session, number] {
         if (world.store.exists("adminSession", session) &&
             world.store.number("adminSession", session, "client") == number)
           world.store.remove("adminSession", session);

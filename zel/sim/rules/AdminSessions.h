@@ -9,10 +9,10 @@
 namespace zelsim
 {
 
-// A connection has ended: the administrators' sessions that came through it end ten minutes later. Client
-// 0 stands for the connections of an earlier run.
+/// A connection has ended: the administrators' sessions that came through it end ten minutes later. Client
+/// 0 stands for the connections of an earlier run.
 void endSessionsOfClient(World &world, std::uint64_t client);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_ADMIN_SESSIONS_H_

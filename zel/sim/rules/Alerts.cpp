@@ -7,7 +7,7 @@ namespace zelsim
 namespace
 {
 
-const char *const alertLists[] = {"historicalAlerts", "unacknowledgedAlerts"};
+const char *const kAlertLists[] = {"historicalAlerts", "unacknowledgedAlerts"};
 
 void addTo(World &world, const char *list, unsigned instance, AlertKind kind,
            const std::string &originatorEid, const std::string &message, std::int64_t date)
@@ -40,7 +40,7 @@ unsigned raiseAlert(World &world, AlertKind kind, const std::string &originatorE
     return 0;
   const unsigned instance = nextInstance(world);
   const std::string message = alertText(kind, first, second);
-  for (const char *list : alertLists)
+  for (const char *list : kAlertLists)
     addTo(world, list, instance, kind, originatorEid, message, world.clock.now());
   return instance;
 }
@@ -57,9 +57,9 @@ void recordAlert(World &world, AlertKind kind, const std::string &originatorEid,
                  std::int64_t date, bool acknowledged)
 {
   const unsigned instance = nextInstance(world);
-  addTo(world, alertLists[0], instance, kind, originatorEid, message, date);
+  addTo(world, kAlertLists[0], instance, kind, originatorEid, message, date);
   if (!acknowledged)
-    addTo(world, alertLists[1], instance, kind, originatorEid, message, date);
+    addTo(world, kAlertLists[1], instance, kind, originatorEid, message, date);
 }
 
 } // namespace zelsim

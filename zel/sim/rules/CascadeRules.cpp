@@ -9,7 +9,7 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds changeTime = 2000;
+constexpr Clock::Milliseconds kChangeTime = 2000;
 
 bool peerHasControl(const World &world)
 {
@@ -30,10 +30,10 @@ Problem link(World &world, unsigned index)
     return kInvalidCascadeChange;
   if (world.store.text("swx", index, "status") != "ready")
     return kBackupNotReady;
-  const std::string eid = deviceEid(world, {&switches, index});
+  const std::string eid = deviceEid(world, {&kSwitches, index});
   world.store.setText("systemGlobals", 0, "peerControllerSwitchEid", eid);
   // The peer takes over the configuration before it can be a backup.
-  world.clock.after(changeTime, [&world, index, eid] {
+  world.clock.after(kChangeTime, [&world, index, eid] {
     if (peerEid(world) == eid)
       setRole(world, index, "backup");
   });
@@ -45,7 +45,7 @@ Problem unlink(World &world)
   const unsigned peer = peerIndex(world);
   if (peerEid(world).empty() || peerHasControl(world))
     return kInvalidCascadeChange;
-  if (peer && deviceStatus(world, {&switches, peer}) == "offline")
+  if (peer && deviceStatus(world, {&kSwitches, peer}) == "offline")
     return kDeleteOfflinePeer;
   world.store.setText("systemGlobals", 0, "peerControllerSwitchEid", "");
   if (peer)
@@ -57,7 +57,7 @@ Problem unlink(World &world)
 void giveControl(World &world, unsigned controller, unsigned backup)
 {
   world.store.setText("systemGlobals", 0, "cascadeController", controller == 1 ? "this" : "peer");
-  world.store.setText("systemGlobals", 0, "masterSwitchEid", deviceEid(world, {&switches, controller}));
+  world.store.setText("systemGlobals", 0, "masterSwitchEid", deviceEid(world, {&kSwitches, controller}));
   setRole(world, controller, "controller");
   setRole(world, backup, "backup");
   world.store.setText("swx", controller, "mode", "master");
@@ -73,7 +73,7 @@ Problem switchRoles(World &world)
   if (world.store.text("swx", backup, "status") != "ready" ||
       world.store.text("swx", backup, "cascadeRole") != "backup")
     return kBackupNotReady;
-  world.clock.after(changeTime,
+  world.clock.after(kChangeTime,
                     [&world, backup, peer] { giveControl(world, backup, backup == 1 ? peer : 1); });
   return kOk;
 }
@@ -83,7 +83,7 @@ Problem promote(World &world)
   const unsigned peer = peerIndex(world);
   if (!peerHasControl(world) || !peer)
     return kInvalidCascadeChange;
-  world.clock.after(changeTime, [&world, peer] { giveControl(world, 1, peer); });
+  world.clock.after(kChangeTime, [&world, peer] { giveControl(world, 1, peer); });
   return kOk;
 }
 

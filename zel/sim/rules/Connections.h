@@ -9,7 +9,7 @@
 namespace zelsim
 {
 
-// One KVM session.
+/// One KVM session.
 struct Connection {
   unsigned index;
   unsigned rx;
@@ -17,9 +17,9 @@ struct Connection {
   bool isPrivate;
 };
 
-// All of them, for rules that look at many: one pass over the records, without a search for each value.
+/// All of them, for rules that look at many: one pass over the records, without a search for each value.
 std::vector<Connection> connectionsOf(const World &world);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_CONNECTIONS_H_

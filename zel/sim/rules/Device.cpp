@@ -4,13 +4,13 @@
 namespace zelsim
 {
 
-const DeviceKind receivers = {"rx",         "rxControl",         "rxUsbDiag",
-                              kRxNotOnline, kRxAlreadyResetting, kRxResetUnsupported};
-const DeviceKind transmitters = {"tx",         "txControl",         "txUsbDiag",
-                                 kTxNotOnline, kTxAlreadyResetting, kTxResetUnsupported};
-const DeviceKind switches = {"swx", "swxControl", nullptr, kSwxNotOnline, kSwxAlreadyResetting, kOk};
+const DeviceKind kReceivers = {"rx",         "rxControl",         "rxUsbDiag",
+                               kRxNotOnline, kRxAlreadyResetting, kRxResetUnsupported};
+const DeviceKind kTransmitters = {"tx",         "txControl",         "txUsbDiag",
+                                  kTxNotOnline, kTxAlreadyResetting, kTxResetUnsupported};
+const DeviceKind kSwitches = {"swx", "swxControl", nullptr, kSwxNotOnline, kSwxAlreadyResetting, kOk};
 
-const DeviceKind *const deviceKinds[3] = {&receivers, &transmitters, &switches};
+const DeviceKind *const kDeviceKinds[3] = {&kReceivers, &kTransmitters, &kSwitches};
 
 std::string deviceText(const World &world, const Device &device, const char *parameter)
 {
@@ -40,10 +40,10 @@ std::string ownEid(const World &world)
 
 Device findDevice(const World &world, const std::string &eid)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     if (const unsigned index = world.store.findText(kind->resource, "eid", eid))
       return {kind, index};
-  return {&switches, 0};
+  return {&kSwitches, 0};
 }
 
 void addCompanions(World &world, const Device &device)

@@ -9,7 +9,7 @@
 namespace zelsim
 {
 
-// What is different between receivers, transmitters and switches, for rules that are the same for all.
+/// What is different between receivers, transmitters and switches, for rules that are the same for all.
 struct DeviceKind {
   const char *resource;
   const char *control;     // the resource of its commands
@@ -19,40 +19,40 @@ struct DeviceKind {
   Errno partialUnsupported; // kOk if a partial restore of factory defaults is possible
 };
 
-extern const DeviceKind receivers;
-extern const DeviceKind transmitters;
-extern const DeviceKind switches;
+extern const DeviceKind kReceivers;
+extern const DeviceKind kTransmitters;
+extern const DeviceKind kSwitches;
 
-// All three, for loops.
-extern const DeviceKind *const deviceKinds[3];
+/// All three, for loops.
+extern const DeviceKind *const kDeviceKinds[3];
 
-// One device: a record of "rx", "tx" or "swx".
+/// One device: a record of "rx", "tx" or "swx".
 struct Device {
   const DeviceKind *kind;
   unsigned index;
 
-  bool isReceiver() const { return kind == &receivers; }
-  bool isTransmitter() const { return kind == &transmitters; }
-  bool isSwitch() const { return kind == &switches; }
-  // The switch that the simulation is.
+  bool isReceiver() const { return kind == &kReceivers; }
+  bool isTransmitter() const { return kind == &kTransmitters; }
+  bool isSwitch() const { return kind == &kSwitches; }
+  /// The switch that the simulation is.
   bool isSelf() const { return isSwitch() && index == 1; }
 };
 
 std::string deviceText(const World &world, const Device &device, const char *parameter);
 std::string deviceStatus(const World &world, const Device &device);
 std::string deviceEid(const World &world, const Device &device);
-// The name, or the EID of a device without one.
+/// The name, or the EID of a device without one.
 std::string deviceLabel(const World &world, const Device &device);
-// The EID of this switch.
+/// The EID of this switch.
 std::string ownEid(const World &world);
 
-// The device of that EID; its index is 0 if there is none.
+/// The device of that EID; its index is 0 if there is none.
 Device findDevice(const World &world, const std::string &eid);
 
-// Makes the records that go along with a device: its control and diagnostics. Removes them.
+/// Makes the records that go along with a device: its control and diagnostics. Removes them.
 void addCompanions(World &world, const Device &device);
 void removeCompanions(World &world, const Device &device);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_DEVICE_H_

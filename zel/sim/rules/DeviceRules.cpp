@@ -14,7 +14,7 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds rediscoveryTime = 20000;
+constexpr Clock::Milliseconds kRediscoveryTime = 20000;
 
 bool isOnePair(const World &world, const Device &device)
 {
@@ -68,20 +68,20 @@ void forgetTarget(World &world, unsigned txIndex)
 }
 
 // What is known of a device that announces itself: what it is, but nothing that was set.
-const char *const announced[] = {"eid", "detailedDeviceType", "serialNumber", "partNumber",
-                                 "firmwareVersion"};
-const char *const announcedNumbers[] = {"attachedSwx", "attachedPort", "monitor", "portCount"};
+const char *const kAnnounced[] = {"eid", "detailedDeviceType", "serialNumber", "partNumber",
+                                  "firmwareVersion"};
+const char *const kAnnouncedNumbers[] = {"attachedSwx", "attachedPort", "monitor", "portCount"};
 
 // A device that was removed while it runs announces itself again after a while.
 void rediscover(World &world, const Device &device)
 {
   std::map<std::string, std::string> texts;
   std::map<std::string, std::int64_t> numbers;
-  for (const char *parameter : announced)
+  for (const char *parameter : kAnnounced)
     texts[parameter] = deviceText(world, device, parameter);
-  for (const char *parameter : announcedNumbers)
+  for (const char *parameter : kAnnouncedNumbers)
     numbers[parameter] = world.store.number(device.kind->resource, device.index, parameter);
-  world.clock.after(rediscoveryTime, [&world, device, texts, numbers] {
+  world.clock.after(kRediscoveryTime, [&world, device, texts, numbers] {
     if (!world.store.create(device.kind->resource, device.index))
       return;
     for (const auto &entry : texts)
@@ -133,7 +133,7 @@ void registerKind(Rules &rules, const DeviceKind *kind)
 
 void registerDeviceRules(Rules &rules)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     registerKind(rules, kind);
   // Attributes of a switch in conflict belong to the other master.
   rules.check("swx", Method::Set, [](World &world, const Call &call) -> Problem {

@@ -109,8 +109,8 @@ void registerDiagnosticsOf(Rules &rules, const DeviceKind *kind)
 void registerDiagnostics(Rules &rules)
 {
   registerTimings(rules);
-  registerDiagnosticsOf(rules, &receivers);
-  registerDiagnosticsOf(rules, &transmitters);
+  registerDiagnosticsOf(rules, &kReceivers);
+  registerDiagnosticsOf(rules, &kTransmitters);
   rules.read("swx", "currentSysTime",
              [](const World &world, unsigned) { return Value::integer(world.clock.now()); });
 }

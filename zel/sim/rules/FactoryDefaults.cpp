@@ -13,7 +13,7 @@ namespace
 {
 
 // What a device is, as against how it is set.
-const std::vector<std::string_view> identity = {
+const std::vector<std::string_view> kIdentity = {
     "eid",          "detailedDeviceType", "status",       "usage",         "serialNumber",
     "partNumber",   "firmwareVersion",    "nextFirmware", "upgradeStatus", "upgradePercent",
     "upgradeIndex", "returnsAt",          "attachedSwx",  "attachedPort",  "monitor",
@@ -28,7 +28,7 @@ void removeAll(World &world, const char *resource)
 
 void restoreOne(World &world, const Device &device, bool keepNetwork)
 {
-  std::vector<std::string_view> keep = identity;
+  std::vector<std::string_view> keep = kIdentity;
   if (device.isSwitch())
     keep.push_back("cascadeRole");
   // A slave that forgot its part would drop out of the system that it is restored from.
@@ -64,9 +64,9 @@ void restoreSystem(World &world, bool keepNetwork)
   for (const char *resource : {"cfgDefaults", "eventLogControl", "alertLogControl"})
     world.store.reset(resource, 0, {});
   world.store.reset("systemGlobals", 0, {"masterSwitchEid"});
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource))
-      restoreOne(world, {kind, index}, keepNetwork || kind != &switches || index != 1);
+      restoreOne(world, {kind, index}, keepNetwork || kind != &kSwitches || index != 1);
   restoreAccounts(world);
   removeAll(world, "upgrade");
   for (const unsigned index : world.store.indexes("edid"))

@@ -31,7 +31,7 @@ Problem flash(World &world, const Device &device, std::int64_t seconds)
 
 void registerFlashRules(Rules &rules)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     rules.onParameter(kind->control, "lcdBacklightFlashDuration", [kind](World &world, Call &call) {
       return flash(world, {kind, call.index}, call.number("lcdBacklightFlashDuration"));
     });

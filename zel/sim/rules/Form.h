@@ -7,12 +7,12 @@
 namespace zelsim
 {
 
-// The forms that a text may have to have.
+/// The forms that a text may have to have.
 enum class Form {
-  Alphanumeric,   // letters and digits
-  Visible,        // ASCII without blanks
-  EidOrEmpty,     // six alphanumerics, a dash, six alphanumerics
-  MacOrEmpty,     // six or eight groups of two hexadecimal digits, all joined by ":" or all by "-"
+  Alphanumeric, // letters and digits
+  Visible,      // ASCII without blanks
+  EidOrEmpty,   // six alphanumerics, a dash, six alphanumerics
+  MacOrEmpty,   // six or eight groups of two hexadecimal digits, all joined by ":" or all by "-"
   IpV4,
   IpV6,
   AddressOrEmpty, // IPv4 or IPv6
@@ -24,4 +24,4 @@ bool hasForm(const std::string &text, Form form);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_FORM_H_

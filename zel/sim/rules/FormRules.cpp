@@ -15,7 +15,7 @@ struct FormRow {
   Form form;
 };
 
-constexpr FormRow formRows[] = {
+constexpr FormRow kFormRows[] = {
     {"user", "name", Form::Alphanumeric},
     {"user", "password", Form::Visible},
     {"rx", "autoConnectTxEid", Form::EidOrEmpty},
@@ -42,7 +42,7 @@ void registerForm(Rules &rules, const FormRow &row, Method method)
 
 void registerFormRules(Rules &rules)
 {
-  for (const FormRow &row : formRows)
+  for (const FormRow &row : kFormRows)
     for (const Method method : {Method::Set, Method::Create})
       registerForm(rules, row, method);
 }

@@ -7,7 +7,7 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds passageTime = 5000;
+constexpr Clock::Milliseconds kPassageTime = 5000;
 
 // The words that are only passed through, and what comes behind them.
 struct Passage {
@@ -15,7 +15,7 @@ struct Passage {
   const char *to;
 };
 
-constexpr Passage passages[] = {
+constexpr Passage kPassages[] = {
     {"enrolling", "managed"}, {"managed", "verified"}, {"unenrolling", "non_managed"}};
 
 void setLinks(World &world, bool up)
@@ -29,7 +29,7 @@ void setLinks(World &world, bool up)
 
 void pass(World &world, const Passage &passage)
 {
-  world.clock.after(passageTime, [&world, passage] {
+  world.clock.after(kPassageTime, [&world, passage] {
     if (world.store.text("systemGlobals", 0, "managedSetting") != passage.from)
       return;
     world.store.setText("systemGlobals", 0, "managedSetting", passage.to);
@@ -54,7 +54,7 @@ void followManagedSetting(World &world)
     world.store.setText("systemGlobals", 0, "managerIpAddress", "");
     world.store.setText("systemGlobals", 0, "auxiliaryManagerIpAddress", "");
   }
-  for (const Passage &passage : passages)
+  for (const Passage &passage : kPassages)
     if (setting == passage.from)
       pass(world, passage);
 }

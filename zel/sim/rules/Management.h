@@ -9,14 +9,14 @@
 namespace zelsim
 {
 
-// Sets off on the way into management by an external manager, at "enrolling". The further words follow by
-// themselves, five seconds apart: "managed", then "verified".
+/// Sets off on the way into management by an external manager, at "enrolling". The further words follow by
+/// themselves, five seconds apart: "managed", then "verified".
 void enroll(World &world, const std::string &managerAddress);
 
-// Brings what belongs to the present "managedSetting" in line with it, and goes on from a word that is only
-// passed through. For every change of it and for every start.
+/// Brings what belongs to the present "managedSetting" in line with it, and goes on from a word that is only
+/// passed through. For every change of it and for every start.
 void followManagedSetting(World &world);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_MANAGEMENT_H_

@@ -15,7 +15,7 @@ struct Passage {
 
 // What a request may make of "managedSetting". The way in begins at the manager, which is simulated by
 // control commands; the interface knows the way out.
-constexpr Passage passages[] = {
+constexpr Passage kPassages[] = {
     {"enrolling", "unenrolling"},   {"managed", "unenrolling"}, {"verified", "unenrolling"},
     {"enrolling", "non_managed"},   {"managed", "non_managed"}, {"verified", "non_managed"},
     {"unenrolling", "non_managed"},
@@ -27,7 +27,7 @@ Problem checkChange(World &world, const Call &call)
   const std::string to = call.has("managedSetting") ? call.text("managedSetting") : from;
   if (to == from)
     return kOk;
-  for (const Passage &passage : passages)
+  for (const Passage &passage : kPassages)
     if (from == passage.from && to == passage.to)
       return kOk;
   return {kNotAllowed, "managedSetting"};

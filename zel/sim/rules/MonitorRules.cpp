@@ -17,8 +17,8 @@ Problem checkUnprotected(World &world, const Call &call)
 Device deviceIn(const Call &call)
 {
   if (call.has("rxIndex"))
-    return {&receivers, static_cast<unsigned>(call.number("rxIndex"))};
-  return {&transmitters, static_cast<unsigned>(call.number("txIndex"))};
+    return {&kReceivers, static_cast<unsigned>(call.number("rxIndex"))};
+  return {&kTransmitters, static_cast<unsigned>(call.number("txIndex"))};
 }
 
 Problem checkDevice(const World &world, const Device &device)
@@ -54,7 +54,7 @@ Problem pull(World &world, const Call &call)
 
 Problem push(World &world, const Call &call)
 {
-  const Device device = {&transmitters, static_cast<unsigned>(call.number("txIndex"))};
+  const Device device = {&kTransmitters, static_cast<unsigned>(call.number("txIndex"))};
   if (const Problem problem = checkDevice(world, device))
     return problem;
   const auto edid = static_cast<unsigned>(call.number("edidIndex"));

@@ -24,7 +24,7 @@ struct Family {
   const char *addresses[3];
 };
 
-constexpr Family families[] = {
+constexpr Family kFamilies[] = {
     {"ipv4", "ipv4ConfMethod", Form::IpV4, {"ipAddress", "subnetMask", "gatewayAddress"}},
     {"ipv6", "ipv6ConfMethod", Form::IpV6, {"ipAddress", "gatewayAddress", nullptr}},
 };
@@ -51,7 +51,7 @@ Problem checkNetwork(World &world, const Call &call)
   if (world.store.text("swx", call.index, "cascadeRole") == "backup")
     return kNetChangeOnBackup;
   const Json present = world.store.nested("swx", call.index, "network");
-  for (const Family &family : families)
+  for (const Family &family : kFamilies)
     if (const Problem problem = checkFamily(family, json_object_get(present.get(), family.name),
                                             json_object_get(given, family.name)))
       return problem;

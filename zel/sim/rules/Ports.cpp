@@ -66,8 +66,8 @@ void addDevices(const World &world, unsigned swxIndex, PortList &ports)
     rx.insert(connection.rx);
     tx.insert(connection.tx);
   }
-  addAttached(world, receivers, rx, swxIndex, ports);
-  addAttached(world, transmitters, tx, swxIndex, ports);
+  addAttached(world, kReceivers, rx, swxIndex, ports);
+  addAttached(world, kTransmitters, tx, swxIndex, ports);
 }
 
 // The links between this switch and its slaves lie behind the ports for devices.
@@ -78,10 +78,10 @@ void addLinks(const World &world, unsigned swxIndex, PortList &ports)
   for (const unsigned slave : world.store.indexes("swx")) {
     if (slave == 1)
       continue;
-    const unsigned first = slot++ * linksPerSlave;
+    const unsigned first = slot++ * kLinksPerSlave;
     const auto slavePorts = static_cast<unsigned>(world.store.number("swx", slave, "portCount"));
     const bool up = world.store.text("swx", slave, "status") == "ready";
-    for (unsigned link = 1; up && link <= linksPerSlave; ++link) {
+    for (unsigned link = 1; up && link <= kLinksPerSlave; ++link) {
       const unsigned here = ownPorts + first + link, there = slavePorts + link;
       if (swxIndex == 1)
         ports[here] = {there, "swx", world.store.text("swx", slave, "eid"), "idle"};
@@ -120,7 +120,7 @@ void refreshPortsOf(World &world, const Device &device)
 
 void makePortStatus(World &world)
 {
-  for (unsigned number = 1; number <= portStatusRecords; ++number) {
+  for (unsigned number = 1; number <= kPortStatusRecords; ++number) {
     world.store.create("portStatus", number);
     world.store.setNumber("portStatus", number, "swxIndex", number);
     refreshPorts(world, number);

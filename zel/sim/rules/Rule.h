@@ -17,8 +17,8 @@ namespace zelsim
 
 struct World;
 
-// Error numbers of the store. The first block is about values, the second about requests, the third
-// about what the switch allows.
+/// Error numbers of the store. The first block is about values, the second about requests, the third
+/// about what the switch allows.
 enum Errno : int {
   kOk = 0,
   kGeneralFailure = 1,
@@ -84,8 +84,8 @@ enum Errno : int {
   kDeleteOfflinePeer = 1130
 };
 
-// Why a request is refused. Converts from an Errno; `detail` is shown to the user behind the error's
-// text, so it is the name of a parameter or nothing.
+/// Why a request is refused. Converts from an Errno; `detail` is shown to the user behind the error's
+/// text, so it is the name of a parameter or nothing.
 struct Problem {
   Problem(Errno errorNumber = kOk, std::string errorDetail = {})
       : number(errorNumber), detail(std::move(errorDetail))
@@ -97,7 +97,7 @@ struct Problem {
   std::string detail;
 };
 
-// One request on one record, after validation against the catalogue.
+/// One request on one record, after validation against the catalogue.
 struct Call {
   Method method;
   const Resource &resource;
@@ -107,34 +107,34 @@ struct Call {
   std::uint64_t client; // the connection that asks
 
   bool has(const char *parameter) const { return json_object_get(params, parameter) != nullptr; }
-  // What the client sent; empty, 0 or false where it did not.
+  /// What the client sent; empty, 0 or false where it did not.
   std::string text(const char *parameter) const;
   std::int64_t number(const char *parameter) const;
   bool flag(const char *parameter) const;
 };
 
-// What the switch does about requests, beyond keeping values. Registered once at the start.
-//
-// A SET, CREATE or DELETE goes: validation by the catalogue (types, limits, words, unique values, record
-// there, room for it) - checks, in the order of registration - values stored, record made or removed -
-// actions of the parameters that the request names - actions of the method. The first problem ends it
-// and takes back everything that the request has done. DELETE actions run before the record is removed.
+/// What the switch does about requests, beyond keeping values. Registered once at the start.
+///
+/// A SET, CREATE or DELETE goes: validation by the catalogue (types, limits, words, unique values, record
+/// there, room for it) - checks, in the order of registration - values stored, record made or removed -
+/// actions of the parameters that the request names - actions of the method. The first problem ends it
+/// and takes back everything that the request has done. DELETE actions run before the record is removed.
 class Rules
 {
 public:
   using Check = std::function<Problem(World &, const Call &)>;
   using Action = std::function<Problem(World &, Call &)>;
-  // The present value of a kComputed parameter.
+  /// The present value of a kComputed parameter.
   using Reader = std::function<Value(const World &, unsigned index)>;
 
   void check(std::string_view resource, Method method, Check check);
   void act(std::string_view resource, Method method, Action action);
-  // Runs when a SET or CREATE names the parameter, with its new value already stored (a kCommand
-  // parameter is in `call` only).
+  /// Runs when a SET or CREATE names the parameter, with its new value already stored (a kCommand
+  /// parameter is in `call` only).
   void onParameter(std::string_view resource, std::string_view parameter, Action action);
   void read(std::string_view resource, std::string_view parameter, Reader reader);
 
-  // For the server.
+  /// For the server.
   Problem runChecks(World &world, const Call &call) const;
   Problem runActions(World &world, Call &call) const;
   Problem runParameterActions(World &world, Call &call) const;
@@ -150,9 +150,9 @@ private:
   std::unordered_map<std::string, Reader> readers_;
 };
 
-// RuleBook.cpp: registers every rule of the switch.
+/// RuleBook.cpp: registers every rule of the switch.
 void registerRules(Rules &rules);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_RULE_H_

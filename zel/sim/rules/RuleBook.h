@@ -7,7 +7,7 @@
 namespace zelsim
 {
 
-// The chapters of the rule book; each is one source file. registerRules() calls them all.
+/// The chapters of the rule book; each is one source file. registerRules() calls them all.
 void registerFormRules(Rules &rules);
 void registerAdminRules(Rules &rules);
 void registerUserRules(Rules &rules);
@@ -25,4 +25,4 @@ void registerDiagnostics(Rules &rules);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_RULE_BOOK_H_

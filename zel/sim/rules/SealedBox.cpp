@@ -13,9 +13,9 @@ namespace zelsim
 namespace
 {
 
-const std::string mark = "CZE1";
-constexpr int saltSize = 16, nonceSize = 12, tagSize = 16, keySize = 32;
-constexpr int keyRounds = 120000;
+const std::string kMark = "CZE1";
+constexpr int kSaltSize = 16, nonceSize = 12, tagSize = 16, keySize = 32;
+constexpr int kKeyRounds = 120000;
 
 using Bytes = const unsigned char *;
 using Context = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
@@ -33,7 +33,7 @@ unsigned char *roomOf(std::string &text)
 
 bool keyOf(const std::string &password, Bytes salt, Key &key)
 {
-  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, saltSize, keyRounds,
+  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, kSaltSize, kKeyRounds,
                            EVP_sha256(), keySize, key.data()) == 1;
 }
 
@@ -41,7 +41,7 @@ bool keyOf(const std::string &password, Bytes salt, Key &key)
 
 std::string sealBox(const std::string &plain, const std::string &password)
 {
-  std::string head(saltSize + nonceSize, '\0');
+  std::string head(kSaltSize + nonceSize, '\0');
   Key key;
   if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 || !keyOf(password, bytesOf(head), key))
     return {};
@@ -51,26 +51,26 @@ std::string sealBox(const std::string &plain, const std::string &password)
   int length = 0, rest = 0;
   const bool good =
       context &&
-      EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(head, saltSize)) &&
-      EVP_EncryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+      EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(), bytesOf(head, kSaltSize)) &&
+      EVP_EncryptUpdate(context.get(), nullptr, &length, bytesOf(kMark), static_cast<int>(kMark.size())) &&
       EVP_EncryptUpdate(context.get(), roomOf(sealed), &length, bytesOf(plain),
                         static_cast<int>(plain.size())) &&
       EVP_EncryptFinal_ex(context.get(), roomOf(tag), &rest) &&
       EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, roomOf(tag));
   OPENSSL_cleanse(key.data(), key.size());
-  return good ? mark + head + tag + sealed : std::string();
+  return good ? kMark + head + tag + sealed : std::string();
 }
 
 bool isSealedBox(const std::string &bytes)
 {
-  return bytes.compare(0, mark.size(), mark) == 0;
+  return bytes.compare(0, kMark.size(), kMark) == 0;
 }
 
 bool openBox(const std::string &box, const std::string &password, std::string &plain)
 {
-  const std::size_t headSize = mark.size() + saltSize + nonceSize + tagSize;
+  const std::size_t headSize = kMark.size() + kSaltSize + nonceSize + tagSize;
   Key key;
-  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, mark.size()), key))
+  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, kMark.size()), key))
     return false;
   const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
   std::string tag = box.substr(headSize - tagSize, tagSize);
@@ -80,8 +80,8 @@ bool openBox(const std::string &box, const std::string &password, std::string &p
   const bool good =
       context &&
       EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(),
-                         bytesOf(box, mark.size() + saltSize)) &&
-      EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(mark), static_cast<int>(mark.size())) &&
+                         bytesOf(box, kMark.size() + kSaltSize)) &&
+      EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(kMark), static_cast<int>(kMark.size())) &&
       EVP_DecryptUpdate(context.get(), roomOf(opened), &length, bytesOf(box, headSize),
                         static_cast<int>(opened.size())) &&
       EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, tagSize, roomOf(tag)) &&

@@ -7,16 +7,16 @@
 namespace zelsim
 {
 
-// Encrypts bytes under a password with an authenticated cipher. The result begins with a mark, the salt,
-// the nonce and the tag. Empty on failure of the system's random source.
+/// Encrypts bytes under a password with an authenticated cipher. The result begins with a mark, the salt,
+/// the nonce and the tag. Empty on failure of the system's random source.
 std::string sealBox(const std::string &plain, const std::string &password);
 
-// True if the bytes begin as sealBox's results do.
+/// True if the bytes begin as sealBox's results do.
 bool isSealedBox(const std::string &bytes);
 
-// Decrypts what sealBox made. False, with 'plain' untouched, if the password is wrong or a byte changed.
+/// Decrypts what sealBox made. False, with 'plain' untouched, if the password is wrong or a byte changed.
 bool openBox(const std::string &box, const std::string &password, std::string &plain);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_SEALED_BOX_H_

@@ -20,8 +20,8 @@ Problem checkLogin(World &world, const Call &call)
   const unsigned user = indexIn(call, "userIndex"), rx = indexIn(call, "rxIndex");
   const Problem problem = mayLogIn(world, user, rx);
   if (problem && world.store.exists("rx", rx))
-    raiseAlertLater(world, AlertKind::FailedUserLogin, deviceEid(world, {&receivers, rx}),
-                    userLabel(world, user), deviceLabel(world, {&receivers, rx}));
+    raiseAlertLater(world, AlertKind::FailedUserLogin, deviceEid(world, {&kReceivers, rx}),
+                    userLabel(world, user), deviceLabel(world, {&kReceivers, rx}));
   return problem;
 }
 
@@ -31,8 +31,8 @@ Problem checkConnection(World &world, const Call &call)
   const std::string mode = call.has("mode") ? call.text("mode") : "share_mode";
   const Problem problem = mayConnect(world, rx, tx, mode);
   if (problem && world.store.exists("rx", rx) && world.store.exists("tx", tx))
-    raiseAlertLater(world, AlertKind::KvmSessionConnectionFailure, deviceEid(world, {&receivers, rx}),
-                    deviceLabel(world, {&receivers, rx}), deviceLabel(world, {&transmitters, tx}));
+    raiseAlertLater(world, AlertKind::KvmSessionConnectionFailure, deviceEid(world, {&kReceivers, rx}),
+                    deviceLabel(world, {&kReceivers, rx}), deviceLabel(world, {&kTransmitters, tx}));
   return problem;
 }
 
@@ -43,8 +43,8 @@ Problem tellEndOfConnection(World &world, Call &call)
   endConnection(world, call.index, Ending::Disconnected);
   // The record goes behind this action; the ports are looked at when it is gone.
   world.clock.after(0, [&world, rx, tx] {
-    refreshPortsOf(world, {&receivers, rx});
-    refreshPortsOf(world, {&transmitters, tx});
+    refreshPortsOf(world, {&kReceivers, rx});
+    refreshPortsOf(world, {&kTransmitters, tx});
   });
   return kOk;
 }

@@ -12,8 +12,8 @@ namespace zelsim
 namespace
 {
 
-constexpr char sharedMode[] = "share_mode";
-constexpr char privateMode[] = "private_mode";
+constexpr char kSharedMode[] = "share_mode";
+constexpr char kPrivateMode[] = "private_mode";
 
 bool allows(const std::string &allowed, const std::string &mode)
 {
@@ -42,13 +42,13 @@ Problem mayJoin(const World &world, unsigned txIndex, const std::string &mode)
   for (const Connection &connection : connectionsOf(world)) {
     if (connection.tx != txIndex)
       continue;
-    if (mode == privateMode)
+    if (mode == kPrivateMode)
       return kPrivateToConnectedTx;
     if (connection.isPrivate)
       return kShareToPrivateTx;
     ++sharers;
   }
-  return sharers >= shareLimit ? kShareLimit : kOk;
+  return sharers >= kMostSharers ? kShareLimit : kOk;
 }
 
 Problem readiness(const World &world, const Device &device)
@@ -65,7 +65,7 @@ Problem readiness(const World &world, const Device &device)
 
 std::string originator(const World &world, unsigned rxIndex)
 {
-  return deviceEid(world, {&receivers, rxIndex});
+  return deviceEid(world, {&kReceivers, rxIndex});
 }
 
 } // namespace
@@ -86,7 +86,7 @@ Problem mayLogIn(const World &world, unsigned userIndex, unsigned rxIndex)
     return kAccountNotEnabled;
   if (world.store.findNumber("userSession", "rxIndex", rxIndex))
     return kRxSessionActive;
-  return readiness(world, {&receivers, rxIndex});
+  return readiness(world, {&kReceivers, rxIndex});
 }
 
 Problem mayConnect(const World &world, unsigned rxIndex, unsigned txIndex, const std::string &mode)
@@ -95,7 +95,7 @@ Problem mayConnect(const World &world, unsigned rxIndex, unsigned txIndex, const
     return {kNotFound, "rxIndex"};
   if (!world.store.exists("tx", txIndex))
     return {kNotFound, "txIndex"};
-  const Device rx = {&receivers, rxIndex}, tx = {&transmitters, txIndex};
+  const Device rx = {&kReceivers, rxIndex}, tx = {&kTransmitters, txIndex};
   for (const Device &device : {rx, tx})
     if (const Problem problem = readiness(world, device))
       return problem;
@@ -122,7 +122,7 @@ void beginUserSession(World &world, unsigned sessionIndex, bool automatic)
   const auto user = static_cast<unsigned>(world.store.number("userSession", sessionIndex, "userIndex"));
   world.store.setNumber("userSession", sessionIndex, "sessionStartTime", world.clock.now());
   raiseAlert(world, automatic ? AlertKind::UserAutoLogin : AlertKind::UserLogin, originator(world, rx),
-             userLabel(world, user), deviceLabel(world, {&receivers, rx}));
+             userLabel(world, user), deviceLabel(world, {&kReceivers, rx}));
 }
 
 void beginConnection(World &world, unsigned connectionIndex)
@@ -130,11 +130,11 @@ void beginConnection(World &world, unsigned connectionIndex)
   const auto number = [&](const char *key) {
     return static_cast<unsigned>(world.store.number("connection", connectionIndex, key));
   };
-  const Device rx = {&receivers, number("rxIndex")}, tx = {&transmitters, number("txIndex")};
+  const Device rx = {&kReceivers, number("rxIndex")}, tx = {&kTransmitters, number("txIndex")};
   world.store.setText("connection", connectionIndex, "rxEid", deviceEid(world, rx));
   world.store.setText("connection", connectionIndex, "txEid", deviceEid(world, tx));
   world.store.setNumber("connection", connectionIndex, "sessionStartTime", world.clock.now());
-  const bool shared = world.store.text("connection", connectionIndex, "mode") == sharedMode;
+  const bool shared = world.store.text("connection", connectionIndex, "mode") == kSharedMode;
   raiseAlert(world, shared ? AlertKind::SharedKvmSessionEstablished : AlertKind::PrivateKvmSessionEstablished,
              deviceEid(world, rx), deviceLabel(world, rx), deviceLabel(world, tx));
   refreshPortsOf(world, rx);
@@ -170,7 +170,7 @@ void endConnection(World &world, unsigned connectionIndex, Ending ending)
   const auto number = [&](const char *key) {
     return static_cast<unsigned>(world.store.number("connection", connectionIndex, key));
   };
-  const Device rx = {&receivers, number("rxIndex")}, tx = {&transmitters, number("txIndex")};
+  const Device rx = {&kReceivers, number("rxIndex")}, tx = {&kTransmitters, number("txIndex")};
   raiseAlert(world,
              ending == Ending::LinkDown ? AlertKind::KvmSessionDisconnectedLinkDown
                                         : AlertKind::KvmSessionDisconnected,
@@ -183,8 +183,8 @@ void disconnect(World &world, unsigned connectionIndex, Ending ending)
   const auto tx = static_cast<unsigned>(world.store.number("connection", connectionIndex, "txIndex"));
   endConnection(world, connectionIndex, ending);
   world.store.remove("connection", connectionIndex);
-  refreshPortsOf(world, {&receivers, rx});
-  refreshPortsOf(world, {&transmitters, tx});
+  refreshPortsOf(world, {&kReceivers, rx});
+  refreshPortsOf(world, {&kTransmitters, tx});
 }
 
 void endUserSession(World &world, unsigned sessionIndex, Ending ending)
@@ -194,7 +194,7 @@ void endUserSession(World &world, unsigned sessionIndex, Ending ending)
   if (const unsigned connection = world.store.findNumber("connection", "rxIndex", rx))
     disconnect(world, connection, ending);
   raiseAlert(world, AlertKind::UserLogout, originator(world, rx), userLabel(world, user),
-             deviceLabel(world, {&receivers, rx}));
+             deviceLabel(world, {&kReceivers, rx}));
 }
 
 void endSessionsOf(World &world, const Device &device, Ending ending)

@@ -15,14 +15,14 @@ namespace zelsim
 namespace
 {
 
-constexpr std::size_t tarBlock = 512;
-constexpr std::size_t unpackLimit = 64u << 20;
-const char memberName[] = "settings.json";
+constexpr std::size_t kTarBlock = 512;
+constexpr std::size_t kUnpackLimit = 64u << 20;
+const char kMemberName[] = "settings.json";
 
 std::string tarOf(const std::string &text)
 {
-  char header[tarBlock] = {};
-  std::snprintf(header, 100, "%s", memberName);
+  char header[kTarBlock] = {};
+  std::snprintf(header, 100, "%s", kMemberName);
   std::snprintf(header + 100, 8, "%07o", 0600u);
   std::snprintf(header + 108, 8, "%07o", 0u);
   std::snprintf(header + 116, 8, "%07o", 0u);
@@ -38,23 +38,23 @@ std::string tarOf(const std::string &text)
   for (const char c : header)
     sum += static_cast<unsigned char>(c);
   std::snprintf(header + 148, 8, "%06o", sum);
-  std::string tar(header, tarBlock);
+  std::string tar(header, kTarBlock);
   tar += text;
-  tar.resize((tar.size() + tarBlock - 1) / tarBlock * tarBlock);
-  tar.append(2 * tarBlock, '\0');
+  tar.resize((tar.size() + kTarBlock - 1) / kTarBlock * kTarBlock);
+  tar.append(2 * kTarBlock, '\0');
   return tar;
 }
 
 bool memberOf(const std::string &tar, std::string &text)
 {
-  if (tar.size() < tarBlock || std::strncmp(tar.c_str(), memberName, 100) != 0)
+  if (tar.size() < kTarBlock || std::strncmp(tar.c_str(), kMemberName, 100) != 0)
     return false;
   std::size_t size = 0;
   const char *digits = tar.data() + 124;
   const auto parsed = std::from_chars(digits, digits + 11, size, 8);
-  if (parsed.ec != std::errc() || size > tar.size() - tarBlock)
+  if (parsed.ec != std::errc() || size > tar.size() - kTarBlock)
     return false;
-  text = tar.substr(tarBlock, size);
+  text = tar.substr(kTarBlock, size);
   return true;
 }
 
@@ -83,7 +83,7 @@ bool gunzipped(const std::string &packed, std::string &raw)
   stream.avail_in = static_cast<uInt>(packed.size());
   char buffer[1 << 16];
   int result = Z_OK;
-  while (result == Z_OK && raw.size() <= unpackLimit) {
+  while (result == Z_OK && raw.size() <= kUnpackLimit) {
     stream.next_out = reinterpret_cast<Bytef *>(buffer);
     stream.avail_out = sizeof buffer;
     result = inflate(&stream, Z_NO_FLUSH);

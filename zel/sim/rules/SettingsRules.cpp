@@ -15,7 +15,7 @@ namespace zelsim
 namespace
 {
 
-constexpr std::uintmax_t largestArchive = 32u << 20;
+constexpr std::uintmax_t kLargestArchive = 32u << 20;
 
 // Whoever reads the folder sees the former archive or the new one, never a half one.
 bool writeWhole(const std::filesystem::path &path, const std::string &bytes)
@@ -50,7 +50,7 @@ Problem unzip(World &world, const std::string &file, const std::string &password
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error))
     return {kNotFound, "settingsFilename"};
-  if (std::filesystem::file_size(file, error) > largestArchive || error)
+  if (std::filesystem::file_size(file, error) > kLargestArchive || error)
     return {kTooLarge, "settingsFilename"};
   std::ifstream stream(file, std::ios::binary);
   const std::string archive((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());

@@ -15,8 +15,8 @@ namespace zelsim
 namespace
 {
 
-constexpr char formatName[] = "switch settings";
-constexpr int formatVersion = 1;
+constexpr char kFormatName[] = "switch settings";
+constexpr int kFormatVersion = 1;
 
 // How a resource's records are written and found again.
 enum class Manner { Single, Whole, ByEid };
@@ -26,7 +26,7 @@ struct Section {
   Manner manner;
 };
 
-constexpr Section sections[] = {
+constexpr Section kSections[] = {
     {"systemGlobals", Manner::Single},
     {"cfgDefaults", Manner::Single},
     {"eventLogControl", Manner::Single},
@@ -42,7 +42,7 @@ constexpr Section sections[] = {
 
 const Section *sectionOf(const char *resource)
 {
-  for (const Section &section : sections)
+  for (const Section &section : kSections)
     if (std::strcmp(section.resource, resource) == 0)
       return &section;
   return nullptr;
@@ -221,9 +221,9 @@ std::string settingsText(const World &world)
 {
   std::string text = "{";
   appendJsonName(text, "format");
-  appendJsonText(text, formatName);
-  text += ",\"version\":" + std::to_string(formatVersion) + ",\"resources\":{";
-  for (const Section &section : sections) {
+  appendJsonText(text, kFormatName);
+  text += ",\"version\":" + std::to_string(kFormatVersion) + ",\"resources\":{";
+  for (const Section &section : kSections) {
     const Resource &resource = *findResource(section.resource);
     appendJsonName(text, section.resource);
     text += '{';
@@ -240,8 +240,8 @@ bool isSettingsText(const std::string &text)
 {
   const Json settings = parsed(text);
   json_t *resources = json_object_get(settings.get(), "resources");
-  if (wordIn(settings.get(), "format") != formatName ||
-      json_integer_value(json_object_get(settings.get(), "version")) != formatVersion ||
+  if (wordIn(settings.get(), "format") != kFormatName ||
+      json_integer_value(json_object_get(settings.get(), "version")) != kFormatVersion ||
       !json_is_object(resources))
     return false;
   const char *name = nullptr;
@@ -260,7 +260,7 @@ void installSettings(World &world, const std::string &text)
   const json_t *resources = json_object_get(settings.get(), "resources");
   for (const char *sessions : {"connection", "userSession", "adminSession"})
     removeAll(world, sessions);
-  for (const Section &section : sections)
+  for (const Section &section : kSections)
     if (json_t *records = json_object_get(resources, section.resource))
       installSection(world, section, records);
   for (const unsigned user : world.store.indexes("user"))

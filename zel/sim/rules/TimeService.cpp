@@ -9,7 +9,7 @@ namespace zelsim
 namespace
 {
 
-constexpr Clock::Milliseconds answerTime = 3000;
+constexpr Clock::Milliseconds kAnswerTime = 3000;
 
 std::string outcomeOf(const std::string &server)
 {
@@ -46,7 +46,7 @@ void synchronizeTime(World &world, unsigned swxIndex)
   if (!hasServer(world, swxIndex))
     return set("bad_configuration");
   set("pending");
-  world.clock.after(answerTime, [&world, swxIndex] {
+  world.clock.after(kAnswerTime, [&world, swxIndex] {
     if (world.store.text("swx", swxIndex, "ntpStatus") == "pending")
       world.store.setText("swx", swxIndex, "ntpStatus", outcome(world, swxIndex));
   });

@@ -7,11 +7,11 @@
 namespace zelsim
 {
 
-// Sets "ntpStatus" of a switch to what its settings lead to: at once if it is plain, else to "pending" and
-// to the outcome three seconds later. A server name that ends in ".invalid" never answers, and an address
-// of 192.0.2.0/24 can't be reached.
+/// Sets "ntpStatus" of a switch to what its settings lead to: at once if it is plain, else to "pending" and
+/// to the outcome three seconds later. A server name that ends in ".invalid" never answers, and an address
+/// of 192.0.2.0/24 can't be reached.
 void synchronizeTime(World &world, unsigned swxIndex);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_TIME_SERVICE_H_

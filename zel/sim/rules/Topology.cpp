@@ -41,7 +41,7 @@ Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex)
   if (ends[0] == ends[1])
     return kOk;
   for (const unsigned swx : ends)
-    if (swx != 1 && linksInUse(world, swx) >= linksPerSlave)
+    if (swx != 1 && linksInUse(world, swx) >= kLinksPerSlave)
       return kNoPath;
   return kOk;
 }

@@ -7,10 +7,10 @@
 namespace zelsim
 {
 
-// Whether one more session between the two devices finds its way through the switches: both hang on
-// usable places of switches that are ready, and each slave switch on the way has a link to spare.
+/// Whether one more session between the two devices finds its way through the switches: both hang on
+/// usable places of switches that are ready, and each slave switch on the way has a link to spare.
 Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_RULES_TOPOLOGY_H_

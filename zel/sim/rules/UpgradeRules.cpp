@@ -30,7 +30,7 @@ Problem checkSource(World &, const Call &call)
 
 Problem checkRemoval(World &world, const Call &call)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource))
       if (world.store.number(kind->resource, index, "upgradeIndex") == call.index &&
           world.store.text(kind->resource, index, "upgradeStatus") == "upgrading")
@@ -42,7 +42,7 @@ Problem checkRemoval(World &world, const Call &call)
 
 void registerUpgradeRules(Rules &rules)
 {
-  for (const DeviceKind *kind : deviceKinds)
+  for (const DeviceKind *kind : kDeviceKinds)
     registerKind(rules, kind);
   rules.check("upgrade", Method::Create, checkSource);
   rules.check("upgrade", Method::Delete, checkRemoval);

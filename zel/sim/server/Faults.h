@@ -5,8 +5,8 @@
 namespace zelsim
 {
 
-// How the store misbehaves towards its clients, set by control commands. The control channel itself is
-// always well.
+/// How the store misbehaves towards its clients, set by control commands. The control channel itself is
+/// always well.
 struct Faults {
   int slowMs = 0;      // each answer waits so long
   bool silent = false; // requests are read and never answered
@@ -18,4 +18,4 @@ struct Faults {
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_FAULTS_H_

@@ -10,10 +10,10 @@
 namespace zelsim
 {
 
-// A word in shared memory that tells other processes whether this thread lives: it holds the thread's
-// number, and however the thread ends, also when it is killed, the kernel sets FUTEX_OWNER_DIED in it.
-// The kernel takes the word for a robust lock that the thread holds; it does so before it closes the
-// files of a process that ends. The object belongs to one thread, which holds no other such lock.
+/// A word in shared memory that tells other processes whether this thread lives: it holds the thread's
+/// number, and however the thread ends, also when it is killed, the kernel sets FUTEX_OWNER_DIED in it.
+/// The kernel takes the word for a robust lock that the thread holds; it does so before it closes the
+/// files of a process that ends. The object belongs to one thread, which holds no other such lock.
 class Lifeline
 {
 public:
@@ -22,9 +22,9 @@ public:
   Lifeline(const Lifeline &) = delete;
   Lifeline &operator=(const Lifeline &) = delete;
 
-  // Leaves the word 0 where the kernel can't do it.
+  /// Leaves the word 0 where the kernel can't do it.
   void hold(std::atomic<std::uint32_t> &word);
-  // Marks the word as the thread's end would; to be called before its memory goes.
+  /// Marks the word as the thread's end would; to be called before its memory goes.
   void letGo();
 
 private:
@@ -37,4 +37,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_LIFELINE_H_

@@ -7,13 +7,13 @@
 namespace zelsim
 {
 
-// A listening Unix stream socket at `path`, for the owner and the group only; -1 and `problem` on a
-// failure. A socket file that nobody listens on is replaced; one that is in use is a failure.
+/// A listening Unix stream socket at `path`, for the owner and the group only; -1 and `problem` on a
+/// failure. A socket file that nobody listens on is replaced; one that is in use is a failure.
 int listenAt(const std::string &path, std::string &problem);
 
-// A connection to the socket at `path`, or -1.
+/// A connection to the socket at `path`, or -1.
 int connectTo(const std::string &path);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_LISTENER_H_

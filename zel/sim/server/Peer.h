@@ -12,12 +12,12 @@
 namespace zelsim
 {
 
-// One connection of the server: bytes in, frames out. It never blocks.
-//
-// Answers gather in two steps: begin() and end() take them while a turn of the loop works, release() lets
-// them go when the turn's writes are durable. A peer whose answers are not yet sent is not read from
-// (wantsToRead()), so a slow reader holds up nobody but itself, and what it can make the server keep is
-// bounded.
+/// One connection of the server: bytes in, frames out. It never blocks.
+///
+/// Answers gather in two steps: begin() and end() take them while a turn of the loop works, release() lets
+/// them go when the turn's writes are durable. A peer whose answers are not yet sent is not read from
+/// (wantsToRead()), so a slow reader holds up nobody but itself, and what it can make the server keep is
+/// bounded.
 class Peer
 {
 public:
@@ -32,39 +32,39 @@ public:
   std::uint64_t id() const { return id_; }
   bool isControl() const { return isControl_; }
 
-  // Has the first bytes that are sent carry that file along; -1 for none. The file stays the caller's.
+  /// Has the first bytes that are sent carry that file along; -1 for none. The file stays the caller's.
   void attach(int file) { attached_ = file; }
 
-  // Takes what has arrived. False when the peer has hung up or the connection failed.
+  /// Takes what has arrived. False when the peer has hung up or the connection failed.
   bool read();
 
-  // The next whole frame's text, valid until the next read() or consume(); false if there is none yet.
-  // `tooLong` is set when its length is out of bounds: the stream can't be followed any further.
+  /// The next whole frame's text, valid until the next read() or consume(); false if there is none yet.
+  /// `tooLong` is set when its length is out of bounds: the stream can't be followed any further.
   bool nextFrame(std::string_view &text, bool &tooLong) const;
   void consume(std::string_view frame);
   bool hasWholeFrame() const;
 
-  // An answer of this turn: its JSON is appended to the text that begin() returns. `depends` tells that
-  // it speaks of writes that are not durable yet.
+  /// An answer of this turn: its JSON is appended to the text that begin() returns. `depends` tells that
+  /// it speaks of writes that are not durable yet.
   std::string &begin();
   void end(bool depends);
-  // Puts `json` in the place of all answers of this turn that depend on its writes.
+  /// Puts `json` in the place of all answers of this turn that depend on its writes.
   void replaceDependent(std::string_view json);
   bool hasHeld() const { return !marks_.empty(); }
-  // Lets the turn's answers go from `when` on.
+  /// Lets the turn's answers go from `when` on.
   void release(Time when);
-  // Cuts the last answer of this turn in the middle; the connection ends behind it.
+  /// Cuts the last answer of this turn in the middle; the connection ends behind it.
   void cutInTheMiddle();
 
   bool hasOutput() const { return sent_ < output_.size(); }
-  // When what is to be sent may go.
+  /// When what is to be sent may go.
   Time due() const { return due_; }
-  // Sends what the peer takes. False when the connection failed or has come to its end.
+  /// Sends what the peer takes. False when the connection failed or has come to its end.
   bool flush(Time now);
-  // Since when the peer has taken nothing of what waits for it.
+  /// Since when the peer has taken nothing of what waits for it.
   Time stalledSince() const { return stalledSince_; }
 
-  // No more frames are taken; the connection ends when all is sent.
+  /// No more frames are taken; the connection ends when all is sent.
   void finish() { finishing_ = true; }
   bool isFinishing() const { return finishing_; }
 
@@ -94,4 +94,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_PEER_H_

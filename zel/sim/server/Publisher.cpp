@@ -14,7 +14,7 @@ using zelwire::EpochPage;
 Publisher::Publisher(std::uint64_t run)
 {
   file_ = ::memfd_create("nevo-store-epochs", MFD_CLOEXEC | MFD_ALLOW_SEALING);
-  if (file_ >= 0 && catalogueSize <= EpochPage::kSlots && map(run))
+  if (file_ >= 0 && kCatalogueSize <= EpochPage::kSlots && map(run))
     return;
   if (file_ >= 0)
     ::close(file_);
@@ -59,15 +59,15 @@ void Publisher::hangUp()
 
 std::size_t Publisher::slotOf(const Resource &resource)
 {
-  return static_cast<std::size_t>(&resource - catalogue);
+  return static_cast<std::size_t>(&resource - kCatalogue);
 }
 
 void Publisher::publish(const Store &store, const Faults &faults)
 {
   if (!page_)
     return;
-  for (std::size_t slot = 0; slot < catalogueSize; ++slot)
-    if (const std::uint64_t revision = store.revision(catalogue[slot]);
+  for (std::size_t slot = 0; slot < kCatalogueSize; ++slot)
+    if (const std::uint64_t revision = store.revision(kCatalogue[slot]);
         revision != page_->epochs[slot].load(std::memory_order_relaxed))
       page_->epochs[slot].store(revision, std::memory_order_release);
   const bool well = faults.slowMs == 0 && !faults.silent && faults.cut == 0 && !faults.drop && !faults.quit;

@@ -12,22 +12,22 @@
 namespace zelsim
 {
 
-// Answers GET requests straight from the records into text.
-//
-// One record that is asked for by its index (or that a resource has only one of) answers with the
-// selected parameters at top level; everything else with a list of rows. Nothing found is "No entries".
-// An answer names the epoch of its resource, by which a client sees from the page of epochs how long it
-// stays right. A longer one gets a tag as well, made of the run of this store and the revision of the
-// resource; whoever asks the same again with that tag is told "unchanged" while the revision stands.
+/// Answers GET requests straight from the records into text.
+///
+/// One record that is asked for by its index (or that a resource has only one of) answers with the
+/// selected parameters at top level; everything else with a list of rows. Nothing found is "No entries".
+/// An answer names the epoch of its resource, by which a client sees from the page of epochs how long it
+/// stays right. A longer one gets a tag as well, made of the run of this store and the revision of the
+/// resource; whoever asks the same again with that tag is told "unchanged" while the revision stands.
 class Reader
 {
 public:
   explicit Reader(const World &world);
 
-  // Appends an answer's JSON to `out`, or returns the problem and leaves `out` as it was.
+  /// Appends an answer's JSON to `out`, or returns the problem and leaves `out` as it was.
   Problem answer(const Request &request, std::string &out) const;
 
-  // A number that no other run of a store has; never 0.
+  /// A number that no other run of a store has; never 0.
   std::uint64_t run() const { return run_; }
 
 private:
@@ -53,4 +53,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_READER_H_

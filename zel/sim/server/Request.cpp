@@ -15,14 +15,14 @@ struct MethodName {
   MethodBit bit;
 };
 
-constexpr MethodName methodNames[] = {{"GET", Method::Get, kGet},
-                                      {"SET", Method::Set, kSet},
-                                      {"CREATE", Method::Create, kCreate},
-                                      {"DELETE", Method::Delete, kDelete}};
+constexpr MethodName kMethodNames[] = {{"GET", Method::Get, kGet},
+                                       {"SET", Method::Set, kSet},
+                                       {"CREATE", Method::Create, kCreate},
+                                       {"DELETE", Method::Delete, kDelete}};
 
 const MethodName *findMethod(std::string_view name)
 {
-  for (const MethodName &known : methodNames)
+  for (const MethodName &known : kMethodNames)
     if (known.name == name)
       return &known;
   return nullptr;

@@ -13,20 +13,20 @@
 namespace zelsim
 {
 
-// A request frame, taken apart and checked as far as the catalogue goes: method and resource are known
-// and fit each other, the sections have their types.
+/// A request frame, taken apart and checked as far as the catalogue goes: method and resource are known
+/// and fit each other, the sections have their types.
 struct Request {
   Json frame;
   Method method = Method::Get;
   const Resource *resource = nullptr;
-  // Of a resource text such as "swx/network/ipv4": the nested parameter's path, outermost first.
+  /// Of a resource text such as "swx/network/ipv4": the nested parameter's path, outermost first.
   std::vector<const Parameter *> path;
   const json_t *query = nullptr;  // object or null
   const json_t *select = nullptr; // array of texts or null
   const json_t *params = nullptr; // object or null
   std::string_view have;          // tag of the answer that the client holds
 
-  // Fills the request from the text of a frame; the problem says what is wrong with it.
+  /// Fills the request from the text of a frame; the problem says what is wrong with it.
   Problem parse(std::string_view text);
 
 private:
@@ -36,4 +36,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_REQUEST_H_

@@ -21,9 +21,9 @@
 namespace zelsim
 {
 
-// The loop: requests of up to `maxClients` connections, control commands, and the world's clock, on one
-// thread. In a turn every peer that is ready gets a bounded piece of work; then everything that was
-// written is committed at once and shown on the page of epochs; then the answers go out.
+/// The loop: requests of up to `maxClients` connections, control commands, and the world's clock, on one
+/// thread. In a turn every peer that is ready gets a bounded piece of work; then everything that was
+/// written is committed at once and shown on the page of epochs; then the answers go out.
 class Server
 {
 public:
@@ -38,10 +38,10 @@ public:
   Server(const Server &) = delete;
   Server &operator=(const Server &) = delete;
 
-  // Binds the sockets. False and `problem` when that fails, or when a store listens there already.
+  /// Binds the sockets. False and `problem` when that fails, or when a store listens there already.
   bool listen(std::string &problem);
 
-  // Serves until a quit command, SIGTERM or SIGINT. Returns false if the loop itself fails.
+  /// Serves until a quit command, SIGTERM or SIGINT. Returns false if the loop itself fails.
   bool run();
 
 private:
@@ -92,4 +92,4 @@ private:
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_SERVER_H_

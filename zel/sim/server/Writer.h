@@ -12,14 +12,14 @@
 namespace zelsim
 {
 
-// Carries out SET, CREATE and DELETE requests: validation, rules, records. A request that is refused has
-// changed nothing. What it did change is durable only after Store::commit().
+/// Carries out SET, CREATE and DELETE requests: validation, rules, records. A request that is refused has
+/// changed nothing. What it did change is durable only after Store::commit().
 class Writer
 {
 public:
   explicit Writer(World &world) : world_(world) {}
 
-  // Appends the answer's JSON to `out` and returns no problem, or leaves `out` as it was.
+  /// Appends the answer's JSON to `out` and returns no problem, or leaves `out` as it was.
   std::vector<Problem> carryOut(const Request &request, std::uint64_t client, std::string &out);
 
 private:
@@ -34,9 +34,9 @@ private:
   World &world_;
 };
 
-// Appends {"errors": [...]}.
+/// Appends {"errors": [...]}.
 void appendErrors(std::string &out, const std::vector<Problem> &problems);
 
 } // namespace zelsim
 
-#endif
+#endif // ZEL_SIM_SERVER_WRITER_H_

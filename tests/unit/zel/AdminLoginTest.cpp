@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "StoreTest.h"
+#include "ZelReq.h"
+#include "ZelReqUtil.h"
+#include "ZelRspUtil.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace
+{
+
+class AdminLogin : public StoreTest
+{
+};
+
+TEST_F(AdminLogin, theInitialPasswordIsAcceptedAndTheUserIndexComesBack)
+{
+  json_t *request = ZelReq_adminSessionNewCreateReq();
+  ZelReq_adminSessionSetIpAddress(request, "192.0.2.1");
+  ZelReqUtil_setStringParam(request, "username", "admin");
+  ZelReqUtil_setStringParam(request, "password", "admin");
+  ZelReqUtil_setStringParam(request, "sessionType", "nevo");
+  json_t *response = send(request);
+  ASSERT_NE(nullptr, response);
+  EXPECT_EQ(nullptr, ZelRspUtil_getObjectParam(response, "errors"));
+  EXPECT_EQ(1, ZelRspUtil_getIntegerParam(response, "userIndex"));
+  ZelRspUtil_free(response);
+  EXPECT_EQ("is_false", text("user", 1, "passwordIsInitialized"));
+}
+
+TEST_F(AdminLogin, anAccountWhosePasswordWasSetIsInitialized)
+{
+  EXPECT_EQ(0, logInAdministrator("operator", "operator-1"));
+  EXPECT_EQ("is_true", text("user", 2, "passwordIsInitialized"));
+}
+
+TEST_F(AdminLogin, anUnknownUserAndAWrongPasswordAreTheSame)
+{
+  EXPECT_EQ(1103, logInAdministrator("nobody", "admin"));
+  EXPECT_EQ(1103, logInAdministrator("admin", "Admin"));
+  EXPECT_EQ(0u, rows("adminSession"));
+}
+
+TEST_F(AdminLogin, missingCredentialsAreNamedAsSuch)
+{
+  EXPECT_EQ(1102, create("adminSession", {{"username", "admin"}}));
+  EXPECT_EQ(1102, create("adminSession", {{"password", "admin"}}));
+}
+
+TEST_F(AdminLogin, aDisabledAccountIsRefused)
+{
+  ASSERT_EQ(0, set("user", 2, {{"accountEnable", "disabled"}}));
+  EXPECT_EQ(1104, logInAdministrator("operator", "operator-1"));
+}
+
+TEST_F(AdminLogin, aUserWithoutTheRoleIsRefused)
+{
+  EXPECT_EQ(1105, logInAdministrator("hlindqvist", "shift-lead-2"));
+}
+
+TEST_F(AdminLogin, aBlankPasswordNeedsThePermissionForIt)
+{
+  EXPECT_EQ(13, set("user", 2, {{"password", ""}}));
+  ASSERT_EQ(0, set("user", 2, {{"allowBlankPassword", "enabled"}}));
+  ASSERT_EQ(0, set("user", 2, {{"password", ""}}));
+  EXPECT_EQ(0, logInAdministrator("operator", ""));
+  ASSERT_EQ(0, set("user", 2, {{"allowBlankPassword", "disabled"}}));
+  EXPECT_EQ(1103, logInAdministrator("operator", ""));
+}
+
+TEST_F(AdminLogin, thePasswordThatASetByNameGivesIsTheNewOne)
+{
+  EXPECT_EQ(0, set("user", 0,
+                   {{"name", "admin"},
+                    {"role", "admin"},
+                    {"password", "Fresh-9"},
+                    {"passwordIsInitialized", "is_true"}}));
+  EXPECT_EQ("is_true", text("user", 1, "passwordIsInitialized"));
+  EXPECT_EQ(1103, logInAdministrator("admin", "admin"));
+  EXPECT_EQ(0, logInAdministrator("admin", "Fresh-9"));
+}
+
+TEST_F(AdminLogin, noAnswerHoldsAPassword)
+{
+  json_t *response = ZelReq_userRetrieve(client, nullptr);
+  ASSERT_NE(nullptr, response);
+  char *json = json_dumps(response, 0);
+  EXPECT_EQ(nullptr, std::strstr(json, "pbkdf2"));
+  std::free(json);
+  ZelRspUtil_free(response);
+}
+
+TEST_F(AdminLogin, loginsLogoutsAndFailuresRaiseAlerts)
+{
+  unsigned session = 0;
+  ASSERT_EQ(0, logInAdministrator("operator", "operator-1", &session));
+  EXPECT_TRUE(hasAlert("unacknowledgedAlerts", "Administrator operator logged in from 192.0.2.7."));
+  EXPECT_EQ(0, remove("adminSession", session));
+  EXPECT_TRUE(hasAlert("unacknowledgedAlerts", "Administrator operator logged out."));
+  EXPECT_EQ(1103, logInAdministrator("mallory", "x"));
+  pass(1);
+  EXPECT_TRUE(hasAlert("unacknowledgedAlerts", "Failed administrator login of mallory from 192.0.2.7."));
+}
+
+TEST_F(AdminLogin, thereIsALimitOfSessions)
+{
+  int result = 0;
+  unsigned logins = 0;
+  while (result == 0 && logins < 600) {
+    result = logInAdministrator("operator", "operator-1");
+    logins += result == 0;
+  }
+  EXPECT_EQ(512u, logins);
+  EXPECT_EQ(8, result);
+}
+
+TEST_F(AdminLogin, sessionsOfAClosedConnectionEndAWhileLater)
+{
+  ASSERT_EQ(0, logInAdministrator("operator", "operator-1"));
+  reconnect();
+  pass(60);
+  EXPECT_EQ(1u, rows("adminSession"));
+  pass(600);
+  EXPECT_EQ(0u, rows("adminSession"));
+}
+
+} // namespace

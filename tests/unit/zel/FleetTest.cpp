@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "StoreTest.h"
+#include "ZelReq.h"
+#include "ZelRspUtil.h"
+#include "rules/Form.h"
+
+#include <fstream>
+#include <set>
+
+namespace
+{
+
+class Lab : public StoreTest
+{
+};
+
+TEST_F(Lab, hasSwitchesReceiversTransmittersAndPeople)
+{
+  EXPECT_EQ(3u, rows("swx"));
+  EXPECT_EQ(16u, rows("rx"));
+  EXPECT_EQ(16u, rows("tx"));
+  EXPECT_EQ(10u, rows("user"));
+  EXPECT_GT(rows("userSession"), 3u);
+  EXPECT_GT(rows("connection"), 3u);
+  EXPECT_GT(rows("historicalAlerts"), rows("unacknowledgedAlerts"));
+}
+
+TEST_F(Lab, isLedByThisSwitch)
+{
+  EXPECT_EQ("master", text("swx", 1, "mode"));
+  EXPECT_EQ("controller", text("swx", 1, "cascadeRole"));
+  EXPECT_EQ("ready", text("swx", 1, "status"));
+  EXPECT_EQ("non_managed", text("systemGlobals", 0, "managedSetting"));
+  EXPECT_EQ(text("swx", 1, "eid"), text("systemGlobals", 0, "masterSwitchEid"));
+}
+
+TEST_F(Lab, hasIconsOfEveryBrand)
+{
+  for (const std::string brand : {"unknown", "halden", "greyfen"})
+    for (const char *name : {"icon00.png", "icon16.png", "icon17.png", "icon24.png"}) {
+      std::ifstream file(store.iconDirectory() + "/" + brand + "/" + name, std::ios::binary);
+      char head[24] = {};
+      file.read(head, sizeof head);
+      const char expected[] = "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\x18\0\0\0\x18";
+      EXPECT_EQ(std::string(expected, 24), std::string(head, 24)) << brand << name;
+    }
+}
+
+TEST_F(Lab, keepsAnIconThatWasReplaced)
+{
+  const std::string path = store.iconDirectory() + "/unknown/icon17.png";
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << "mine";
+  store.kill();
+  store.restart();
+  std::string content;
+  std::getline(std::ifstream(path), content);
+  EXPECT_EQ("mine", content);
+}
+
+class LargeFleet : public StoreTest
+{
+protected:
+  LargeFleet() : StoreTest(options()) {}
+  static TestStore::Options options()
+  {
+    TestStore::Options large;
+    large.fleet = 2500;
+    return large;
+  }
+
+  std::set<std::string> eids(json_t *response)
+  {
+    std::set<std::string> all;
+    for (unsigned i = 0; response && i < static_cast<unsigned>(ZelRspUtil_numEntries(response)); ++i)
+      all.insert(ZelRspUtil_getIndexedStringParam(response, i, "eid"));
+    if (response)
+      ZelRspUtil_free(response);
+    return all;
+  }
+};
+
+TEST_F(LargeFleet, hasFiveThousandDevicesWithEidsOfTheirOwn)
+{
+  std::set<std::string> all = eids(ZelReq_rxRetrieve(client, "[\"index\",\"eid\",\"name\"]"));
+  EXPECT_EQ(2500u, all.size());
+  all.merge(eids(ZelReq_txRetrieve(client, "[\"index\",\"eid\",\"name\"]")));
+  EXPECT_EQ(5000u, all.size());
+  all.merge(eids(ZelReq_swxRetrieve(client, "[\"index\",\"eid\",\"name\"]")));
+  EXPECT_EQ(5025u, all.size());
+  for (const std::string &eid : all)
+    EXPECT_TRUE(!eid.empty() && zelsim::hasForm(eid, zelsim::Form::EidOrEmpty)) << eid;
+}
+
+TEST_F(LargeFleet, needsLittleMemory)
+{
+  std::ifstream status("/proc/" + std::to_string(store.pid()) + "/status");
+  std::string word;
+  unsigned long kilobytes = 0;
+  while (status >> word)
+    if (word == "VmRSS:")
+      status >> kilobytes;
+  EXPECT_GT(kilobytes, 0u);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+  EXPECT_LT(kilobytes, 60u * 1024);
+#endif
+}
+
+TEST_F(LargeFleet, connectsAcrossItsSwitches)
+{
+  ASSERT_EQ(0, logIn(3, 1));
+  EXPECT_EQ(0, connect(1, 2500, "private_mode"));
+}
+
+class BusyFleet : public StoreTest
+{
+protected:
+  BusyFleet() : StoreTest(options()) {}
+  static TestStore::Options options()
+  {
+    TestStore::Options busy;
+    busy.fleet = 60;
+    busy.more = {"--sessions", "50", "--alerts", "3000"};
+    return busy;
+  }
+};
+
+TEST_F(BusyFleet, hasAsManySessionsAsAskedForEachOfAUserOfItsOwn)
+{
+  EXPECT_EQ(50u, rows("connection"));
+  EXPECT_EQ(50u, rows("userSession"));
+  std::set<int> users;
+  json_t *sessions = ZelReq_userSessionRetrieve(client, nullptr);
+  for (unsigned row = 0; row < 50; ++row)
+    users.insert(ZelRspUtil_getIndexedIntegerParam(sessions, row, "userIndex"));
+  ZelRspUtil_free(sessions);
+  EXPECT_EQ(50u, users.size());
+  // A desk with a session can't be connected again, and one without can.
+  EXPECT_NE(0, connect(1, 60, "share_mode"));
+}
+
+TEST_F(BusyFleet, hasAFullHistoryOfWhichATenthIsUnacknowledged)
+{
+  const unsigned last = number("alertsControl", 0, "lastInstanceId");
+  EXPECT_EQ(2000u, rows("historicalAlerts"));
+  EXPECT_TRUE(exists("historicalAlerts", last));
+  EXPECT_TRUE(exists("historicalAlerts", last - 1999));
+  EXPECT_FALSE(exists("historicalAlerts", last - 2000));
+  EXPECT_NEAR(300, static_cast<double>(rows("unacknowledgedAlerts")), 10);
+}
+
+} // namespace
