@@ -46,6 +46,23 @@ if(NEVO_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
+# nevo_headers(NAME DIR...)
+# One source that includes every header of the folders, built on demand only: what a header needs it includes itself,
+# and the checks of names read it once instead of once for each source.
+function(nevo_headers name)
+  set(text "")
+  foreach(dir ${ARGN})
+    file(GLOB found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/*.h)
+    foreach(header ${found})
+      string(APPEND text "#include \"${header}\"\n")
+    endforeach()
+  endforeach()
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}_headers.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "${text}")
+  add_library(${name}_headers OBJECT EXCLUDE_FROM_ALL ${source})
+  target_link_libraries(${name}_headers PRIVATE ${name})
+endfunction()
+
 # nevo_library(NAME DIRS dir... [LINKS lib...] [PRIVATE_LINKS lib...])
 # A static library of all .cpp files that lie directly in the given folders, which are also its public
 # include path.
@@ -67,6 +84,7 @@ function(nevo_library name)
     target_include_directories(${name} INTERFACE ${includes})
     target_link_libraries(${name} INTERFACE ${ARG_LINKS})
   endif()
+  nevo_headers(${name} ${ARG_DIRS})
 endfunction()
 
 # nevo_places(SOURCE...)
