@@ -10,6 +10,17 @@ unsigned int DbExchange_noRequest(const char *function, const char *message)
   return 1;
 }
 
+bool DbExchange_failed(const json_t *response, std::vector<std::string> &errors,
+                       DbExchange_NoEntries noEntries)
+{
+  json_t *errorsObject = ZelRspUtil_getObjectParam(response, "errors");
+  if (!errorsObject)
+    return false;
+  Db_db.interpZelErrors(errorsObject, errors, noEntries == DbExchange_NoEntries::AreNone);
+  Db_db.logZelErrors(errors);
+  return true;
+}
+
 unsigned int DbExchange_send(const char *function, ZelClient_s *client, const ZelRequest &request,
                              const char *noResponseMessage, ZelResponse &response,
                              std::vector<std::string> &errors)
@@ -20,10 +31,5 @@ unsigned int DbExchange_send(const char *function, ZelClient_s *client, const Ze
       EventLog_write(1, 7, function, noResponseMessage);
     return 1;
   }
-  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
-    Db_db.interpZelErrors(errorsObject, errors, false);
-    Db_db.logZelErrors(errors);
-    return 1;
-  }
-  return 0;
+  return DbExchange_failed(response.get(), errors) ? 1 : 0;
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "Clock.h"
 #include "Db.h"
 #include "NevoUtil.h"
 #include "Text.h"
@@ -29,7 +28,7 @@ unsigned int durationSinceStart(const char *resource, const char *key, unsigned 
   if (Db_db.findIndexOfUInt32Key(resource, key, keyValue, index, errors) ||
       Db_db.readUInt32(resource, index, "sessionStartTime", start, errors))
     return 1;
-  duration = NevoUtil_secsToFormattedTimeString(static_cast<unsigned int>(Clock_now()) - start);
+  duration = NevoUtil_durationSince(start);
   return 0;
 }
 

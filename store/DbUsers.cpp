@@ -2,8 +2,7 @@
 #include "Convert.h"
 #include "Db.h"
 #include "DbExchange.h"
-#include "EventLog.h"
-#include "ZelReq.h"
+#include "TargetRights.h"
 #include "ZelRsp.h"
 
 namespace
@@ -57,33 +56,10 @@ unsigned int Db::getEnableAllTargetAccessFromUserIndex(unsigned int userIndex, b
 unsigned int Db::getUserTxAccessRight(unsigned int userIndex, unsigned int txIndex, bool &allowed,
                                       Errors &errors)
 {
-  static constexpr char kFunction[] = "getUserTxAccessRight";
   allowed = false;
-  bool allTargetAccess = false;
-  if (getEnableAllTargetAccessFromUserIndex(userIndex, allTargetAccess, errors))
+  const std::optional<TargetRights> rights = TargetRights::read(userIndex, errors);
+  if (!rights)
     return 1;
-  if (allTargetAccess) {
-    allowed = true;
-    return 0;
-  }
-  ZelClient_s *client = nullptr;
-  if (getZelClient(client))
-    return 1;
-  const ZelResponse response(ZelReq_userTargetListRetrieveByIndex(client, userIndex));
-  if (!response) {
-    EventLog_write(2, 7, kFunction, "Unable to retrieve user target list.");
-    return 1;
-  }
-  const ZelObject targets(ZelObj_collapse(response.get(), "index", "target"));
-  if (!targets) {
-    EventLog_write(2, 7, kFunction, "Unable to retrieve target list.");
-    return 1;
-  }
-  const int rows = ZelRspUtil_numEntries(targets.get());
-  for (int i = 0; i < rows && !allowed; ++i) {
-    const auto row = static_cast<unsigned int>(i);
-    allowed = static_cast<unsigned int>(ZelRspUtil_getIndexedIntegerParam(targets.get(), row, "txIndex")) ==
-              txIndex;
-  }
+  allowed = rights->allow(txIndex);
   return 0;
 }

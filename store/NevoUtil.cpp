@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "NevoUtil.h"
 
+#include "Clock.h"
+
 #include <Wt/WString>
 #include <cctype>
 #include <cerrno>
@@ -96,6 +98,12 @@ std::string NevoUtil_secsToFormattedTimeString(unsigned int seconds)
   else
     std::snprintf(buffer, sizeof buffer, "%u:%02u", minutes, rest);
   return buffer;
+}
+
+std::string NevoUtil_durationSince(unsigned int start)
+{
+  const auto now = static_cast<unsigned int>(Clock_now());
+  return NevoUtil_secsToFormattedTimeString(now > start ? now - start : 0);
 }
 
 bool NevoUtil_lessThan(const std::string &a, const std::string &b)

@@ -36,6 +36,10 @@ void NevoUtil_concatErrMsgs(Wt::WString &text, const std::vector<std::string> &e
 /// "0:59", "1:00:00" or "1:00:00:00": minutes and seconds, and hours and days where there are any.
 std::string NevoUtil_secsToFormattedTimeString(unsigned int seconds);
 
+/// The same for what has lasted since `start`, in seconds since 1970. A start that lies ahead, as a device
+/// tells whose clock runs ahead of this one's, is "0:00".
+std::string NevoUtil_durationSince(unsigned int start);
+
 /// The sort order of lists: texts that are equal up to a number are ordered by the number, so that "Rx 9"
 /// comes before "Rx 10"; all others by their bytes. An empty text comes first. The order is not transitive
 /// where numbers meet other texts ("10" < "1a" < "2" < "10"), so sort with an algorithm that bears it.

@@ -3,8 +3,6 @@
 
 #include "AlertRecord.h"
 #include "Db.h"
-#include "ZelReq.h"
-#include "ZelValue.h"
 
 #include <Wt/Http/Request>
 #include <Wt/Http/Response>
@@ -54,12 +52,10 @@ void writeLine(std::ostream &out, const AlertRecord &alert)
 
 std::string historyFile()
 {
-  ZelClient_s *client = 0;
-  if (Db_db.getIndexOfCurrentlyLoggedInNevoUsr() == 0 || Db_db.getZelClient(client) != 0)
+  if (Db_db.getIndexOfCurrentlyLoggedInNevoUsr() == 0)
     return std::string();
-  const ZelResponse response(ZelReq_historicalAlertsRetrieve(client, AlertRecord::kSelect));
   std::ostringstream out;
-  for (const AlertRecord &alert : AlertRecord::readAll(response.get()))
+  for (const AlertRecord &alert : AlertRecord::readHistory().value_or(std::vector<AlertRecord>()))
     writeLine(out, alert);
   return out.str();
 }

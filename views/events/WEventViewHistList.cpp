@@ -5,8 +5,8 @@
 #include "WAutoSizeTableView.h"
 
 WEventViewHistList::WEventViewHistList(Wt::WContainerWidget *parent)
-    : WEventViewList(text("Event History"), ZelReq_historicalAlertsRetrieve,
-                     text("The event history is empty."), parent)
+    : WEventViewList(text("Event History"), AlertRecord::readHistory, text("The event history is empty."),
+                     parent)
 {
   tableView->setSelectionMode(Wt::SingleSelection);
 }

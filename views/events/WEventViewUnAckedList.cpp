@@ -5,7 +5,7 @@
 #include "WAutoSizeTableView.h"
 
 WEventViewUnAckedList::WEventViewUnAckedList(Wt::WContainerWidget *parent)
-    : WEventViewList(text("Unacknowledged Events"), ZelReq_unacknowledgedAlertsRetrieve,
+    : WEventViewList(text("Unacknowledged Events"), AlertRecord::readUnacknowledged,
                      text("There are no unacknowledged events."), parent)
 {
   tableView->setSelectionMode(Wt::ExtendedSelection);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "AccessRules.h"
 
+#include "Convert.h"
+#include "DeviceRecord.h"
+
 namespace
 {
 
@@ -26,9 +29,10 @@ bool AccessRules_clash(const std::string &user, const std::string &device)
   return (user == kPrivateOnly && device == kShareOnly) || (user == kShareOnly && device == kPrivateOnly);
 }
 
-bool AccessRules_inService(Info_DeviceStatus status, Info_DeviceUsage usage,
-                           Info_DeviceUpgradeStatus upgradeStatus)
+bool AccessRules_inService(const DeviceRecord &device)
 {
-  return status == Info_DeviceStatus_Ready && usage == Info_DeviceUsage_Usable &&
-         upgradeStatus != Info_DeviceUpgradeStatus_Upgrading;
+  return Convert_deviceStatusStringToEnum(device.status.c_str()) == Info_DeviceStatus_Ready &&
+         Convert_deviceUsageStringToEnum(device.usage.c_str()) == Info_DeviceUsage_Usable &&
+         Convert_deviceUpgradeStatusStringToEnum(device.upgradeStatus.c_str()) !=
+             Info_DeviceUpgradeStatus_Upgrading;
 }

@@ -6,6 +6,8 @@
 
 #include <string>
 
+struct DeviceRecord;
+
 /// What decides whether a device is offered for a new session. Modes that users and devices allow are the
 /// store's words.
 
@@ -19,7 +21,6 @@ bool AccessRules_admits(Info_AccessMode session, const std::string &allowed);
 bool AccessRules_clash(const std::string &user, const std::string &device);
 
 /// Whether a device is in service.
-bool AccessRules_inService(Info_DeviceStatus status, Info_DeviceUsage usage,
-                           Info_DeviceUpgradeStatus upgradeStatus);
+bool AccessRules_inService(const DeviceRecord &device);
 
 #endif // VIEWS_SESSIONS_ACCESS_RULES_H_

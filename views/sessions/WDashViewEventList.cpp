@@ -30,5 +30,5 @@ void WDashViewEventList::eventLogClear()
 
 void WDashViewEventList::readFromDatabase()
 {
-  AlertRows::read(ZelReq_unacknowledgedAlertsRetrieve, *model);
+  AlertRows::read(AlertRecord::readUnacknowledged, *model);
 }

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "WDashViewSesList.h"
 
-#include "Convert.h"
-#include "Db.h"
-#include "SessionDuration.h"
+#include "SessionRecord.h"
 #include "Text.h"
 #include "WAutoSizeTableView.h"
 #include "WNumericSortFilterProxyModel.h"
-#include "ZelReq.h"
-#include "ZelRsp.h"
-#include "ZelValue.h"
 
 #include <Wt/WStandardItemModel>
 #include <boost/any.hpp>
-#include <vector>
 
 namespace
 {
@@ -29,27 +23,6 @@ enum Column {
 };
 
 const int kPanelHeight = 260; ///< pixels
-
-/// What a receiver's KVM connection adds to its user session.
-struct Connection {
-  std::string mode;
-  unsigned int start; ///< seconds since 1970
-};
-
-/// The receiver's first connection in a response, which may be null. Without one: no mode, and the given
-/// start.
-Connection connectionOf(json_t *connections, unsigned int rxIndex, unsigned int sessionStart)
-{
-  const int count = connections ? ZelRspUtil_numEntries(connections) : 0;
-  for (int row = 0; row < count; ++row) {
-    json_t *connection = ZelObj_getRow(connections, row);
-    if (ZelRsp_connectionGetRxIndex(connection) == rxIndex)
-      return Connection{
-          Convert_accessModeEnumToString(static_cast<Info_AccessMode>(ZelRsp_connectionGetMode(connection))),
-          ZelRsp_connectionGetSessionStartTime(connection)};
-  }
-  return Connection{std::string(), sessionStart};
-}
 
 } // namespace
 
@@ -68,41 +41,22 @@ void WDashViewSesList::readFromDatabase()
 {
   if (model->rowCount() > 0)
     model->removeRows(0, model->rowCount());
-  ZelClient_s *client = 0;
-  if (Db_db.getZelClient(client) != 0)
-    return;
-  const ZelResponse sessions(
-      ZelReq_userSessionRetrieve(client, "[\"index\",\"index\",\"rxIndex\",\"sessionStartTime\"]"));
+  const auto sessions = SessionRecord::readLogins();
   if (!sessions)
     return;
-  const ZelResponse connections(
-      ZelReq_connectionRetrieve(client, "[\"index\",\"rxIndex\",\"txIndex\",\"mode\",\"sessionStartTime\"]"));
-
-  const int count = ZelRspUtil_numEntries(sessions.get());
+  const int count = static_cast<int>(sessions->size());
   if (count > 0)
     model->insertRows(0, count);
   for (int row = 0; row < count; ++row)
-    fillRow(row, sessions.get(), connections.get());
+    fillRow(row, (*sessions)[static_cast<std::size_t>(row)]);
 }
 
-void WDashViewSesList::fillRow(int row, json_t *sessions, json_t *connections)
+void WDashViewSesList::fillRow(int row, const SessionRecord &session)
 {
-  json_t *session = ZelObj_getRow(sessions, row);
-  const unsigned int index =
-      static_cast<unsigned int>(ZelRspUtil_getIndexedIntegerParam(sessions, row, "index"));
-  const unsigned int rxIndex = ZelRsp_userSessionGetRxIndex(session);
-  std::vector<std::string> errors;
-  std::string username, receiver, transmitter;
-  Db_db.getLoggedInUsernameFromRxIndex(rxIndex, username, errors);
-  Db_db.getRxNameOrEidFromRxIndex(rxIndex, receiver, errors);
-  Db_db.getTxNameOrEidFromUsrSesIndex(index, transmitter, errors);
-  const Connection connection =
-      connectionOf(connections, rxIndex, ZelRsp_userSessionGetSessionStartTime(session));
-
-  model->setData(row, IndexColumn, boost::any(index), Wt::EditRole);
-  model->setData(row, UsernameColumn, boost::any(username), Wt::EditRole);
-  model->setData(row, ReceiverColumn, boost::any(receiver), Wt::EditRole);
-  model->setData(row, TransmitterColumn, boost::any(transmitter), Wt::EditRole);
-  model->setData(row, ModeColumn, boost::any(connection.mode), Wt::EditRole);
-  model->setData(row, DurationColumn, boost::any(SessionDuration_since(connection.start)), Wt::EditRole);
+  model->setData(row, IndexColumn, boost::any(session.index), Wt::EditRole);
+  model->setData(row, UsernameColumn, boost::any(session.user), Wt::EditRole);
+  model->setData(row, ReceiverColumn, boost::any(session.receiver), Wt::EditRole);
+  model->setData(row, TransmitterColumn, boost::any(session.transmitter), Wt::EditRole);
+  model->setData(row, ModeColumn, boost::any(session.mode), Wt::EditRole);
+  model->setData(row, DurationColumn, boost::any(session.durationText()), Wt::EditRole);
 }

@@ -4,7 +4,7 @@
 
 #include "WCollapsingObjListContextPanel.h"
 
-#include <jansson.h>
+struct SessionRecord;
 
 /// The dashboard's list of user sessions: who works at which receiver with which transmitter, and for how
 /// long.
@@ -16,7 +16,7 @@ public:
   void readFromDatabase() override;
 
 private:
-  void fillRow(int row, json_t *sessions, json_t *connections);
+  void fillRow(int row, const SessionRecord &session);
 };
 
 #endif // VIEWS_SESSIONS_WDASH_VIEW_SES_LIST_H_

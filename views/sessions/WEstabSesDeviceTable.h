@@ -2,26 +2,21 @@
 #ifndef VIEWS_SESSIONS_WESTAB_SES_DEVICE_TABLE_H_
 #define VIEWS_SESSIONS_WESTAB_SES_DEVICE_TABLE_H_
 
+#include "DeviceRecord.h"
 #include "WRecordTable.h"
 
 #include <functional>
-#include <string>
 
 /// A list of devices from which one end of a new session is chosen.
 class WEstabSesDeviceTable : public WRecordTable
 {
 protected:
-  struct Device {
-    unsigned int index;
-    std::string modeAllowed; ///< the store's word
-  };
-
   WEstabSesDeviceTable(const Wt::WString &eidHeading, const Wt::WString &nameHeading,
                        Wt::WContainerWidget *parent);
 
-  /// Adds the devices of resource "rx" or "tx" that the choice takes. True, and nothing is added, if they
-  /// cannot be read.
-  bool addDevices(const char *resource, const std::function<bool(const Device &)> &offered);
+  /// Adds the receivers or transmitters that are in service and that the choice takes. True, and nothing is
+  /// added, if they cannot be read.
+  bool addDevices(Info_DeviceType type, const std::function<bool(const DeviceRecord &)> &offered);
 };
 
 #endif // VIEWS_SESSIONS_WESTAB_SES_DEVICE_TABLE_H_

@@ -3,23 +3,8 @@
 
 #include "AccessRules.h"
 #include "Db.h"
+#include "StoreSnapshot.h"
 #include "Text.h"
-
-namespace
-{
-
-bool isFree(unsigned int rxIndex)
-{
-  Info_DeviceStatus status = Info_DeviceStatus_Offline;
-  Info_DeviceUpgradeStatus upgradeStatus = Info_DeviceUpgradeStatus_Idle;
-  Info_DeviceUsage usage = Info_DeviceUsage_Usable;
-  bool userIsLoggedIn = false;
-  Db::Errors errors;
-  return Db_db.getRxStatus(rxIndex, status, upgradeStatus, usage, userIsLoggedIn, errors) == 0 &&
-         AccessRules_inService(status, usage, upgradeStatus) && !userIsLoggedIn;
-}
-
-} // namespace
 
 WEstabSesRxTable::WEstabSesRxTable(Wt::WContainerWidget *parent)
     : WEstabSesDeviceTable(text("Receiver EID"), text("Receiver Name"), parent)
@@ -35,9 +20,10 @@ bool WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int userI
     return true;
   const bool sessionCanBe =
       mode >= Info_AccessMode_Share && mode <= Info_AccessMode_ShareOrPrivate && AccessRules_isMode(userMode);
-  return addDevices("rx", [&](const Device &rx) {
+  StoreSnapshot snapshot;
+  return addDevices(Info_DeviceType_Rx, [&](const DeviceRecord &rx) {
     return sessionCanBe && AccessRules_isMode(rx.modeAllowed) && AccessRules_admits(mode, rx.modeAllowed) &&
-           !AccessRules_clash(userMode, rx.modeAllowed) && isFree(rx.index);
+           !AccessRules_clash(userMode, rx.modeAllowed) && !snapshot.isUserAt(rx.index);
   });
 }
 

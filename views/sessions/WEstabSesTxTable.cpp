@@ -3,20 +3,12 @@
 
 #include "AccessRules.h"
 #include "Db.h"
+#include "StoreSnapshot.h"
+#include "TargetRights.h"
 #include "Text.h"
 
 namespace
 {
-
-bool userMayReach(unsigned int userIndex, unsigned int txIndex)
-{
-  bool allowed = false;
-  Db::Errors errors;
-  if (Db_db.getUserTxAccessRight(userIndex, txIndex, allowed, errors) == 0)
-    return allowed;
-  Db_db.logZelErrors(errors);
-  return false;
-}
 
 /// Whether a transmitter in a session of mode `present` can be joined in a session of mode `wanted`.
 bool canBeJoined(Info_ConnectionMode present, Info_ConnectionMode wanted)
@@ -25,16 +17,10 @@ bool canBeJoined(Info_ConnectionMode present, Info_ConnectionMode wanted)
          !(present == Info_ConnectionMode_Share && wanted == Info_ConnectionMode_Private);
 }
 
-bool isFreeFor(Info_ConnectionMode mode, unsigned int txIndex)
+bool isFreeFor(Info_ConnectionMode mode, unsigned int txIndex, StoreSnapshot &snapshot)
 {
-  Info_DeviceStatus status = Info_DeviceStatus_Offline;
-  Info_DeviceUpgradeStatus upgradeStatus = Info_DeviceUpgradeStatus_Idle;
-  Info_DeviceUsage usage = Info_DeviceUsage_Usable;
-  bool isConnected = false;
-  Info_ConnectionMode present = Info_ConnectionMode_Share;
-  Db::Errors errors;
-  return Db_db.getTxStatus(txIndex, status, upgradeStatus, usage, isConnected, present, errors) == 0 &&
-         AccessRules_inService(status, usage, upgradeStatus) && (!isConnected || canBeJoined(present, mode));
+  const ConnectionRecord *connection = snapshot.connectionOfTransmitter(txIndex);
+  return !connection || canBeJoined(connection->mode, mode);
 }
 
 } // namespace
@@ -56,11 +42,12 @@ bool WEstabSesTxTable::readFromDatabase(Info_ConnectionMode mode, unsigned int u
   const bool sessionCanBe = (mode == Info_ConnectionMode_Share || mode == Info_ConnectionMode_Private) &&
                             AccessRules_isMode(rxMode) && AccessRules_isMode(userMode);
   const Info_AccessMode sessionMode = static_cast<Info_AccessMode>(mode);
+  const auto rights = sessionCanBe ? TargetRights::read(userIndex, errors) : std::nullopt;
+  StoreSnapshot snapshot;
   // What the receiver allows is not held against what the transmitter allows.
-  return addDevices("tx", [&](const Device &tx) {
-    return sessionCanBe && !AccessRules_clash(userMode, tx.modeAllowed) &&
-           userMayReach(userIndex, tx.index) && AccessRules_admits(sessionMode, tx.modeAllowed) &&
-           isFreeFor(mode, tx.index);
+  return addDevices(Info_DeviceType_Tx, [&](const DeviceRecord &tx) {
+    return rights && !AccessRules_clash(userMode, tx.modeAllowed) && rights->allow(tx.index) &&
+           AccessRules_admits(sessionMode, tx.modeAllowed) && isFreeFor(mode, tx.index, snapshot);
   });
 }
 

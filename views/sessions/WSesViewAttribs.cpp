@@ -3,7 +3,7 @@
 
 #include "Convert.h"
 #include "Db.h"
-#include "SessionDuration.h"
+#include "NevoUtil.h"
 #include "Text.h"
 
 #include <string>
@@ -110,5 +110,5 @@ void WSesViewAttribs::readFromDatabase(std::vector<unsigned int> indexes)
   setValue(FullNameRow, fullName);
   setValue(RoleRow, common.role);
   setValue(ModeRow, common.mode.empty() ? "" : Convert_accessModeDbStringToUiString(common.mode));
-  setValue(DurationRow, common.sameStart ? SessionDuration_since(common.start) : "");
+  setValue(DurationRow, common.sameStart ? NevoUtil_durationSince(common.start) : "");
 }

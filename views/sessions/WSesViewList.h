@@ -4,7 +4,7 @@
 
 #include "WObjListContextPanel.h"
 
-#include <jansson.h>
+struct SessionRecord;
 
 /// The list of KVM sessions: who works at which receiver with which transmitter, in which mode, for how long.
 class WSesViewList : public WObjListContextPanel
@@ -15,7 +15,7 @@ public:
   void readFromDatabase() override;
 
 private:
-  void fillRow(int row, json_t *connection);
+  void fillRow(int row, const SessionRecord &session);
 };
 
 #endif // VIEWS_SESSIONS_WSES_VIEW_LIST_H_

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "AlertRows.h"
 
-#include "Db.h"
 #include "Text.h"
-#include "ZelValue.h"
 
 #include <Wt/WStandardItemModel>
 #include <algorithm>
@@ -70,11 +68,7 @@ void clear(Wt::WStandardItemModel &model)
 /// The alerts of the store, the newest first; none if they cannot be read.
 std::vector<AlertRecord> newestFirst(AlertRows::Retrieve retrieve)
 {
-  ZelClient_s *client = 0;
-  if (Db_db.getZelClient(client) != 0)
-    return std::vector<AlertRecord>();
-  const ZelResponse response(retrieve(client, AlertRecord::kSelect));
-  std::vector<AlertRecord> alerts = AlertRecord::readAll(response.get());
+  std::vector<AlertRecord> alerts = retrieve().value_or(std::vector<AlertRecord>());
   std::stable_sort(alerts.begin(), alerts.end(), [](const AlertRecord &left, const AlertRecord &right) {
     return left.instanceId > right.instanceId;
   });

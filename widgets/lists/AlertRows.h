@@ -3,8 +3,8 @@
 #define WIDGETS_ALERT_ROWS_H_
 
 #include "AlertRecord.h"
-#include "ZelReq.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,8 +19,8 @@ namespace AlertRows
 
 enum Column { InstanceColumn, DateColumn, TypeColumn, OriginatorColumn, MessageColumn, ColumnCount };
 
-/// One of the store's two lists of alerts, such as ZelReq_historicalAlertsRetrieve.
-typedef json_t *(*Retrieve)(ZelClient_s *client, const char *select);
+/// Reads one of the store's two lists of alerts, such as AlertRecord::readHistory.
+typedef std::optional<std::vector<AlertRecord>> (*Retrieve)();
 
 /// The headings in UTF-8; `instance` heads the hidden column.
 std::vector<std::string> headings(const std::string &instance);

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "DeviceRecord.h"
+
+#include "DeviceRows.h"
+
+namespace
+{
+
+constexpr char kSelect[] =
+    "[\"index\",\"eid\",\"name\",\"detailedDeviceType\",\"firmwareVersion\",\"status\","
+    "\"upgradeStatus\",\"usage\",\"upgradePercent\",\"modeAllowed\"]";
+constexpr char kSelectOfSwitch[] = "[\"index\",\"eid\",\"name\",\"detailedDeviceType\",\"firmwareVersion\","
+                                   "\"status\",\"upgradeStatus\",\"usage\"]";
+
+DeviceRecord deviceOf(const RecordRows &rows, unsigned int row)
+{
+  DeviceRecord device;
+  DeviceRows_readName(rows, row, device);
+  device.detailedType = rows.text(row, "detailedDeviceType");
+  device.firmwareVersion = rows.text(row, "firmwareVersion");
+  device.status = rows.text(row, "status");
+  device.upgradeStatus = rows.text(row, "upgradeStatus");
+  device.usage = rows.text(row, "usage");
+  device.upgradePercent = rows.number(row, "upgradePercent");
+  device.modeAllowed = rows.text(row, "modeAllowed");
+  return device;
+}
+
+} // namespace
+
+std::optional<std::vector<DeviceRecord>> DeviceRecord::readAll(Info_DeviceType type)
+{
+  return DeviceRows_retrieve(type, type == Info_DeviceType_Swx ? kSelectOfSwitch : kSelect).records(deviceOf);
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#ifndef STORE_RECORD_ROWS_H_
+#define STORE_RECORD_ROWS_H_
+
+#include "ZelValue.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The rows of a response, from which the records of lists are made. Only this folder sees it.
+///
+/// A store that has no record of a resource says so with an error ("no entries"), which is an empty list
+/// here. Any other error is logged.
+class RecordRows
+{
+public:
+  /// Takes over the response; null means that there was none.
+  explicit RecordRows(json_t *response);
+
+  /// False if the store gave no answer, or one that tells of a failure.
+  bool wereRead() const { return read; }
+  unsigned int count() const { return rows; }
+
+  /// A value of a row, from 0: 0 or an empty text where the row has none of that type.
+  unsigned int number(unsigned int row, const char *parameter) const;
+  std::string text(unsigned int row, const char *parameter) const;
+  /// None where the row has no such text.
+  std::optional<std::string> textIfAny(unsigned int row, const char *parameter) const;
+  /// The row itself, which this object owns.
+  json_t *row(unsigned int row) const;
+
+  /// One record for each row, in the store's order; none at all if the rows could not be read.
+  template <class Record>
+  std::optional<std::vector<Record>> records(Record (*recordOf)(const RecordRows &, unsigned int row)) const
+  {
+    if (!read)
+      return std::nullopt;
+    std::vector<Record> all;
+    all.reserve(rows);
+    for (unsigned int row = 0; row < rows; ++row)
+      all.push_back(recordOf(*this, row));
+    return all;
+  }
+
+private:
+  ZelResponse response;
+  bool read;
+  unsigned int rows;
+};
+
+#endif // STORE_RECORD_ROWS_H_
