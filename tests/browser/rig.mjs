@@ -31,12 +31,13 @@ class Rig {
   starts = 0;    // how often the server was started
 
   constructor(options) {
-    this.options = { brand: 'unknown', liveliness: 0, seed: 1, fleet: 0, store: [], attributes: {}, line: false, ...options };
+    this.options = { brand: 'unknown', liveliness: 0, seed: 1, fleet: 0, store: [], attributes: {}, line: false, server: [], environment: {}, ...options };
     this.environment = {
       ...process.env,
       NEVO_STORE_SOCKET: join(this.folder, 'store'),
       NEVO_ATTRIBUTES: join(this.folder, 'attributes'),
       NEVO_LOG_STDERR: '1',
+      ...this.options.environment,
     };
   }
 
@@ -80,7 +81,7 @@ class Rig {
     const address = '127.0.0.1';
     const child = this.server = spawn(join(build, 'app/nevo'), [`--docroot=${join(this.folder, 'www')}`,
       `--http-address=${address}`, `--http-port=${this.port}`, `--https-address=${address}`, `--https-port=${this.port}`,
-      ...this.tls, '--threads=4', '--accesslog=-'], { stdio: ['ignore', 'pipe', 'pipe'], env: this.environment });
+      ...this.tls, '--threads=4', '--accesslog=-', ...this.options.server], { stdio: ['ignore', 'pipe', 'pipe'], env: this.environment });
     for (const stream of [child.stdout, child.stderr]) stream.on('data', text => { this.output += text; });
     let alive = true;
     child.once('exit', status => {
@@ -96,6 +97,7 @@ class Rig {
   }
 
   async stopServer() { await this.#end('server', 'SIGTERM'); }
+  async killServer() { await this.#end('server', 'SIGKILL'); }
 
   async #end(name, signal) {
     const child = this[name];
@@ -126,7 +128,7 @@ class Rig {
 }
 
 /// Starts a system. Options: brand, liveliness, seed, fleet, store (more words for the switch's command line),
-/// attributes, and line: true for one that can be cut.
+/// server (more words for the web server's), environment (of both), attributes, and line: true for one that can be cut.
 export async function startRig(options = {}, how = {}) {
   if (!existsSync(join(build, 'app/nevo'))) throw new Error(`There is no server in ${build}; build it first.`);
   const rig = new Rig(options);
