@@ -59,10 +59,9 @@ void showNotice(const Wt::WString &title, const Wt::WString &message)
 } // namespace
 
 NevoApplication::NevoApplication(const Wt::WEnvironment &env)
-    : Wt::WApplication(env), mainTable(0), mainTabWidget(0), standardHeader(0), dashView(0), sesView(0),
-      eventView(0), usrMenuItem(0), devMenuItem(0), periphMenuItem(0), sysSettingsMenuItem(0),
-      eventMenuItem(0), loggedIn(false), loggedInUserIndex(0), showingSlaveUi(false), zelClient(0),
-      lastUserActivityTime(0), nevoInactivityTimeoutSec(kDefaultInactivitySeconds)
+    : Wt::WApplication(env), mainTable(0), mainTabWidget(0), standardHeader(0), loggedIn(false),
+      loggedInUserIndex(0), showingSlaveUi(false), zelClient(0), lastUserActivityTime(0),
+      nevoInactivityTimeoutSec(kDefaultInactivitySeconds)
 {
   const int count = ++sAppInstanceCount;
   EventLog_write(4, 7, "NevoApplication", "In constructor. sAppInstanceCount = %d.", count);
@@ -252,6 +251,6 @@ void NevoApplication::exitApplication()
 
 void NevoApplication::dashViewEventLogClear()
 {
-  if (dashView)
+  if (WDashView *dashView = mainTabs.find<WDashView>())
     dashView->eventLogClear();
 }

@@ -2,20 +2,18 @@
 #ifndef APP_NEVO_APPLICATION_H_
 #define APP_NEVO_APPLICATION_H_
 
-#include "ChangeTracker.h"
+#include "MainTabs.h"
 #include "NevoSession.h"
 #include "StoreSession.h"
 
 #include <Wt/WApplication>
 #include <ctime>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace Wt
 {
-class WMenuItem;
 class WTabWidget;
 class WTable;
 class WText;
@@ -23,12 +21,9 @@ class WTimer;
 } // namespace Wt
 
 class WBannerDialog;
-class WDashView;
-class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
 class WMsgBoxSimple;
-class WSesView;
 class WStandardHeader;
 
 /**
@@ -66,27 +61,32 @@ public:
 
   void dashViewEventLogClear() override;
 
-  /// The views let go of what they have begun and not saved.
-  void discardChanges();
+  /// Every view lets go of what was begun in it and not saved.
+  void discardChanges() { mainTabs.discardChanges(); }
 
-  bool sectionChanged(ChangeTracker::SectionId id) const override;
-  void sectionChanged(ChangeTracker::SectionId id, bool changed) override;
-  void subsectionChanged(ChangeTracker::SubsectionId id, bool changed) override;
-  bool parentSectionChanged(ChangeTracker::SubsectionId id) const override;
-  bool anythingChanged() const override;
+  bool sectionChanged(ChangeTracker::SectionId id) const override { return mainTabs.sectionChanged(id); }
+  void sectionChanged(ChangeTracker::SectionId id, bool changed) override
+  {
+    mainTabs.sectionChanged(id, changed);
+  }
+  void subsectionChanged(ChangeTracker::SubsectionId id, bool changed) override
+  {
+    mainTabs.subsectionChanged(id, changed);
+  }
+  bool parentSectionChanged(ChangeTracker::SubsectionId id) const override
+  {
+    return mainTabs.parentSectionChanged(id);
+  }
+  /// The view of a slave's page keeps its edits to itself.
+  bool anythingChanged() const override
+  {
+    return showingSlaveUi ? mainTabs.anyViewHasChanged() : mainTabs.anythingChanged();
+  }
 
 protected:
   void notify(const Wt::WEvent &event) override;
 
 private:
-  /// What the page does with a tab of the master's page.
-  struct MainTab {
-    std::function<void()> readFromDatabase;
-    std::function<void()> enableAutoRefresh;
-    std::function<void()> disableAutoRefresh;
-    std::function<void()> discardChanges; ///< may be empty
-  };
-
   /// The session's first stage
   void initStringTranslation();
   void initBrand();
@@ -114,13 +114,6 @@ private:
   void createSlaveUi();
   void beginPage();
   void endPage();
-  /// Adds the next tab. `read` reads the view when its tab comes to the front.
-  template <class View>
-  Wt::WMenuItem *addMainTab(View *view, const Wt::WString &title, std::function<void()> read);
-  void mainTabChangedHandler();
-
-  /// Null where the page has no such tab.
-  Wt::WMenuItem *menuItemOf(ChangeTracker::SectionId id) const;
 
   /// The timers
   void startTimer(std::unique_ptr<Wt::WTimer> &timer, int milliseconds, void (NevoApplication::*handler)());
@@ -144,16 +137,7 @@ private:
   Wt::WTable *mainTable;
   Wt::WTabWidget *mainTabWidget;
   WStandardHeader *standardHeader;
-  WDashView *dashView;
-  WSesView *sesView;
-  WEventView *eventView;
-  std::vector<MainTab> mainTabs; ///< as they stand on the page
-  Wt::WMenuItem *usrMenuItem;
-  Wt::WMenuItem *devMenuItem;
-  Wt::WMenuItem *periphMenuItem;
-  Wt::WMenuItem *sysSettingsMenuItem;
-  Wt::WMenuItem *eventMenuItem;
-  ChangeTracker changeTracker;
+  MainTabs mainTabs;
   bool loggedIn;
   unsigned int loggedInUserIndex; ///< record of resource "user"
   bool showingSlaveUi;

@@ -95,25 +95,15 @@ void NevoApplication::endPage()
   root()->addWidget(versionText);
 }
 
-template <class View>
-Wt::WMenuItem *NevoApplication::addMainTab(View *view, const Wt::WString &title, std::function<void()> read)
-{
-  mainTabs.push_back(
-      {std::move(read), [view] { view->enableAutoRefresh(); }, [view] { view->disableAutoRefresh(); }, {}});
-  return mainTabWidget->addTab(view, title, Wt::WTabWidget::LazyLoading);
-}
-
 void NevoApplication::createMasterUi()
 {
   beginPage();
-  dashView = new WDashView();
-  addMainTab(dashView, text("Dashboard"), [this] { dashView->readFromDatabase(); });
-  sesView = new WSesView();
-  addMainTab(sesView, text("Sessions"), [this] { sesView->readFromDatabase(false); });
-  eventView = new WEventView();
-  eventMenuItem = addMainTab(eventView, text("Events"), [this] { eventView->readFromDatabase(false); });
-  mainTabWidget->currentChanged().connect(this, &NevoApplication::mainTabChangedHandler);
-  mainTabChangedHandler();
+  mainTabs.build(*mainTabWidget,
+                 {
+                     {text("Dashboard"), std::nullopt, MainTab::make<WDashView>},
+                     {text("Sessions"), std::nullopt, MainTab::make<WSesView>},
+                     {text("Events"), ChangeTracker::SectionEvents, MainTab::make<WEventView>},
+                 });
   endPage();
 }
 
@@ -136,17 +126,4 @@ void NevoApplication::createSlaveUi()
                   "system: this page does not offer the slave's own settings.")),
       text("Slave Switch Settings"), Wt::WTabWidget::LazyLoading);
   endPage();
-}
-
-void NevoApplication::mainTabChangedHandler()
-{
-  for (const MainTab &tab : mainTabs)
-    tab.disableAutoRefresh();
-  const int index = mainTabWidget->currentIndex();
-  if (index < 0 || static_cast<std::size_t>(index) >= mainTabs.size()) {
-    EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
-    return;
-  }
-  mainTabs[index].readFromDatabase();
-  mainTabs[index].enableAutoRefresh();
 }

@@ -39,7 +39,7 @@ WEventView::WEventView(Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), unAckedEventList(new WEventViewUnAckedList()),
       histEventList(new WEventViewHistList()),
       details(new WEventViewDetails(text("Event Details"), kDetailsHeight)), ackCell(0), ackAllCell(0),
-      historyResource(new EventHistoryResource(this)), refreshTimer(this, &WEventView::refreshTimerTimeout)
+      historyResource(new EventHistoryResource(this))
 {
   setUpList(*unAckedEventList);
   setUpList(*histEventList);
@@ -86,6 +86,11 @@ WNavAccordionStdCell *WEventView::addAction(WNavAccordion &accordion, const Wt::
   return cell;
 }
 
+void WEventView::readAnew()
+{
+  readFromDatabase(false);
+}
+
 void WEventView::readFromDatabase(bool)
 {
   const bool unAckedSelected = refreshList(*unAckedEventList);
@@ -108,21 +113,6 @@ bool WEventView::refreshList(WEventViewList &list)
     return false;
   list.tableView->setSelectedZelIndexes(selected);
   return true;
-}
-
-void WEventView::enableAutoRefresh()
-{
-  refreshTimer.enable();
-}
-
-void WEventView::disableAutoRefresh()
-{
-  refreshTimer.disable();
-}
-
-void WEventView::refreshTimerTimeout()
-{
-  WRefreshTimer::locked([this] { readFromDatabase(false); });
 }
 
 void WEventView::ackActionButtonClicked()

@@ -2,8 +2,8 @@
 #ifndef VIEWS_EVENTS_WEVENT_VIEW_H_
 #define VIEWS_EVENTS_WEVENT_VIEW_H_
 
+#include "MainView.h"
 #include "SignalConnection.h"
-#include "WRefreshTimer.h"
 
 #include <Wt/WContainerWidget>
 
@@ -22,21 +22,19 @@ class WNavAccordionStdCell;
 
 /// The events tab: the unacknowledged events above those of the past, with the selected one's details below
 /// and the actions at the left. The two lists are one selection: what is selected in one is not in the other.
-class WEventView : public Wt::WContainerWidget
+class WEventView : public Wt::WContainerWidget, public MainView
 {
 public:
   explicit WEventView(Wt::WContainerWidget *parent = 0);
 
   /// Reads both lists anew, keeping their selections by event. The argument is without meaning here.
   virtual void readFromDatabase(bool discardEdits);
-  virtual void enableAutoRefresh();
-  virtual void disableAutoRefresh();
+  void readAnew() override;
   virtual void ackActionButtonClicked();
   virtual void ackAllActionButtonClicked();
   virtual void clearActionButtonClicked();
   virtual void unAckedEventListSelectionChangedHandler();
   virtual void histEventListSelectionChangedHandler();
-  virtual void refreshTimerTimeout();
 
 private:
   typedef void (WEventView::*Handler)();
@@ -55,7 +53,6 @@ private:
   WNavAccordionStdCell *ackCell;
   WNavAccordionStdCell *ackAllCell;
   EventHistoryResource *historyResource;
-  WRefreshTimer refreshTimer;
   SignalConnection unAckedConnection;
   SignalConnection histConnection;
 };

@@ -43,8 +43,7 @@ Wt::WModelIndexSet indexesOf(const std::vector<int> &rows, const Wt::WAbstractIt
 
 WDashView::WDashView(Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), layout(new Wt::WGridLayout()), sessionList(new WDashViewSesList()),
-      eventList(new WDashViewEventList()), spacer(new Wt::WContainerWidget()),
-      refreshTimer(this, &WDashView::refreshTimerTimeout)
+      eventList(new WDashViewEventList()), spacer(new Wt::WContainerWidget())
 {
   setUpList(*sessionList);
   setUpList(*eventList);
@@ -66,6 +65,11 @@ void WDashView::eventLogClear()
     eventList->eventLogClear();
 }
 
+void WDashView::readAnew()
+{
+  readFromDatabase();
+}
+
 void WDashView::readFromDatabase()
 {
   Wt::WModelIndexSet selected = sessionList->tableView->selectedIndexes();
@@ -77,19 +81,4 @@ void WDashView::readFromDatabase()
   const std::vector<int> eventRows = rowsOf(eventList->tableView->selectedIndexes());
   eventList->readFromDatabase();
   eventList->tableView->setSelectedIndexes(indexesOf(eventRows, *eventList->proxyModel));
-}
-
-void WDashView::enableAutoRefresh()
-{
-  refreshTimer.enable();
-}
-
-void WDashView::disableAutoRefresh()
-{
-  refreshTimer.disable();
-}
-
-void WDashView::refreshTimerTimeout()
-{
-  WRefreshTimer::locked([this] { readFromDatabase(); });
 }

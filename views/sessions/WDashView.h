@@ -2,7 +2,7 @@
 #ifndef VIEWS_SESSIONS_WDASH_VIEW_H_
 #define VIEWS_SESSIONS_WDASH_VIEW_H_
 
-#include "WRefreshTimer.h"
+#include "MainView.h"
 
 #include <Wt/WContainerWidget>
 
@@ -16,7 +16,7 @@ class WDashViewSesList;
 
 /// The first page after login: the user sessions and the unacknowledged events, kept up to date while it
 /// shows.
-class WDashView : public Wt::WContainerWidget
+class WDashView : public Wt::WContainerWidget, public MainView
 {
 public:
   explicit WDashView(Wt::WContainerWidget *parent = 0);
@@ -26,16 +26,13 @@ public:
 
   /// Reads both lists anew, keeping their selections: of sessions by store index, of events by row.
   virtual void readFromDatabase();
-  virtual void enableAutoRefresh();
-  virtual void disableAutoRefresh();
-  virtual void refreshTimerTimeout();
+  void readAnew() override;
 
 private:
   Wt::WGridLayout *layout;
   WDashViewSesList *sessionList;
   WDashViewEventList *eventList;
   Wt::WContainerWidget *spacer;
-  WRefreshTimer refreshTimer;
 };
 
 #endif // VIEWS_SESSIONS_WDASH_VIEW_H_

@@ -71,7 +71,7 @@ void waitForTheStore()
 
 WSesView::WSesView(Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), list(new WSesViewList()), details(new WSesViewDetails()),
-      disconnectCell(0), refreshTimer(this, &WSesView::refreshTimerTimeout)
+      disconnectCell(0)
 {
   const WViewFrame frame = WViewFrame::build(*this);
   addActions(*frame.accordion);
@@ -98,6 +98,11 @@ void WSesView::addActions(WNavAccordion &accordion)
                                                         "between a receiver and transmitter."));
   disconnectCell->connectAction(this, &WSesView::discSesActionButtonClicked);
   accordion.sectionAdd(text("Disconnect Sessions"), disconnectCell);
+}
+
+void WSesView::readAnew()
+{
+  readFromDatabase(false);
 }
 
 void WSesView::readFromDatabase(bool)
@@ -131,16 +136,6 @@ void WSesView::showSelection()
     disconnectCell->enableActionButton();
     details->showContent();
   }
-}
-
-void WSesView::enableAutoRefresh()
-{
-  refreshTimer.enable();
-}
-
-void WSesView::disableAutoRefresh()
-{
-  refreshTimer.disable();
 }
 
 void WSesView::estabSesActionButtonClicked()
@@ -179,9 +174,4 @@ void WSesView::disconnectSelectedSessions()
 void WSesView::sesListSelectionChangedHandler()
 {
   readFromDatabase(false);
-}
-
-void WSesView::refreshTimerTimeout()
-{
-  WRefreshTimer::locked([this] { readFromDatabase(false); });
 }

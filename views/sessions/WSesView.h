@@ -2,8 +2,8 @@
 #ifndef VIEWS_SESSIONS_WSES_VIEW_H_
 #define VIEWS_SESSIONS_WSES_VIEW_H_
 
+#include "MainView.h"
 #include "SignalConnection.h"
-#include "WRefreshTimer.h"
 
 #include <Wt/WContainerWidget>
 #include <vector>
@@ -15,7 +15,7 @@ class WSesViewList;
 
 /// The tab of KVM sessions: the list, the details of what is selected in it, and the actions that connect a
 /// session and disconnect the selected ones.
-class WSesView : public Wt::WContainerWidget
+class WSesView : public Wt::WContainerWidget, public MainView
 {
 public:
   explicit WSesView(Wt::WContainerWidget *parent = 0);
@@ -23,12 +23,10 @@ public:
   /// Reads list and details anew. The selection stays, without the sessions that have ended. The flag is
   /// there for what all views have in common: here is nothing unsaved that a reading could overwrite.
   virtual void readFromDatabase(bool force);
-  virtual void enableAutoRefresh();
-  virtual void disableAutoRefresh();
+  void readAnew() override;
   virtual void estabSesActionButtonClicked();
   virtual void discSesActionButtonClicked();
   virtual void sesListSelectionChangedHandler();
-  virtual void refreshTimerTimeout();
 
 private:
   void addActions(WNavAccordion &accordion);
@@ -39,7 +37,6 @@ private:
   WSesViewList *list;
   WSesViewDetails *details;
   WNavAccordionStdCell *disconnectCell;
-  WRefreshTimer refreshTimer;
   SignalConnection selectionConnection;
 };
 
