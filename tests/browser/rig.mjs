@@ -4,6 +4,7 @@ import { execFile, execFileSync, spawn } from 'node:child_process';
 import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
+import { createInterface } from 'node:readline';
 import { fileURLToPath } from 'node:url';
 import { promisify } from 'node:util';
 import { freePort, listening, openLine } from './ports.mjs';
@@ -29,6 +30,8 @@ class Rig {
   server = null;
   store = null;
   starts = 0;    // how often the server was started
+  isDown = false; // the switch restarts
+  restart = Promise.resolve();
 
   constructor(options) {
     this.options = { brand: 'unknown', liveliness: 0, seed: 1, fleet: 0, store: [], attributes: {}, line: false, server: [], environment: {}, ...options };
@@ -68,9 +71,23 @@ class Rig {
       '--liveliness', liveliness, '--seed', seed, '--password-rounds', 1000, ...(fleet ? ['--fleet', fleet] : []), ...this.options.store];
     const child = this.store = spawn(join(build, 'zel/zelsim'), args.map(String), { stdio: ['ignore', 'pipe', 'inherit'] });
     await new Promise((resolve, reject) => {
-      child.stdout.on('data', text => String(text).includes('ready') && resolve());
+      createInterface({ input: child.stdout }).on('line', word => {
+        if (word === 'ready') resolve();
+        this.#follow(word);
+      });
       child.once('error', reject).once('exit', () => reject(new Error('The simulated switch has ended.')));
     });
+  }
+
+  /// The web server goes down and comes up with its switch.
+  #follow(word) {
+    if (word === 'restarts') {
+      this.isDown = true;
+      this.restart = this.restart.then(() => this.stopServer());
+    } else if (this.isDown) {
+      this.isDown = false;
+      this.restart = this.restart.then(() => this.startServer()).catch(() => {});
+    }
   }
 
   /// Ends the simulated switch as a power cut would.
@@ -118,6 +135,7 @@ class Rig {
   get serverIsAlive() { return this.server !== null && this.server.exitCode === null && this.server.signalCode === null; }
 
   async end() {
+    await this.restart;
     const died = this.server && !this.serverIsAlive ? `${this.server.signalCode ?? `status ${this.server.exitCode}`}` : '';
     await this.#end('server', 'SIGTERM');
     await this.#end('store', 'SIGTERM');

@@ -108,6 +108,21 @@ test('neither the key nor the state of the switch can be fetched', async () => {
   assert.equal(await it.ended, 0);
 });
 
+test('the server goes down and comes up with its switch', async () => {
+  const port = await freePort();
+  const it = run('--port', port);
+  await started(it);
+  const first = programs(it);
+  const environment = { ...process.env, NEVO_STORE_SOCKET: /NEVO_STORE_SOCKET=(\S+)/.exec(it.text)[1] };
+  execFileSync(fileURLToPath(new URL('../../build/release/zel/zelctl', import.meta.url)), ['reset', 'swx', '1'], { env: environment });
+  await eventually(() => lives(first.server), alive => !alive);
+  await eventually(() => programs(it).server, now => now > 0);
+  await eventually(() => fetchStatus(port, '/').catch(() => 0), status => status === 200);
+  assert.equal(programs(it).store, first.store);
+  it.child.kill('SIGINT');
+  assert.equal(await it.ended, 0);
+});
+
 test('a server or a store that ends by accident is started again', async () => {
   const port = await freePort();
   const it = run('--port', port);

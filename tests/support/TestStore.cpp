@@ -35,23 +35,27 @@ std::string makeDirectory()
   return name;
 }
 
-// Reads from `fd` until the store says that it is ready.
-bool waitUntilReady(int fd)
+// Appends what comes within `timeoutMs`; false if nothing does, or no more ever will.
+bool listenTo(int fd, int timeoutMs, std::string &said)
 {
-  std::string said;
   char bytes[64];
-  for (;;) {
-    pollfd waiting{fd, POLLIN, 0};
-    int ready = ::poll(&waiting, 1, kStartTimeoutMs);
-    if (ready < 0 && errno == EINTR)
-      continue;
-    ssize_t got = ready > 0 ? ::read(fd, bytes, sizeof bytes) : 0;
-    if (got <= 0)
-      return false;
+  pollfd waiting{fd, POLLIN, 0};
+  int ready = -1;
+  do
+    ready = ::poll(&waiting, 1, timeoutMs);
+  while (ready < 0 && errno == EINTR);
+  ssize_t got = ready > 0 ? ::read(fd, bytes, sizeof bytes) : 0;
+  if (got > 0)
     said.append(bytes, static_cast<std::size_t>(got));
-    if (said.find("ready\n") != std::string::npos)
-      return true;
-  }
+  return got > 0;
+}
+
+unsigned countOf(const std::string &text, const std::string &line)
+{
+  unsigned count = 0;
+  for (std::size_t at = text.find(line + "\n"); at != std::string::npos; at = text.find(line + "\n", at + 1))
+    ++count;
+  return count;
 }
 
 } // namespace
@@ -117,10 +121,11 @@ void TestStore::start()
     ::_exit(127);
   }
   ::close(said[1]);
-  bool ready = waitUntilReady(said[0]);
-  ::close(said[0]);
-  if (!ready)
-    giveUp("the store does not start");
+  output_ = said[0];
+  said_.clear();
+  while (countOf(said_, "ready") == 0)
+    if (!listenTo(output_, kStartTimeoutMs, said_))
+      giveUp("the store does not start");
   ::setenv("NEVO_STORE_SOCKET", socket().c_str(), 1);
 }
 
@@ -146,6 +151,13 @@ bool TestStore::set(const std::string &resource, unsigned index, const std::stri
   return !control({"set", resource, std::to_string(index), parameter, value}).failed;
 }
 
+bool TestStore::hasSaid(const std::string &word, unsigned times)
+{
+  while (output_ >= 0 && listenTo(output_, 0, said_)) {
+  }
+  return countOf(said_, word) >= times;
+}
+
 void TestStore::kill()
 {
   if (pid_ > 0)
@@ -158,6 +170,9 @@ int TestStore::wait()
   int status = 0;
   pid_t ended = pid_ > 0 ? ::waitpid(pid_, &status, 0) : -1;
   pid_ = -1;
+  if (output_ >= 0)
+    ::close(output_);
+  output_ = -1;
   return ended > 0 && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

@@ -52,6 +52,9 @@ public:
   bool set(const std::string &resource, unsigned index, const std::string &parameter,
            const std::string &value) const;
 
+  // Whether the switch has said that word on its standard output so far: "ready" or "restarts".
+  bool hasSaid(const std::string &word, unsigned times = 1);
+
   // Ends the process at once, as a loss of power would.
   void kill();
   // Starts it again on what the database holds; kills it first if it still runs.
@@ -66,6 +69,8 @@ private:
   std::string directory_;
   std::string socketBefore_; // NEVO_STORE_SOCKET as it was
   pid_t pid_ = -1;
+  int output_ = -1;  // what it says, until it ends
+  std::string said_; // so far
 };
 
 #endif // TESTS_SUPPORT_TEST_STORE_H_

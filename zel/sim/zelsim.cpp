@@ -48,7 +48,11 @@ constexpr const char *kUsage =
     "  --describe           print all resources with types, limits and defaults, and end\n"
     "  --help               print this, and end\n"
     "\n"
-    "Fleet, sessions, alerts and seed shape a new database only. Prints \"ready\" when it listens.\n";
+    "Fleet, sessions, alerts and seed shape a new database only. Prints \"ready\" when clients can connect "
+    "and\n"
+    "\"restarts\" when the switch goes down to come back: whoever supervises the web server ends it with "
+    "the\n"
+    "switch, and starts it when the switch is ready again.\n";
 
 bool toNumber(const char *text, std::uint64_t most, std::uint64_t &number)
 {
@@ -168,8 +172,6 @@ int serve(const Options &options)
   Server server(world, commands, faults, options.server);
   if (!server.listen(problem))
     return fail(problem);
-  std::puts("ready");
-  std::fflush(stdout);
   return server.run() ? 0 : fail("the server's loop failed");
 }
 
@@ -195,6 +197,10 @@ int main(int argc, char **argv)
   // A full disk or a size limit is an error of a write, not the end of the store.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+  options.server.tell = [](const char *news) {
+    std::puts(news);
+    std::fflush(stdout);
+  };
   if (options.passwordIterations > 0)
     setPasswordIterations(options.passwordIterations);
   return serve(options);

@@ -116,9 +116,23 @@ TEST_F(DeviceReset, ofThisSwitchDropsEverybodyAndComesBack)
   ASSERT_EQ(0, set("swx", 1, {{"reset", "cold_reboot"}}));
   ASSERT_FALSE(store.control({"jump", "2"}).failed);
   EXPECT_TRUE(becomesDark());
+  EXPECT_TRUE(store.hasSaid("restarts"));
+  EXPECT_FALSE(store.hasSaid("ready", 2));
   ASSERT_FALSE(store.control({"jump", "10"}).failed);
   ASSERT_TRUE(isBack());
+  EXPECT_TRUE(store.hasSaid("ready", 2)) << "whoever supervises the web server hears of it";
   EXPECT_EQ(0u, rows("adminSession"));
+}
+
+TEST_F(DeviceReset, ofThisSwitchGoesOnAfterTheStoreWasKilled)
+{
+  ASSERT_EQ(0, set("swx", 1, {{"reset", "cold_reboot"}}));
+  ASSERT_FALSE(store.control({"jump", "4"}).failed);
+  store.kill();
+  // The store is ready when the switch is.
+  store.restart();
+  reconnect();
+  EXPECT_EQ("ready", text("swx", 1, "status"));
 }
 
 TEST_F(DeviceReset, fullDefaultsOfThisSwitchLoseTheAccountsAndTheNetworkSettings)

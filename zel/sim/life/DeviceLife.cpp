@@ -20,6 +20,8 @@ namespace
 {
 
 constexpr Clock::Milliseconds kPendingTime = 1000, downTime = 3000, configuringTime = 2000, switchTime = 6000;
+// So long the answer to the command that restarts this switch has to get out.
+constexpr Clock::Milliseconds kLastWords = 1000;
 
 void step(World &world, const Device &device);
 
@@ -200,7 +202,7 @@ void beginReset(World &world, const Device &device, const std::string &word)
   scheduleStep(world, device, switchTime);
   if (device.isSelf()) {
     forgetAdministrators(world);
-    goDark(world, switchTime);
+    goDark(world, kLastWords, switchTime);
   }
 }
 
@@ -234,8 +236,13 @@ void resumeDevices(World &world)
   for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource)) {
       const std::int64_t at = world.store.number(kind->resource, index, "returnsAt");
-      if (at > 1)
-        scheduleStep(world, {kind, index}, std::max<std::int64_t>(0, at * 1000 - world.clock.nowMs()));
+      const Device device = {kind, index};
+      if (at <= 1)
+        continue;
+      const Clock::Milliseconds rest = std::max<std::int64_t>(0, at * 1000 - world.clock.nowMs());
+      if (device.isSelf())
+        goDark(world, 0, rest);
+      scheduleStep(world, device, rest);
     }
 }
 

@@ -6,15 +6,27 @@
 namespace zelsim
 {
 
-void goDark(World &world, Clock::Milliseconds duration)
+namespace
+{
+
+void darken(Faults &faults)
+{
+  faults.drop = true;
+  faults.dark = true;
+  ++faults.restarts;
+}
+
+} // namespace
+
+void goDark(World &world, Clock::Milliseconds delay, Clock::Milliseconds duration)
 {
   if (!world.faults)
     return;
-  world.clock.after(1000, [&world] {
-    world.faults->drop = true;
-    world.faults->refuse = true;
-  });
-  world.clock.after(duration, [&world] { world.faults->refuse = false; });
+  if (delay > 0)
+    world.clock.after(delay, [&world] { darken(*world.faults); });
+  else
+    darken(*world.faults);
+  world.clock.after(duration, [&world] { world.faults->dark = false; });
 }
 
 } // namespace zelsim

@@ -7,9 +7,10 @@
 namespace zelsim
 {
 
-/// The switch restarts: a second from now, when the answer to the command is out, all clients are dropped,
-/// and nobody can connect until `duration` from now has passed.
-void goDark(World &world, Clock::Milliseconds duration);
+/// The switch restarts: after `delay`, which lets the answer to the command out, all clients are dropped,
+/// and nobody can connect until `duration` from now has passed. A delay of 0 takes effect at once: for a
+/// store that is started while its switch restarts.
+void goDark(World &world, Clock::Milliseconds delay, Clock::Milliseconds duration);
 
 } // namespace zelsim
 

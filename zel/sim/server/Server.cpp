@@ -54,11 +54,9 @@ Server::Server(World &world, const Commands &commands, Faults &faults, Options o
 Server::~Server()
 {
   peers_.clear();
-  if (listener_ >= 0)
-    ::unlink(options_.socket.c_str());
+  closeDoor();
   if (control_ >= 0)
     ::unlink(options_.control.c_str());
-  closeAndForget(listener_);
   closeAndForget(control_);
   closeAndForget(signals_);
   closeAndForget(epoll_);
@@ -85,13 +83,38 @@ bool Server::listen(std::string &problem)
     problem = std::strerror(errno);
     return false;
   }
-  listener_ = listenAt(options_.socket, problem);
-  if (listener_ < 0 || !watch(listener_, kListenerId))
+  isDown_ = faults_.dark;
+  restartsTold_ = faults_.restarts;
+  if (!isDown_ && !openDoor(problem))
     return false;
-  if (options_.control.empty())
-    return true;
-  control_ = listenAt(options_.control, problem);
-  return control_ >= 0 && watch(control_, kControlId);
+  if (!options_.control.empty()) {
+    control_ = listenAt(options_.control, problem);
+    if (control_ < 0 || !watch(control_, kControlId))
+      return false;
+  }
+  if (!isDown_)
+    tell("ready");
+  return true;
+}
+
+void Server::tell(const char *news) const
+{
+  if (options_.tell)
+    options_.tell(news);
+}
+
+bool Server::openDoor(std::string &problem)
+{
+  listener_ = listenAt(options_.socket, problem);
+  return listener_ >= 0 && watch(listener_, kListenerId);
+}
+
+void Server::closeDoor()
+{
+  if (listener_ < 0)
+    return;
+  ::unlink(options_.socket.c_str());
+  closeAndForget(listener_);
 }
 
 int Server::waitTime() const
@@ -338,23 +361,35 @@ void Server::setInterest(Entry &entry)
 
 void Server::applyFaults()
 {
-  if (faults_.refuse && listener_ >= 0) {
-    ::unlink(options_.socket.c_str());
-    closeAndForget(listener_);
-  } else if (!faults_.refuse && listener_ < 0) {
-    std::string problem;
-    listener_ = listenAt(options_.socket, problem);
-    if (listener_ < 0 || !watch(listener_, kListenerId)) {
-      std::fprintf(stderr, "zelsim: %s\n", problem.c_str());
-      faults_.refuse = true;
-    }
+  const bool open = !faults_.refuse && !faults_.dark;
+  if (!open)
+    closeDoor();
+  std::string problem;
+  if (open && listener_ < 0 && !openDoor(problem)) {
+    std::fprintf(stderr, "zelsim: %s\n", problem.c_str());
+    faults_.refuse = true;
   }
-  if (!faults_.drop)
-    return;
+  if (faults_.drop)
+    dropClients();
+  // A jump of the clock may lead over a whole restart.
+  if (restartsTold_ != faults_.restarts)
+    tell("restarts");
+  isDown_ = isDown_ || restartsTold_ != faults_.restarts;
+  restartsTold_ = faults_.restarts;
+  if (isDown_ && !faults_.dark)
+    tell("ready");
+  isDown_ = faults_.dark;
+}
+
+void Server::dropClients()
+{
   faults_.drop = false;
-  publisher_.hangUp();
-  for (auto entry = peers_.begin(); entry != peers_.end();)
-    entry = entry->second.peer->isControl() ? std::next(entry) : peers_.erase(entry);
+  std::vector<std::uint64_t> clients;
+  for (const auto &[id, entry] : peers_)
+    if (!entry.peer->isControl())
+      clients.push_back(id);
+  for (std::uint64_t id : clients)
+    drop(id);
 }
 
 void Server::dropStalled()
@@ -362,13 +397,14 @@ void Server::dropStalled()
   if (now_ < nextStallCheck_)
     return;
   nextStallCheck_ = now_ + kStallCheckPeriod;
-  for (auto entry = peers_.begin(); entry != peers_.end();) {
-    Peer &peer = *entry->second.peer;
-    bool stalled = peer.hasOutput() && peer.due() <= now_ && now_ - peer.stalledSince() > kLongestStall;
-    if (stalled)
-      publisher_.hangUp();
-    entry = stalled ? peers_.erase(entry) : std::next(entry);
+  std::vector<std::uint64_t> stalled;
+  for (const auto &[id, entry] : peers_) {
+    const Peer &peer = *entry.peer;
+    if (peer.hasOutput() && peer.due() <= now_ && now_ - peer.stalledSince() > kLongestStall)
+      stalled.push_back(id);
   }
+  for (std::uint64_t id : stalled)
+    drop(id);
 }
 
 void Server::drop(std::uint64_t id)

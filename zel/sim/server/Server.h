@@ -31,6 +31,9 @@ public:
     std::string socket;  // where clients connect
     std::string control; // where zelctl connects; empty: nowhere
     unsigned maxClients = 1024;
+    /// Told "ready" whenever clients can connect: at the start, and when the switch is back from a restart,
+    /// of whose beginning "restarts" tells.
+    std::function<void(const char *)> tell;
   };
 
   Server(World &world, const Commands &commands, Faults &faults, Options options);
@@ -64,7 +67,11 @@ private:
   void flush(Peer &peer);
   void setInterest(Entry &entry);
   void sendDue();
+  void tell(const char *news) const;
+  bool openDoor(std::string &problem);
+  void closeDoor();
   void applyFaults();
+  void dropClients();
   void dropStalled();
   void drop(std::uint64_t id);
 
@@ -80,6 +87,8 @@ private:
   int listener_ = -1;
   int control_ = -1;
   int signals_ = -1;
+  bool isDown_ = false; // as far as it was told: the switch restarts
+  unsigned restartsTold_ = 0;
   std::uint64_t lastId_;
   Time now_;
   std::vector<char> events_;
