@@ -24,6 +24,32 @@ void WAbstractItemView::repaint()
   element_->modelChanged();
 }
 
+// --- what is told: who asks for a signal is about to listen to it, which the page must learn
+
+Signal<WModelIndex, WMouseEvent> &WAbstractItemView::clicked()
+{
+  repaint();
+  return clicked_;
+}
+
+Signal<WModelIndex, WMouseEvent> &WAbstractItemView::doubleClicked()
+{
+  repaint();
+  return doubleClicked_;
+}
+
+Signal<WModelIndex, WMouseEvent> &WAbstractItemView::mouseWentDown()
+{
+  repaint();
+  return mouseWentDown_;
+}
+
+Signal<WModelIndex, WMouseEvent> &WAbstractItemView::mouseWentUp()
+{
+  repaint();
+  return mouseWentUp_;
+}
+
 // --- model
 
 void WAbstractItemView::setModel(WAbstractItemModel *model)
@@ -31,6 +57,7 @@ void WAbstractItemView::setModel(WAbstractItemModel *model)
   disconnectModel();
   model_ = model;
   selection_.clear();
+  element_->rowsMoved(true);
   if (model_) {
     connectModel();
     columns_.resize(model_->columnCount());
@@ -74,7 +101,7 @@ void WAbstractItemView::rowsInserted(WModelIndex, int first, int last)
   for (Cell &cell : selection_)
     if (cell.row >= first)
       cell.row += last - first + 1;
-  repaint();
+  element_->rowsMoved(false);
 }
 
 void WAbstractItemView::rowsRemoved(WModelIndex, int first, int last)
@@ -87,7 +114,7 @@ void WAbstractItemView::rowsRemoved(WModelIndex, int first, int last)
       if (cell.row > last)
         cell.row -= last - first + 1;
   }
-  repaint();
+  element_->rowsMoved(true);
 }
 
 void WAbstractItemView::columnsInserted(WModelIndex, int first, int last)
@@ -142,14 +169,14 @@ void WAbstractItemView::layoutChanged()
       insertSelected(cellOf(index));
   }
   tracked_.clear();
-  repaint();
+  element_->rowsMoved(false);
 }
 
 void WAbstractItemView::reset()
 {
   selection_.clear();
   columns_.resize(model_->columnCount());
-  repaint();
+  element_->rowsMoved(true);
 }
 
 // --- selection

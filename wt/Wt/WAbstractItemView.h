@@ -91,10 +91,10 @@ public:
   Signal<int, WLength> &columnResized() { return columnResized_; }
   Signal<> &selectionChanged() { return selectionChanged_; }
   /// The index is invalid where there is no cell.
-  Signal<WModelIndex, WMouseEvent> &clicked() { return clicked_; }
-  Signal<WModelIndex, WMouseEvent> &doubleClicked() { return doubleClicked_; }
-  Signal<WModelIndex, WMouseEvent> &mouseWentDown() { return mouseWentDown_; }
-  Signal<WModelIndex, WMouseEvent> &mouseWentUp() { return mouseWentUp_; }
+  Signal<WModelIndex, WMouseEvent> &clicked();
+  Signal<WModelIndex, WMouseEvent> &doubleClicked();
+  Signal<WModelIndex, WMouseEvent> &mouseWentDown();
+  Signal<WModelIndex, WMouseEvent> &mouseWentUp();
 
 protected:
   explicit WAbstractItemView(WContainerWidget *parent = nullptr);

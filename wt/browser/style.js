@@ -52,7 +52,7 @@ formSheet.replaceSync(`@layer wt{
 .Wt-dialogcover:has(~.Wt-dialogcover){background:none}
 .Wt-dialog{position:fixed;z-index:100;inset:0;width:fit-content;height:fit-content;margin:auto;max-width:calc(100vw - 16px);max-height:calc(100vh - 16px);border:1px solid;background:Canvas;color:CanvasText;overflow:auto}
 .Wt-dialog:focus{outline:none}
-.Wt-tv-body:focus-visible .Wt-current{outline:1px dotted;outline-offset:-1px}
+.Wt-tableview:focus-visible .Wt-current{outline:1px dotted;outline-offset:-1px}
 .Wt-dialog-grip{position:absolute;left:0;top:0;width:16px;height:16px;line-height:16px;text-align:center;touch-action:none;cursor:move}
 .Wt-dialog-grip:not(.Wt-resize,:focus-visible){opacity:0;pointer-events:none}
 .Wt-dialog-grip::before{content:"✥"}

@@ -4,12 +4,33 @@
 import { modifiers, mouseData } from './events.js';
 import { followPointer, sizeStep } from './layouts.js';
 import { tell } from './messages.js';
-import { behaviours, commands, properties, stateOf } from './page.js';
+import { behaviours, commands, configOf, properties, stateOf, whenApplied } from './page.js';
 
-properties.row = (el, value) => {
-  el.style.top = `calc(var(--wt-row)*${+value})`;
-  el.setAttribute('aria-rowindex', +value + 2);
-};
+const lists = new Set(); // elements of all lists on the page
+
+/// The number of a list's first row that exists.
+properties.first = (el, value) => { el.wtFirst = +value; };
+
+/// Rows stand below each other from the first one's number on.
+function placeRows(list) {
+  const contents = list.children[1].firstChild;
+  const { select } = configOf(list, 'table');
+  const striped = list.classList.contains('Wt-striped');
+  let number = contents.wtFirst ?? 0;
+  for (const row of contents.children) {
+    if (row.wtNumber !== number) {
+      row.wtNumber = number;
+      row.style.top = `calc(var(--wt-row)*${number})`;
+      row.setAttribute('aria-rowindex', number + 2);
+    }
+    row.classList.toggle('Wt-odd', striped && number % 2 === 1);
+    if (!row.id) row.id = 'wt-r' + stateOf(row).id;
+    if (select && !row.hasAttribute('aria-selected')) row.setAttribute('aria-selected', 'false');
+    ++number;
+  }
+}
+
+whenApplied.push(() => lists.forEach(placeRows));
 
 const columnOf = cell => +cell.dataset.column;
 const listKeys = new Set(['ArrowUp', 'ArrowDown', 'PageUp', 'PageDown', 'Home', 'End', ' ']);
@@ -18,6 +39,7 @@ const listKeys = new Set(['ArrowUp', 'ArrowDown', 'PageUp', 'PageDown', 'Home', 
 behaviours.table = {
   attach(el) {
     const [head, body] = el.children;
+    lists.add(el);
     const report = () => {
       if (el.wtScrollTo && body.clientHeight) {
         const wanted = el.wtScrollTo;
@@ -38,7 +60,7 @@ behaviours.table = {
 
     for (const [type, name] of [['mousedown', 'down'], ['mouseup', 'up'], ['click', 'click'], ['dblclick', 'dblclick']]) {
       body.addEventListener(type, e => {
-        if (el.getAttribute('aria-disabled')) return;
+        if (el.getAttribute('aria-disabled') || !configOf(el, 'table').tell.includes(name)) return;
         if (type === 'mousedown' && e.target === body && onScrollBar(body, e)) return;
         if (type === 'mousedown' && e.shiftKey) e.preventDefault();
         tell(el, 'table:' + name, { ...mouseData(el, e), a: placeOf(el, e.target) });
@@ -48,10 +70,11 @@ behaviours.table = {
       const [row, column] = placeOf(el, e.target);
       tell(el, 'table:check', { a: [row, column, e.target.checked ? 1 : 0] });
     });
-    body.addEventListener('keydown', e => {
+    el.addEventListener('keydown', e => {
       const all = e.key.toLowerCase() === 'a' && (e.ctrlKey || e.metaKey) && !e.altKey;
-      if (!(all || listKeys.has(e.key)) || e.target !== body || !stateOf(el).behaviours.table.select) return;
+      if (!(all || listKeys.has(e.key)) || e.target !== el) return;
       e.preventDefault();
+      if (!configOf(el, 'table').select) return scrollByKey(body, e.key);
       tell(el, 'table:key', { a: [e.keyCode, modifiers(e) ?? 0] });
     });
     body.addEventListener('mouseover', e => {
@@ -63,8 +86,17 @@ behaviours.table = {
     });
     headBehaviour(el, head);
   },
-  detach(el) { el.wtBodySize?.disconnect(); },
+  detach(el) {
+    lists.delete(el);
+    el.wtBodySize?.disconnect();
+  },
 };
+
+/// In a list without a selection the keys scroll.
+function scrollByKey(body, key) {
+  const line = body.firstChild.firstChild?.offsetHeight ?? 0, page = body.clientHeight, all = body.scrollHeight;
+  body.scrollTop += { ArrowUp: -line, ArrowDown: line, PageUp: -page, PageDown: page, Home: -all, End: all }[key] ?? 0;
+}
 
 /// True if the pointer is on a scroll bar of the element.
 function onScrollBar(el, { clientX, clientY }) {
@@ -72,12 +104,13 @@ function onScrollBar(el, { clientX, clientY }) {
   return clientX >= left + el.clientLeft + el.clientWidth || clientY >= top + el.clientTop + el.clientHeight;
 }
 
-/// Row and column numbers of a cell, -1 where there is none.
+/// The number of the row's element and the column's own: the row may be another one's by the time that the server hears
+/// of it, but the element is not. 0 and -1 where there is no cell.
 function placeOf(el, target) {
   const cell = target.closest('.Wt-tv-c'), row = cell?.parentElement;
-  if (!row?.matches('.Wt-tv-row')) return [-1, -1];
+  if (!row?.matches('.Wt-tv-row')) return [0, -1];
   const headCell = el.children[0].firstChild.children[[...row.children].indexOf(cell)];
-  return [row.getAttribute('aria-rowindex') - 2, columnOf(headCell)];
+  return [stateOf(row).id, columnOf(headCell)];
 }
 
 function headBehaviour(el, head) {

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <jansson.h>
 #include <mutex>
+#include <set>
 #include <stdexcept>
 #include <thread>
 
@@ -473,8 +474,44 @@ bool HeadlessBrowser::event(Node *node, const std::string &name, const std::stri
 {
   if (!actionable(node))
     return false;
-  sendNumbered(",\"e\":[[" + number(node->id) + ',' + quoted(name) + ',' + data + "]]");
+  const std::string told = toldByRow(*node, name, data);
+  if (told.empty())
+    return false;
+  sendNumbered(",\"e\":[[" + number(node->id) + ',' + quoted(name) + ',' + told + "]]");
   return true;
+}
+
+/// The data of an event on a cell of a list, `{"a":[row,column]}`, as the runtime tells them: with the number
+/// of the row's element in place of the row's. Empty if there is no such row on the page. Other data stay as
+/// they are.
+std::string HeadlessBrowser::toldByRow(const Node &list, const std::string &name,
+                                       const std::string &data) const
+{
+  static const std::set<std::string> kOnCells = {"table:down", "table:up", "table:click", "table:dblclick",
+                                                 "table:check"};
+  if (!kOnCells.count(name))
+    return data;
+  json_t *parsed = json_loads(data.c_str(), 0, nullptr);
+  json_t *arguments = json_object_get(parsed, "a");
+  const bool numbered = json_is_integer(json_array_get(arguments, 0));
+  const json_int_t row = json_integer_value(json_array_get(arguments, 0));
+  const Node *shown = nullptr;
+  for (const Node *candidate : page_.findAll([](const Node &n) { return n.tag == "~r"; })) {
+    const Node *above = candidate;
+    while (above && above != &list)
+      above = above->parent;
+    if (above && candidate->get(".row") == std::to_string(row))
+      shown = candidate;
+  }
+  std::string told = numbered ? std::string() : data;
+  if (numbered && (shown || row < 0)) {
+    json_array_set_new(arguments, 0, json_integer(shown ? shown->id : 0));
+    char *text = json_dumps(parsed, JSON_COMPACT);
+    told = text;
+    std::free(text);
+  }
+  json_decref(parsed);
+  return told;
 }
 
 bool HeadlessBrowser::script(Node *node, const std::string &name, const std::string &arguments)

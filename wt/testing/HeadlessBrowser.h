@@ -83,7 +83,8 @@ public:
   bool choose(Node *node, const std::string &itemText);
   bool check(Node *node, bool checked);
   bool focusOn(Node *node);
-  /// Any event, with data as JSON; does not bubble.
+  /// Any event, with data as JSON; does not bubble. Events on a list's cells name the row by its number;
+  /// a text in its place is told as it stands.
   bool event(Node *node, const std::string &name, const std::string &data = "{}");
   /// The same, with arguments as the inside of a JSON array.
   bool script(Node *node, const std::string &name, const std::string &arguments);
@@ -131,6 +132,7 @@ private:
   void send(const std::string &message);
   void sendNumbered(const std::string &members);
   bool actionable(const Node *node) const;
+  std::string toldByRow(const Node &list, const std::string &name, const std::string &data) const;
   bool fire(Node *node, const std::string &name, const std::string &data);
   void gather(Node *node, const std::string &name, const std::string &data, std::string &events) const;
   std::string focusMember(Node *node);

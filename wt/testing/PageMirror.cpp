@@ -111,6 +111,17 @@ void PageMirror::apply(json_t *operations)
   std::size_t i;
   json_t *operation;
   json_array_foreach(operations, i, operation) applyOne(operation);
+  for (auto &[id, node] : nodes_)
+    if (node->get("class") == "Wt-tv-contents")
+      numberRows(*node);
+}
+
+/// The rows of a list stand below each other from the first one's number, as the setting ".row" of each.
+void PageMirror::numberRows(Node &contents)
+{
+  int number = static_cast<int>(std::strtol(contents.get(".first").c_str(), nullptr, 10));
+  for (Node *row : contents.children)
+    row->settings[".row"] = std::to_string(number++);
 }
 
 void PageMirror::applyOne(json_t *operation)

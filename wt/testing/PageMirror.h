@@ -72,6 +72,7 @@ private:
   void detach(Node &child);
   void destroy(Node &gone);
   void set(Node &target, json_t *settings);
+  static void numberRows(Node &contents);
   void call(json_t *operation);
   void command(json_t *operation);
   void collect(const Node &from, const std::function<bool(const Node &)> &fits,

@@ -61,6 +61,38 @@ int TableElement::rowHeight() const
   return std::max(1, static_cast<int>(view_.rowHeight().toPixels()));
 }
 
+void TableElement::rowsMoved(bool removed)
+{
+  removals_ += removed ? 1 : 0;
+  // A list is often filled anew row by row: only names that may end by it are looked at.
+  if (namesMayEnd_)
+    for (Row &row : rows_)
+      row.name.rowsMoved(removed);
+  current_.name.rowsMoved(removed);
+  anchor_.name.rowsMoved(removed);
+  repaint();
+}
+
+void TableElement::mark(Mark &mark, int row)
+{
+  mark = Mark();
+  if (row < 0 || row >= rowCount())
+    return;
+  mark.row = row;
+  mark.name = RowName::ofRows(*view_.model(), row, row + 1).front();
+}
+
+void TableElement::settle(Mark &mark)
+{
+  if (mark.row < 0 || rowCount() == 0)
+    return;
+  const int row = mark.name.find(*view_.model(), mark.row);
+  if (row >= 0)
+    mark.row = row;
+  else
+    this->mark(mark, std::min(mark.row, rowCount() - 1));
+}
+
 WModelIndex TableElement::indexAt(int row, int column) const
 {
   const bool there = row >= 0 && row < rowCount() && column >= 0 && column < view_.model()->columnCount();
@@ -112,7 +144,24 @@ void TableElement::render(Dom::Element &e)
   e.setIf(!isEnabled(), "aria-disabled", "true");
   e.set("*--wt-columns", trackList());
   e.set("*--wt-row", std::to_string(rowHeight()) + "px");
-  e.set("!table", view_.selectionMode() == NoSelection ? "{}" : "{\"select\":1}");
+  e.set("tabindex", isEnabled() ? "0" : "-1");
+  e.set("!table", told());
+}
+
+/// What the runtime is to do and to tell of the mouse, since most lists do not listen for all of it.
+std::string TableElement::told() const
+{
+  const bool selects = view_.selectionMode() != NoSelection;
+  std::string names;
+  const auto add = [&names](bool wanted, const char *name) {
+    if (wanted)
+      names += (names.empty() ? "\"" : ",\"") + std::string(name) + '"';
+  };
+  add(selects || view_.mouseWentDown_.isConnected(), "down");
+  add(view_.mouseWentUp_.isConnected(), "up");
+  add(view_.clicked_.isConnected(), "click");
+  add(view_.doubleClicked_.isConnected(), "dblclick");
+  return std::string("{") + (selects ? "\"select\":1," : "") + "\"tell\":[" + names + "]}";
 }
 
 std::string TableElement::trackList() const
@@ -135,6 +184,7 @@ void TableElement::renderContents(Dom::Element &e)
     headRow_ = document.create("div", this);
     headRow_->set("class", "Wt-headerdiv");
     headRow_->set("role", "row");
+    headRow_->set("aria-rowindex", "1");
     head_->setChildren({headRow_});
     body_ = document.create("div", this);
     body_->set("class", "Wt-tv-body");
@@ -144,14 +194,16 @@ void TableElement::renderContents(Dom::Element &e)
     contents_->set("role", "presentation");
     body_->setChildren({contents_});
   }
-  body_->set("tabindex", isEnabled() ? "0" : "-1");
   headRow_->set("*height", view_.headerHeight().cssText());
   const std::vector<int> columns = visibleColumns();
   if (columns != columns_)
     dropCells();
   columns_ = columns;
   renderHead(document);
+  settle(current_);
+  settle(anchor_);
   renderBody(document);
+  renderCurrent();
   e.setChildren({head_, body_});
   if (pendingScroll_.first >= 0) {
     // Last of all: the row may have come with this very update.
@@ -217,14 +269,8 @@ void TableElement::renderBody(Dom::Document &document)
   const int top = std::max(0, std::min(scrollTop_, count * height - bodyHeight_));
   const int first = std::max(0, std::min(top / height - kRowsAround, count - 1));
   const int last = std::min(count, (top + bodyHeight_) / height + 1 + kRowsAround);
-  std::vector<Row> rows(std::max(0, last - first));
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const int at = firstRow_ + static_cast<int>(i) - first;
-    if (at >= 0 && at < static_cast<int>(rows.size()))
-      rows[at] = std::move(rows_[i]);
-  }
-  rows_.swap(rows);
-  firstRow_ = first;
+  nameRows(first, last);
+  contents_->setIf(first > 0, ".first", std::to_string(first));
 
   std::vector<Dom::Element *> elements;
   elements.reserve(rows_.size());
@@ -235,14 +281,46 @@ void TableElement::renderBody(Dom::Document &document)
   contents_->setChildren(elements);
 }
 
+/// Makes rows_ those from `first` to before `last`: with the elements of records that were in sight before.
+void TableElement::nameRows(int first, int last)
+{
+  std::map<RowName, Row> former;
+  for (Row &row : rows_) {
+    RowName name = row.name;
+    former.emplace(std::move(name), std::move(row));
+  }
+  rows_.clear();
+  namesMayEnd_ = false;
+  for (RowName &name : last > first ? RowName::ofRows(*view_.model(), first, last) : std::vector<RowName>()) {
+    const auto known = former.find(name);
+    if (known != former.end() && known->first == name) {
+      rows_.push_back(std::move(known->second));
+      former.erase(known);
+    } else {
+      rows_.emplace_back();
+    }
+    namesMayEnd_ = namesMayEnd_ || !name.lasts();
+    rows_.back().name = std::move(name);
+  }
+}
+
+/// Who reads by ear hears the row that the keyboard stands on.
+void TableElement::renderCurrent()
+{
+  const Row *row = nullptr;
+  for (const Row &shown : rows_)
+    if (shown.number == current_.row)
+      row = &shown;
+  element_->setIf(row && view_.selectionMode() != NoSelection, "aria-activedescendant",
+                  row ? "wt-r" + std::to_string(row->element->id()) : std::string());
+}
+
 std::string TableElement::rowClasses(int index) const
 {
   std::string classes;
   if (view_.selectionBehavior() == SelectRows && view_.rowSelected(index, 0))
     classes = "Wt-selected";
-  if (view_.alternatingRowColors() && index % 2 == 1)
-    classes += classes.empty() ? "Wt-odd" : " Wt-odd";
-  if (index == currentRow_ && view_.selectionMode() == ExtendedSelection)
+  if (index == current_.row && view_.selectionMode() == ExtendedSelection)
     classes += classes.empty() ? "Wt-current" : " Wt-current";
   return classes;
 }
@@ -251,11 +329,11 @@ void TableElement::renderRow(Row &row, int index, const std::vector<int> &column
 {
   if (!row.element) {
     row.element = document.create("~r", this);
-    row.element->set(".row", std::to_string(index));
     for (std::size_t i = 0; i < columns.size(); ++i)
       row.cells.push_back(document.create("~c", this));
     row.element->setChildren(row.cells);
   }
+  row.number = index;
   const std::string classes = rowClasses(index);
   row.element->setIf(!classes.empty(), "class", classes);
   const bool selected = view_.selectionBehavior() == SelectRows && view_.rowSelected(index, 0);
@@ -309,7 +387,7 @@ void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
   } else if (event.name == "table:key") {
     userPressedKey(number(event, 0), number(event, 1));
   } else if (event.name == "table:check") {
-    userChecks(number(event, 0), number(event, 1), number(event, 2) != 0);
+    userChecks(event);
   } else if (event.name.compare(0, 6, "table:") == 0) {
     mouse(event);
   } else {
@@ -317,41 +395,85 @@ void TableElement::handleDomEvent(Dom::Element &at, const RawEvent &event)
   }
 }
 
-void TableElement::mouse(const RawEvent &event)
+/// The row whose element the event names, or null.
+TableElement::Row *TableElement::rowOf(const RawEvent &event)
 {
-  const int row = number(event, 0);
-  const int column = number(event, 1);
-  const WMouseEvent mouseEvent = EventAccess::make<WMouseEvent>(event);
-  if (event.name == "table:down") {
-    const WModelIndex index = indexAt(row, column);
-    const std::weak_ptr<int> life = life_;
-    if (index.isValid() && mouseEvent.button() == WMouseEvent::LeftButton) {
-      currentRow_ = row;
-      roams_ = false;
-      if (!mouseEvent.modifiers().testFlag(ShiftModifier))
-        anchorRow_ = row;
-      view_.userSelects(index, mouseEvent.modifiers());
-    }
-    // A slot may have changed the model, or deleted the view.
-    if (!life.expired())
-      view_.mouseWentDown_.emit(indexAt(row, column), mouseEvent);
-  } else if (event.name == "table:up") {
-    view_.mouseWentUp_.emit(indexAt(row, column), mouseEvent);
-  } else if (event.name == "table:click") {
-    view_.clicked_.emit(indexAt(row, column), mouseEvent);
-  } else if (event.name == "table:dblclick") {
-    view_.doubleClicked_.emit(indexAt(row, column), mouseEvent);
-  }
+  const int id = number(event, 0);
+  for (Row &row : rows_)
+    if (row.element && static_cast<int>(row.element->id()) == id)
+      return &row;
+  return nullptr;
 }
 
-void TableElement::userChecks(int row, int column, bool checked)
+TableElement::Place TableElement::placeOf(const RawEvent &event)
 {
-  const WModelIndex index = indexAt(row, column);
+  Place place;
+  if (number(event, 0) == 0)
+    return place;
+  if (const Row *row = rowOf(event)) {
+    place.name = row->name;
+    place.row = row->number;
+    place.column = number(event, 1);
+    place.removals = removals_;
+  }
+  // The record may have gone since the page was rendered last.
+  place.gone = !indexAt(place).isValid();
+  return place;
+}
+
+WModelIndex TableElement::indexAt(const Place &place) const
+{
+  if (place.row < 0 || !view_.model())
+    return WModelIndex();
+  RowName name = place.name;
+  if (place.removals != removals_)
+    name.rowsMoved(true);
+  return indexAt(name.find(*view_.model(), place.row), place.column);
+}
+
+void TableElement::mouse(const RawEvent &event)
+{
+  const Place place = placeOf(event);
+  if (place.gone)
+    return;
+  const WMouseEvent mouseEvent = EventAccess::make<WMouseEvent>(event);
+  if (event.name == "table:down")
+    mouseDown(place, mouseEvent);
+  else if (event.name == "table:up")
+    view_.mouseWentUp_.emit(indexAt(place), mouseEvent);
+  else if (event.name == "table:click")
+    view_.clicked_.emit(indexAt(place), mouseEvent);
+  else if (event.name == "table:dblclick")
+    view_.doubleClicked_.emit(indexAt(place), mouseEvent);
+}
+
+void TableElement::mouseDown(const Place &place, const WMouseEvent &event)
+{
+  const WModelIndex index = indexAt(place);
+  const std::weak_ptr<int> life = life_;
+  if (index.isValid() && event.button() == WMouseEvent::LeftButton) {
+    mark(current_, index.row());
+    roams_ = false;
+    if (!event.modifiers().testFlag(ShiftModifier))
+      anchor_ = current_;
+    repaint();
+    view_.userSelects(index, event.modifiers());
+  }
+  // A slot may have changed the model, or deleted the view.
+  if (!life.expired())
+    view_.mouseWentDown_.emit(indexAt(place), event);
+}
+
+void TableElement::userChecks(const RawEvent &event)
+{
+  const Place place = placeOf(event);
+  const WModelIndex index = indexAt(place);
   if (!index.isValid())
     return;
-  const auto shown = std::find(columns_.begin(), columns_.end(), column);
-  if (row >= firstRow_ && row - firstRow_ < static_cast<int>(rows_.size()) && shown != columns_.end())
-    CellContent::noteChecked(*rows_[row - firstRow_].cells[shown - columns_.begin()], checked);
+  const bool checked = number(event, 2) != 0;
+  const auto shown = std::find(columns_.begin(), columns_.end(), place.column);
+  if (shown != columns_.end())
+    CellContent::noteChecked(*rowOf(event)->cells[shown - columns_.begin()], checked);
   repaint();
   if (index.flags().testFlag(ItemIsUserCheckable) && !index.data(CheckStateRole).empty())
     view_.model()->setData(index, boost::any(checked), CheckStateRole);
@@ -362,14 +484,16 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   const int count = rowCount();
   if (count == 0 || view_.selectionMode() == NoSelection)
     return;
+  settle(current_);
+  settle(anchor_);
   const int page = std::max(1, bodyHeight_ / rowHeight() - 1);
   // Who selects something else than by keys and mouse moves the keyboard there too.
   const bool astray =
       !roams_ && !view_.selection_.empty() &&
-      (currentRow_ < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != currentRow_));
-  const int current = std::min(astray ? view_.selection_[0].row : currentRow_, count - 1);
+      (current_.row < 0 || (view_.selection_.size() == 1 && view_.selection_[0].row != current_.row));
+  const int current = std::min(astray ? view_.selection_[0].row : current_.row, count - 1);
   if (astray)
-    anchorRow_ = current;
+    mark(anchor_, current);
   int row = current;
   switch (keyCode) {
   case Key_Up:
@@ -395,9 +519,9 @@ void TableElement::userPressedKey(int keyCode, int modifiers)
   }
   if (keyCode == Key_A)
     row = current;
-  currentRow_ = std::max(0, std::min(row, count - 1));
+  mark(current_, std::max(0, std::min(row, count - 1)));
   // First: a slot of the selection may delete the view.
-  scrollTo(currentRow_, WAbstractItemView::EnsureVisible);
+  scrollTo(current_.row, WAbstractItemView::EnsureVisible);
   selectByKey(keyCode, WFlags<KeyboardModifier>(static_cast<KeyboardModifier>(modifiers)));
 }
 
@@ -408,7 +532,7 @@ void TableElement::selectByKey(int keyCode, WFlags<KeyboardModifier> modifiers)
   const bool control = modifiers.testFlag(ControlModifier) || modifiers.testFlag(MetaModifier);
   const bool shift = modifiers.testFlag(ShiftModifier);
   const bool moves = keyCode != Key_Space && keyCode != Key_A;
-  const WModelIndex index = view_.model()->index(currentRow_, 0);
+  const WModelIndex index = view_.model()->index(current_.row, 0);
   roams_ = control && !shift && view_.selectionMode() == ExtendedSelection;
   if (view_.selectionMode() != ExtendedSelection) {
     if (keyCode != Key_A)
@@ -417,11 +541,11 @@ void TableElement::selectByKey(int keyCode, WFlags<KeyboardModifier> modifiers)
     if (control)
       selectRange(0, rowCount() - 1);
   } else if (shift) {
-    if (anchorRow_ < 0 || anchorRow_ >= rowCount())
-      anchorRow_ = currentRow_;
-    selectRange(std::min(anchorRow_, currentRow_), std::max(anchorRow_, currentRow_));
+    if (anchor_.row < 0 || anchor_.row >= rowCount())
+      anchor_ = current_;
+    selectRange(std::min(anchor_.row, current_.row), std::max(anchor_.row, current_.row));
   } else if (!control || !moves) {
-    anchorRow_ = currentRow_;
+    anchor_ = current_;
     view_.userSelects(index, modifiers);
   }
 }

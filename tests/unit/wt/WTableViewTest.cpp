@@ -330,8 +330,7 @@ TEST(WTableView, honoursToolTipsStyleClassesAndAlignment)
   EXPECT_TRUE(cell->hasClass("urgent"));
   EXPECT_TRUE(cell->hasClass("Wt-right"));
   EXPECT_TRUE(p.head(1)->hasClass("Wt-center"));
-  EXPECT_TRUE(p.row(1)->hasClass("Wt-odd"));
-  EXPECT_FALSE(p.row(0)->hasClass("Wt-odd"));
+  EXPECT_TRUE(p.list()->hasClass("Wt-striped"));
   EXPECT_EQ("30px", p.list()->get("*--wt-row"));
   EXPECT_EQ("40px", p.page.styled("Wt-headerdiv")->get("*height"));
 }
@@ -353,6 +352,194 @@ TEST(WTableView, tellsOfTheMouseByCellAndOfEmptySpace)
     p.event(name, "2,1");
   p.event("table:click", "-1,-1");
   EXPECT_EQ("down21 up21 click21 double21 click-", record.text);
+}
+
+namespace
+{
+
+/// What is pressed while the list changes under way: on the page, row 3 is pressed before it hears of
+/// `change`. Returns the name of the record that is selected then.
+std::string pressedWhile(TablePage &p, const std::function<void()> &change, int modifiers = 0)
+{
+  p.browser->disconnect();
+  p.press(3, modifiers);
+  p.page.run(change);
+  p.browser->reconnect();
+  std::string names;
+  for (const WModelIndex &index : p.view->selectedIndexes())
+    names += (names.empty() ? "" : " ") + asString(index.data()).toUTF8();
+  return names;
+}
+
+} // namespace
+
+TEST(WTableView, aPressSelectsTheRecordThatWasPressedWhereverItsRowIsByThen)
+{
+  TablePage p(30);
+  const auto insert = [&] {
+    p.model->insertRow(0);
+    p.model->setData(0, 0, boost::any(std::string("new on top")));
+  };
+  EXPECT_EQ("row 3", pressedWhile(p, insert));
+  EXPECT_EQ("row 3", asString(p.model->data(4, 0)).toUTF8());
+  EXPECT_EQ("4", p.shownSelected());
+}
+
+TEST(WTableView, aPressOnARecordThatIsGoneSelectsNothing)
+{
+  TablePage p(30);
+  EXPECT_EQ("", pressedWhile(p, [&] { p.model->removeRow(3); }));
+  EXPECT_EQ(0, p.changes);
+}
+
+TEST(WTableView, aPressFindsItsRecordInAListThatWasEmptiedAndFilledAnew)
+{
+  TablePage p(30);
+  const auto refill = [&] {
+    p.model->removeRows(0, 30);
+    p.model->insertRow(0);
+    p.model->setData(0, 0, boost::any(std::string("new on top")));
+    for (int i = 1; i < 30; ++i) {
+      p.model->insertRow(i);
+      p.model->setData(i, 0, boost::any("row " + std::to_string(i)));
+    }
+  };
+  EXPECT_EQ("row 3", pressedWhile(p, refill));
+}
+
+TEST(WTableView, aPressFindsItsRecordThroughASort)
+{
+  TablePage p(9);
+  EXPECT_EQ("row 3", pressedWhile(p, [&] { p.model->sort(0, DescendingOrder); }));
+  EXPECT_EQ("5", p.selected());
+}
+
+TEST(WTableView, aShiftedPressExtendsToTheRecordThatWasPressed)
+{
+  TablePage p(9, ExtendedSelection);
+  p.press(1);
+  const auto insert = [&] {
+    p.model->insertRow(0);
+    p.model->setData(0, 0, boost::any(std::string("new on top")));
+  };
+  EXPECT_EQ("row 1 row 2 row 3", pressedWhile(p, insert, ShiftModifier));
+}
+
+TEST(WTableView, recordsOfEqualNamesAreToldApart)
+{
+  TablePage p(9);
+  for (int row = 0; row < 9; ++row)
+    p.page.run([&] { p.model->setData(row, 0, boost::any(std::string("the same"))); });
+  pressedWhile(p, [&] { p.model->insertRow(0); });
+  EXPECT_EQ("4", p.selected());
+  // When they are made anew nobody can tell which of them was meant.
+  p.page.run([&] { p.view->clearSelection(); });
+  const auto refill = [&] {
+    p.model->removeRows(0, p.model->rowCount());
+    for (int row = 0; row < 9; ++row) {
+      p.model->insertRow(row);
+      p.model->setData(row, 0, boost::any(std::string("the same")));
+    }
+  };
+  EXPECT_EQ("", pressedWhile(p, refill));
+}
+
+TEST(WTableView, clicksAndTicksAreOfTheRecordThatWasUnderThePointer)
+{
+  TablePage p(9);
+  for (int row = 0; row < 9; ++row)
+    p.page.run([&] {
+      p.model->setData(row, 1, boost::any(false), CheckStateRole);
+      p.model->item(row, 1)->setFlags(ItemIsSelectable | ItemIsUserCheckable);
+    });
+  std::string told;
+  const auto note = [&](const WModelIndex &index) { told += asString(index.data()).toUTF8() + ';'; };
+  p.view->clicked().connect(std::bind(note, std::placeholders::_1));
+  p.view->doubleClicked().connect(std::bind(note, std::placeholders::_1));
+  p.browser->disconnect();
+  p.event("table:click", "3,0");
+  p.event("table:dblclick", "5,0");
+  p.event("table:check", "4,1,1");
+  p.page.run([&] { p.model->insertRow(0); });
+  p.browser->reconnect();
+  EXPECT_EQ("row 3;row 5;", told);
+  for (int row = 0; row < 9; ++row)
+    EXPECT_EQ(row == 4, boost::any_cast<bool>(p.model->data(row + 1, 1, CheckStateRole))) << row;
+}
+
+TEST(WTableView, theKeyboardStaysOnItsRecord)
+{
+  TablePage p(30, ExtendedSelection);
+  p.press(3);
+  p.page.run([&] {
+    p.model->insertRow(0);
+    p.model->setData(0, 0, boost::any(std::string("new on top")));
+  });
+  p.key(Key_Down);
+  EXPECT_EQ("5", p.selected());
+  p.key(Key_Up, ShiftModifier);
+  EXPECT_EQ("4 5", p.selected());
+}
+
+TEST(WTableView, aRowInsertedOnTopCostsThatRow)
+{
+  TablePage p(500);
+  p.event("table:scroll", "0,600");
+  p.page.run([&] {
+    p.model->insertColumns(2, 5);
+    for (int row = 0; row < 500; ++row)
+      for (int column = 2; column < 7; ++column)
+        p.model->setData(row, column, boost::any("value " + std::to_string(row)));
+  });
+  p.browser->resetCounters();
+  p.page.run([&] {
+    p.model->insertRow(0);
+    for (int column = 0; column < 7; ++column)
+      p.model->setData(0, column, boost::any("new value " + std::to_string(column)));
+  });
+  EXPECT_LE(p.browser->bytesReceived(), 700u) << p.browser->lastMessage();
+  EXPECT_EQ("new value 0", p.row(0)->children[0]->text);
+  EXPECT_EQ("row 0", p.row(1)->children[0]->text);
+}
+
+TEST(WTableView, thePageTellsOfTheMouseOnlyWhatIsListenedFor)
+{
+  TablePage p(3, NoSelection);
+  EXPECT_EQ("{\"tell\":[]}", p.list()->get("!table"));
+  p.page.run([&] { p.view->setSelectionMode(SingleSelection); });
+  EXPECT_EQ("{\"select\":1,\"tell\":[\"down\"]}", p.list()->get("!table"));
+  p.page.run([&] {
+    p.view->clicked().connect(std::bind([] {}));
+    p.view->doubleClicked().connect(std::bind([] {}));
+    p.view->mouseWentUp().connect(std::bind([] {}));
+  });
+  EXPECT_EQ("{\"select\":1,\"tell\":[\"down\",\"up\",\"click\",\"dblclick\"]}", p.list()->get("!table"));
+}
+
+TEST(WTableView, namesTheRowThatTheKeyboardStandsOnForWhoReadsByEar)
+{
+  TablePage p(100);
+  EXPECT_FALSE(p.list()->has("aria-activedescendant"));
+  EXPECT_EQ("0", p.list()->get("tabindex"));
+  p.press(4);
+  EXPECT_EQ("wt-r" + std::to_string(p.row(4)->id), p.list()->get("aria-activedescendant"));
+  p.key(Key_Down);
+  EXPECT_EQ("wt-r" + std::to_string(p.row(5)->id), p.list()->get("aria-activedescendant"));
+  p.event("table:scroll", "1600,200");
+  EXPECT_FALSE(p.list()->has("aria-activedescendant")) << "a row that is not on the page cannot be named";
+}
+
+TEST(WTableView, aRowThatThePageMakesUpIsPassedOver)
+{
+  TablePage p(3);
+  int told = 0;
+  p.view->clicked().connect(std::bind([&] { ++told; }));
+  p.page.run([] {});
+  const std::string list = std::to_string(p.list()->id);
+  for (const char *row : {"1", "999999", "-1", "4294967296"})
+    for (const char *name : {"table:down", "table:click", "table:check"})
+      p.browser->event(p.list(), name, "{\"a\":[\"" + std::string(row) + "\",0,1]}");
+  EXPECT_EQ("", p.selected());
 }
 
 TEST(WTableView, aModelMayDieBeforeItsView)
