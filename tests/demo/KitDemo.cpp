@@ -96,10 +96,6 @@ void KitDemo::addSection(const char *title, const std::vector<WSettingsTable *> 
   view.selectedIndexes = [this] { return selectedIndexes(); };
   view.refresh = [this] { refreshTimerTimeout(); };
   editings.emplace_back(new SettingsEditing(tab, view));
-  SettingsEditing *editing = editings.back().get();
-  tab->contentChanged().connect(editing, &SettingsEditing::contentChangedHandler);
-  tab->saveButton->clicked().connect(editing, &SettingsEditing::saveButtonClickedHandler);
-  tab->cancelButton->clicked().connect(editing, &SettingsEditing::cancelButtonClickedHandler);
   tabs.push_back(tab);
 }
 

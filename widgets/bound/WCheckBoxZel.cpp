@@ -102,6 +102,5 @@ void WCheckBoxZel::getZelParam(json_t *response, std::vector<unsigned int> &inde
 
 void WCheckBoxZel::contentChangedHandler()
 {
-  changedContent = true;
-  signalAContentChange();
+  endEdit();
 }

@@ -16,7 +16,7 @@ WComboBoxZel::WComboBoxZel(const char *resourceName, const char *parameterName, 
 bool WComboBoxZel::readFromDatabase(std::vector<unsigned int> &indexes, std::vector<std::string> &errors,
                                     bool force)
 {
-  if (hasFocus() || keepsEdit(force))
+  if (keepsFocus(hasFocus()) || keepsEdit(force))
     return false;
   std::string storeValue;
   const Agreement agreement = readCommon(indexes, storeValue, errors);
@@ -46,7 +46,7 @@ void WComboBoxZel::setZelParam(json_t *params)
 
 void WComboBoxZel::getZelParam(json_t *response, std::vector<unsigned int> &indexes, bool force)
 {
-  if (hasFocus() || keepsEdit(force))
+  if (keepsFocus(hasFocus()) || keepsEdit(force))
     return;
   std::string storeValue;
   const Agreement agreement = extractCommon(response, indexes, storeValue);
@@ -56,8 +56,7 @@ void WComboBoxZel::getZelParam(json_t *response, std::vector<unsigned int> &inde
 
 void WComboBoxZel::contentChangedHandler()
 {
-  changedContent = true;
-  signalAContentChange();
+  endEdit();
 }
 
 void WComboBoxZel::show(Agreement agreement, const std::string &storeValue, const char *function)

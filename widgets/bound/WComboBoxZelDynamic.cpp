@@ -56,7 +56,7 @@ std::list<std::string> WComboBoxZelDynamic::choicesIn(json_t *response) const
 bool WComboBoxZelDynamic::readFromDatabase(std::vector<unsigned int> &indexes,
                                            std::vector<std::string> &errors, bool force)
 {
-  if (hasFocus() || keepsEdit(force))
+  if (keepsFocus(hasFocus()) || keepsEdit(force))
     return false;
   updateListOfChoices();
   std::string choice;
@@ -66,7 +66,7 @@ bool WComboBoxZelDynamic::readFromDatabase(std::vector<unsigned int> &indexes,
 
 void WComboBoxZelDynamic::getZelParam(json_t *response, std::vector<unsigned int> &indexes, bool force)
 {
-  if (hasFocus() || keepsEdit(force))
+  if (keepsFocus(hasFocus()) || keepsEdit(force))
     return;
   updateListOfChoices();
   std::string choice;
@@ -85,8 +85,7 @@ bool WComboBoxZelDynamic::show(Agreement agreement, const std::string &choice)
   while (index < last && choiceOf(itemText(index).toUTF8()) != choiceOf(choice))
     ++index;
   setCurrentIndex(index);
-  changedContent = false;
-  return false;
+  return endRead(agreement);
 }
 
 bool WComboBoxZelDynamic::writeToDatabase(std::vector<unsigned int> &indexes,
@@ -108,8 +107,7 @@ void WComboBoxZelDynamic::setZelParam(json_t *params)
 
 void WComboBoxZelDynamic::contentChangedHandler()
 {
-  changedContent = true;
-  signalAContentChange();
+  endEdit();
 }
 
 std::string WComboBoxZelDynamic::currentChoice() const

@@ -14,7 +14,7 @@
  * has the focus, by a look at its text twice a second.
  *
  * A text set by the program never disturbs the user: it is dropped while the field has the focus or holds an
- * edit that was not yet told.
+ * edit that was not yet told, unless the field is told to give way.
  */
 template <class Edit> class WEditPlus : public Edit
 {
@@ -36,7 +36,7 @@ public:
 
   void setText(const Wt::WString &newText) override
   {
-    if (lastValue != this->text() || this->hasFocus())
+    if (!yields && (holdsUntoldEdit() || this->hasFocus()))
       return;
     lastValue = newText;
     Edit::setText(newText);
@@ -47,6 +47,24 @@ public:
   {
     changeTimer->setInterval(static_cast<int>(milliseconds));
   }
+
+  /// Whether the user has changed the text since it was last set or told.
+  bool holdsUntoldEdit() const { return lastValue != this->text(); }
+  /// Tells of such an edit.
+  void lookForChange()
+  {
+    if (!holdsUntoldEdit())
+      return;
+    const Wt::WString changed = this->text();
+    valueChangedSignal.emit(changed.toUTF8());
+    // A slot may have set another text, which is no edit.
+    if (holdsUntoldEdit())
+      lastValue = changed;
+  }
+
+protected:
+  /// Whether texts are set in spite of the user.
+  void setYields(bool yielding) { yields = yielding; }
 
 private:
   void init()
@@ -67,17 +85,9 @@ private:
 
   void timerExpiredHandler() { lookForChange(); }
 
-  void lookForChange()
-  {
-    if (lastValue == this->text())
-      return;
-    const Wt::WString changed = this->text();
-    valueChangedSignal.emit(changed.toUTF8());
-    lastValue = changed;
-  }
-
   Wt::Signal<std::string> valueChangedSignal;
   Wt::WString lastValue;
+  bool yields = false;
   std::unique_ptr<Wt::WTimer> changeTimer;
 };
 

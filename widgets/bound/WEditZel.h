@@ -64,11 +64,15 @@ public:
     endBulkRead(agreement);
   }
 
-  virtual void contentChangedHandler()
+  bool hasUnnoticedEdit() const override { return this->holdsUntoldEdit(); }
+  void noticeEdit() override { this->lookForChange(); }
+  void setGivesWay(bool gives) override
   {
-    changedContent = true;
-    signalAContentChange();
+    WWidgetZel::setGivesWay(gives);
+    this->setYields(gives);
   }
+
+  virtual void contentChangedHandler() { endEdit(); }
 
 protected:
   /// The text that shows a value.

@@ -2,7 +2,11 @@
 #include "WWidgetZel.h"
 
 #include "Db.h"
+#include "Text.h"
 #include "ZelObj.h"
+
+#include <Wt/WFormWidget>
+#include <Wt/WValidator>
 
 WWidgetZel::WWidgetZel(const char *resourceName, const char *parameterName, bool isIndexed)
     : resource(resourceName), param(parameterName), indexed(isIndexed), changedContent(false)
@@ -123,6 +127,7 @@ bool WWidgetZel::endRead(Agreement agreement)
   if (agreement == Unreadable)
     return true;
   changedContent = false;
+  showDifference(agreement == Differing);
   return false;
 }
 
@@ -130,4 +135,35 @@ void WWidgetZel::endBulkRead(Agreement agreement)
 {
   if (agreement != NoRecords)
     changedContent = false;
+  showDifference(agreement == Differing);
+}
+
+void WWidgetZel::endEdit()
+{
+  changedContent = true;
+  showDifference(false);
+  signalAContentChange();
+}
+
+void WWidgetZel::showDifference(bool differs)
+{
+  Wt::WFormWidget *form = dynamic_cast<Wt::WFormWidget *>(this);
+  if (!form)
+    return;
+  // A field that the user is in keeps its text.
+  differs = differs && form->valueText().empty();
+  if (differs == differing)
+    return;
+  differing = differs;
+  if (differs) {
+    ownToolTip = form->toolTip();
+    mandatoryOtherwise = form->validator() && form->validator()->isMandatory();
+    form->addStyleClass("nevo-differs");
+    form->setToolTip(text("The selected records differ here."));
+  } else {
+    form->removeStyleClass("nevo-differs");
+    form->setToolTip(ownToolTip);
+  }
+  if (mandatoryOtherwise && form->validator())
+    form->validator()->setMandatory(!differs);
 }

@@ -3,6 +3,7 @@
 #define WIDGETS_WWIDGET_ZEL_H_
 
 #include <Wt/WSignal>
+#include <Wt/WString>
 #include <jansson.h>
 #include <string>
 #include <vector>
@@ -42,6 +43,20 @@ public:
   virtual void clearContentChanged();
   virtual void setContentChanged();
 
+  /// Whether the widget is blank because the records differ that were read. A field that is edited shows it
+  /// by a mark and a tool tip, and is not invalid for being blank until the user changes it.
+  bool showsDifference() const { return differing; }
+  /// Whether such a field must not be left blank.
+  bool isMandatoryOtherwise() const { return mandatoryOtherwise; }
+
+  /// Whether the user typed something that the widget has not looked at yet, and the look at it.
+  virtual bool hasUnnoticedEdit() const { return false; }
+  virtual void noticeEdit() {}
+
+  /// While a widget gives way, a read also changes it where the user is in it or has typed something that
+  /// was not looked at: for reads of other records than those that the widget shows.
+  virtual void setGivesWay(bool gives) { givesWay = gives; }
+
   /// Emitted when the user changes the value.
   Wt::Signal<> &contentChanged() { return contentChangedSignal; }
   void signalAContentChange();
@@ -55,8 +70,10 @@ protected:
     Agreeing    ///< all have the value
   };
 
-  /// Whether a read has to leave the widget alone.
+  /// Whether a read has to leave the widget alone because of an edit.
   bool keepsEdit(bool force) const { return changedContent && !force; }
+  /// The same because the user is in it.
+  bool keepsFocus(bool focused) const { return focused && !givesWay; }
   /// Whether records should be named and none are.
   bool namesNoRecord(const std::vector<unsigned int> &indexes) const { return indexed && indexes.empty(); }
 
@@ -88,6 +105,8 @@ protected:
   void addTo(json_t *params, const std::string &value) const;
   void addTo(json_t *params, unsigned int value) const;
 
+  /// The user has changed the value.
+  void endEdit();
   /// Note that a read has been shown; the result is that of readFromDatabase().
   bool endRead(Agreement agreement);
   void endBulkRead(Agreement agreement);
@@ -99,8 +118,14 @@ protected:
   const char *const param;
   const bool indexed;
   bool changedContent;
+  bool givesWay = false;
 
 private:
+  void showDifference(bool differs);
+
+  bool differing = false;
+  bool mandatoryOtherwise = false;
+  Wt::WString ownToolTip; ///< which the mark's covers
   Wt::Signal<> contentChangedSignal;
 };
 

@@ -66,7 +66,7 @@ void WOsdActivateHotkeyCustom::setZelParam(json_t *params)
 
 void WOsdActivateHotkeyCustom::getZelParam(json_t *response, std::vector<unsigned int> &indexes, bool force)
 {
-  if (hasFocus() || keepsEdit(force))
+  if (keepsFocus(hasFocus()) || keepsEdit(force))
     return;
   first->setCurrentIndex(0);
   second->setCurrentIndex(0);
@@ -104,6 +104,5 @@ WWidgetZel::Agreement WOsdActivateHotkeyCustom::extractKeys(json_t *response,
 
 void WOsdActivateHotkeyCustom::contentChangedHandler()
 {
-  changedContent = true;
-  signalAContentChange();
+  endEdit();
 }

@@ -49,6 +49,5 @@ void WTarget::getZelParam(json_t *, std::vector<unsigned int> &, bool) {}
 
 void WTarget::contentChangedHandler()
 {
-  changedContent = true;
-  signalAContentChange();
+  endEdit();
 }

@@ -1,49 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "WSettingsTab.h"
 
-#include "Db.h"
-#include "Text.h"
 #include "WSettingsTable.h"
 
 #include <Wt/WHBoxLayout>
-#include <Wt/WPushButton>
-#include <Wt/WVBoxLayout>
 #include <algorithm>
-
-namespace
-{
-
-const int kSpacing = 10; ///< pixels
-
-} // namespace
 
 WSettingsTab::WSettingsTab(ChangeTracker::SubsectionId subsectionId,
                            const std::vector<InfoMgr_InfoID> &watched,
                            const std::vector<WSettingsTable *> &tabTables, Wt::WContainerWidget *parent)
-    : WSettingsTabBase(subsectionId, parent), saveButton(new Wt::WPushButton(text("Save"))),
-      cancelButton(new Wt::WPushButton(text("Cancel"))), tables(tabTables)
+    : WSettingsTabBase(subsectionId, parent), tables(tabTables)
 {
-  for (const InfoMgr_InfoID id : watched)
-    watches.push_back({id, 0});
-  saveButton->disable();
-  cancelButton->disable();
-
-  Wt::WVBoxLayout *layout = new Wt::WVBoxLayout();
-  layout->setSpacing(kSpacing);
-  Wt::WHBoxLayout *tableRow = new Wt::WHBoxLayout();
+  watch(watched);
+  Wt::WHBoxLayout *row = new Wt::WHBoxLayout();
   for (WSettingsTable *table : tables) {
-    tableRow->addWidget(table, 0, Wt::AlignTop);
+    row->addWidget(table, 0, Wt::AlignTop);
     table->contentChanged().connect(this, &WSettingsTab::tableChangedHandler);
   }
-  tableRow->addStretch(1);
-  layout->addLayout(tableRow);
-  Wt::WHBoxLayout *buttonRow = new Wt::WHBoxLayout();
-  buttonRow->addWidget(cancelButton);
-  buttonRow->addWidget(saveButton);
-  buttonRow->addStretch(1);
-  layout->addLayout(buttonRow);
-  layout->addStretch(1);
-  setLayout(layout);
+  row->addStretch(1);
+  layOut(row);
 }
 
 bool WSettingsTab::writeToDatabase(std::vector<unsigned int> indexes, std::vector<std::string> &errors)
@@ -67,21 +42,25 @@ bool WSettingsTab::writeOrKeep(const std::vector<unsigned int> &indexes, std::ve
   return true;
 }
 
-void WSettingsTab::readFromDatabase(bool force, std::vector<unsigned int> indexes, bool discardEdits)
+void WSettingsTab::readFromDatabase(bool force, std::vector<unsigned int> indexes, bool selectionChanged)
 {
-  if (anyWidgetHasFocus())
+  const Reading reading = readingFor(force, indexes, selectionChanged);
+  if (reading == NoReading)
     return;
-  if (!force && !newDataIsAvailable() && !discardEdits)
-    return;
-  const bool putBack = discardEdits || (force && !hasChanged());
-  for (WSettingsTable *table : tables)
-    table->readFromDatabase(indexes, putBack);
-}
-
-bool WSettingsTab::newDataIsAvailable()
-{
-  return std::any_of(watches.begin(), watches.end(),
-                     [](Watch &watch) { return Db_db.newDataIsAvailable(watch.id, watch.lastChange); });
+  const bool othersShown = !shows(indexes);
+  bool failed = false;
+  for (WSettingsTable *table : tables) {
+    table->setGivesWay(reading == OverTheUser);
+    table->readFromDatabase(indexes, reading != KeepingEdits);
+    if (table->isUnread()) {
+      failed = true;
+      // What belongs to other records must not stand there as if it were of these.
+      if (othersShown)
+        table->blankUnread();
+    }
+    table->setGivesWay(false);
+  }
+  endReading(indexes, failed);
 }
 
 bool WSettingsTab::anyWidgetHasFocus() const
@@ -106,7 +85,25 @@ bool WSettingsTab::isAnyValid()
   return valid;
 }
 
+bool WSettingsTab::hasUnnoticedEdit() const
+{
+  return std::any_of(tables.begin(), tables.end(),
+                     [](const WSettingsTable *table) { return table->hasUnnoticedEdit(); });
+}
+
+void WSettingsTab::noticeEdits()
+{
+  for (WSettingsTable *table : tables)
+    table->noticeEdits();
+}
+
+void WSettingsTab::forgetEdits()
+{
+  for (WSettingsTable *table : tables)
+    table->clearContentChanged();
+}
+
 void WSettingsTab::tableChangedHandler()
 {
-  contentChangedSignal.emit();
+  contentChanged().emit();
 }

@@ -157,7 +157,7 @@ void WSettingsTable::enterRow(WWidgetZel *field, Wt::WFormWidget *form, std::fun
                               const char *param)
 {
   const bool isEdited = static_cast<bool>(hasFocus);
-  rows.push_back({field, form, std::move(hasFocus), path, param});
+  rows.push_back({field, form, std::move(hasFocus), path, param, false});
   if (isEdited)
     field->contentChanged().connect(this, &WSettingsTable::contentChangedHandler);
 }
@@ -201,9 +201,9 @@ void WSettingsTable::readFromDatabase(std::vector<unsigned int> indexes, bool fo
   if (options & ReadsAtOnce) {
     readAtOnce(indexes, force);
   } else {
-    for (const Row &row : rows) {
+    for (Row &row : rows) {
       std::vector<std::string> dropped;
-      row.field->readFromDatabase(indexes, dropped, force);
+      row.unread = row.field->readFromDatabase(indexes, dropped, force) && !(isIndexed() && indexes.empty());
     }
   }
   if (force)
@@ -216,16 +216,46 @@ void WSettingsTable::readAtOnce(std::vector<unsigned int> &indexes, bool force)
   ZelResponse owner;
   if (!isIndexed() || !indexes.empty()) {
     json_t *response = 0;
-    if (fetch(indexes, response))
+    const bool failed = fetch(indexes, response);
+    for (Row &row : rows)
+      row.unread = failed;
+    if (failed)
       return;
     owner.reset(response);
   }
   NestedObjects objects(owner.get(), isIndexed());
-  for (const Row &row : rows) {
+  for (Row &row : rows) {
     json_t *object = objects.at(row.path);
+    row.unread = !object && owner;
     if (object || !owner)
       row.field->getZelParam(object, indexes, force);
   }
+}
+
+bool WSettingsTable::isUnread() const
+{
+  return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.unread; });
+}
+
+void WSettingsTable::blankUnread()
+{
+  std::vector<unsigned int> none;
+  std::vector<std::string> dropped;
+  for (const Row &row : rows) {
+    if (!row.unread || !isIndexed())
+      continue;
+    if (options & ReadsAtOnce)
+      row.field->getZelParam(0, none, true);
+    else
+      row.field->readFromDatabase(none, dropped, true);
+  }
+  adjustDependentWidgets();
+}
+
+void WSettingsTable::setGivesWay(bool gives)
+{
+  for (const Row &row : rows)
+    row.field->setGivesWay(gives);
 }
 
 bool WSettingsTable::fetch(const std::vector<unsigned int> &indexes, json_t *&response) const
@@ -335,12 +365,20 @@ bool WSettingsTable::counts(const Row &row) const
          !((options & CountsEnabledOnly) && row.form->isDisabled());
 }
 
+/// Whether the field follows its rule. One that is blank since records differ does not show it.
+bool WSettingsTable::follows(const Row &row) const
+{
+  if (row.field->showsDifference())
+    return !row.field->isMandatoryOtherwise();
+  return row.form->validate() == Wt::WValidator::Valid;
+}
+
 bool WSettingsTable::isAllValid()
 {
   // Every field is asked: each shows for itself whether it follows its rule.
   bool valid = true;
   for (const Row &row : rows)
-    if (counts(row) && row.form->validate() != Wt::WValidator::Valid)
+    if (counts(row) && !follows(row))
       valid = false;
   return valid;
 }
@@ -353,7 +391,7 @@ bool WSettingsTable::isAnyValid()
     if (!counts(row))
       continue;
     none = false;
-    if (row.form->validate() == Wt::WValidator::Valid)
+    if (follows(row))
       any = true;
   }
   return any || none;
@@ -365,6 +403,17 @@ bool WSettingsTable::anyWidgetHasFocus() const
     if (row.hasFocus && row.hasFocus())
       return true;
   return false;
+}
+
+bool WSettingsTable::hasUnnoticedEdit() const
+{
+  return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.field->hasUnnoticedEdit(); });
+}
+
+void WSettingsTable::noticeEdits()
+{
+  for (const Row &row : rows)
+    row.field->noticeEdit();
 }
 
 void WSettingsTable::setFocusOnFirst()

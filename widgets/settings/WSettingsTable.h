@@ -42,9 +42,16 @@ public:
   WSettingsTable(const char *resource, int options, const std::vector<Wt::WString> &headings,
                  Wt::WContainerWidget *parent = 0);
 
-  /// Shows the records. An edit of the user stays unless `force`. Failures are dropped: what cannot be read
-  /// keeps what it shows.
+  /// Shows the records. An edit of the user stays unless `force`: then every field shows the store's value.
+  /// Failures are dropped: what cannot be read keeps what it shows.
   virtual void readFromDatabase(std::vector<unsigned int> indexes, bool force = false);
+
+  /// Whether something could not be read the last time, and those fields, blank.
+  bool isUnread() const;
+  void blankUnread();
+
+  /// While the table gives way, a read also changes the field that the user is in.
+  void setGivesWay(bool gives);
 
   /// Gives each record what the user changed, and nothing else. True on failure.
   virtual bool writeToDatabase(std::vector<unsigned int> indexes, std::vector<std::string> &errors);
@@ -58,6 +65,10 @@ public:
 
   /// Whether the user is in one of the fields.
   virtual bool anyWidgetHasFocus() const;
+
+  /// Whether the user has typed something that was not noticed yet, and the notice of it.
+  bool hasUnnoticedEdit() const;
+  void noticeEdits();
 
   /// Puts the user into the first field that can be edited.
   void setFocusOnFirst();
@@ -135,6 +146,7 @@ private:
     std::function<bool()> hasFocus; ///< empty if it is not edited
     std::vector<std::string> path;  ///< the objects within the record
     const char *param;              ///< null: nothing is asked for
+    bool unread;                    ///< the last read failed
   };
 
   void enterRow(WWidgetZel *field, Wt::WFormWidget *form, std::function<bool()> hasFocus, const char *param);
@@ -145,6 +157,7 @@ private:
   bool writeRecord(unsigned int index, std::vector<std::string> &errors, bool &refused);
   void fill(json_t *params) const;
   bool counts(const Row &row) const;
+  bool follows(const Row &row) const;
 
   const int options;
   const std::string resourceName; ///< without a path

@@ -65,12 +65,11 @@ protected:
   {
     tab->registerDetailsMenuItem(item);
     tab->registerTableView(list_);
-    auto editing = std::make_unique<SettingsEditing>(
-        tab, SettingsEditing::View{[this] { return selected_; }, [this] { ++refreshes_; }}, afterFailure);
-    tab->contentChanged().connect(editing.get(), &SettingsEditing::contentChangedHandler);
-    tab->saveButton->clicked().connect(editing.get(), &SettingsEditing::saveButtonClickedHandler);
-    tab->cancelButton->clicked().connect(editing.get(), &SettingsEditing::cancelButtonClickedHandler);
-    return editing;
+    SettingsEditing::View view;
+    view.selectedIndexes = [this] { return selected_; };
+    view.refresh = [this] { ++refreshes_; };
+    view.saved = [this] { ++saves_; };
+    return std::make_unique<SettingsEditing>(tab, view, afterFailure);
   }
   // What the store says about receivers and users: when they changed last.
   void countChanges(unsigned int receivers, unsigned int users)
@@ -79,9 +78,9 @@ protected:
                                           "}, {\"index\": 6, \"lastChange\": " + std::to_string(users) +
                                           "}]");
   }
-  void read(bool force, bool discardEdits)
+  void read(bool force, bool selectionChanged)
   {
-    page_->act([&] { first_->readFromDatabase(force, selected_, discardEdits); });
+    page_->act([&] { first_->readFromDatabase(force, selected_, selectionChanged); });
   }
   // Reads until nothing is new any more.
   void settle()
@@ -120,6 +119,7 @@ protected:
   std::unique_ptr<SettingsEditing> secondEditing_;
   Indexes selected_ = {1};
   int refreshes_ = 0;
+  int saves_ = 0;
 };
 
 } // namespace
@@ -186,6 +186,7 @@ TEST_F(SettingsTabs, saveWritesWhatChangedInAllTablesAndEndsTheEditing)
   EXPECT_EQ(label(firstItem_), "First");
   EXPECT_FALSE(listIsLocked());
   EXPECT_EQ(refreshes_, 1);
+  EXPECT_EQ(saves_, 1);
 }
 
 TEST_F(SettingsTabs, aFailedSaveShowsTheStoresMessagesAndKeepsTheEditsAndTheMark)
@@ -339,7 +340,12 @@ TEST_F(SettingsTabs, aRefreshKeepsUnsavedEditsAndAForcedOneToo)
   read(true, false);
   EXPECT_EQ(value("Location"), "cellar");
   read(false, true);
-  EXPECT_EQ(value("Location"), "hall");
+  EXPECT_EQ(value("Location"), "cellar");
+  read(true, true);
+  EXPECT_EQ(value("Location"), "cellar");
+  EXPECT_EQ(label(firstItem_), "First*");
+  save();
+  EXPECT_THAT(written(), ElementsAre(R"({"index":1,"location":"cellar"})"));
 }
 
 TEST_F(SettingsTabs, aForcedReadOfATabThatIsNotMarkedPutsTheStoresValuesBack)
