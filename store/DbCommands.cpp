@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Db.h"
 #include "DbExchange.h"
-#include "Edid.h"
+#include "EdidFacts.h"
 #include "Security.h"
 #include "ZelReq.h"
 #include "ZelRsp.h"
 
 namespace
 {
-
-constexpr unsigned int kEdidSize = 256; // of a monitor's data in the store
 
 // A command that goes to a control resource by SET. `message` is logged if the request can't be made or
 // gets no response.
@@ -64,11 +62,8 @@ unsigned int takeEdid(const ZelResponse &response, char *buffer, unsigned int si
 {
   if (!response)
     return 1;
-  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
-    Db_db.interpZelErrors(errorsObject, errors, false);
-    Db_db.logZelErrors(errors);
+  if (DbExchange_failed(response.get(), errors))
     return 1;
-  }
   ZelRspUtil_getBinaryParam(response.get(), "data", buffer, size);
   return 0;
 }
@@ -162,11 +157,7 @@ unsigned int Db::getEdidInfo(unsigned int edidIndex, std::string &manufacturer, 
   char block[kEdidSize];
   if (takeEdid(ZelResponse(ZelReq_edidRetrieveByIndex(client, edidIndex)), block, sizeof block, errors))
     return 1;
-  Edid edid;
-  edid.populate(block, sizeof block);
-  edid.manufacturerIdGet(manufacturer);
-  edid.productCodeGet(productCode);
-  type = edid.isDigital() ? "[RSnnn]DVI" : "[RSnnn]VGA";
+  EdidFacts_read(block, manufacturer, productCode, type);
   return 0;
 }
 

@@ -72,11 +72,8 @@ unsigned int Db::findOffsetOfUInt32KeyInZelRsp(json_t *response, const char *key
 {
   if (!response)
     return 1;
-  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response, "errors")) {
-    interpZelErrors(errorsObject, errors, false);
-    logZelErrors(errors);
+  if (DbExchange_failed(response, errors))
     return 1;
-  }
   const int rows = ZelRspUtil_numEntries(response);
   for (int row = 0; row < rows; ++row) {
     const auto number = static_cast<unsigned int>(row);

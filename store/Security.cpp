@@ -127,11 +127,9 @@ unsigned int Security_logoutUserByUserIndex(unsigned int userIndex, std::vector<
   const ZelResponse response(ZelClient_getResponse(client, request.get()));
   if (!response)
     return 1;
-  if (json_t *errorsObject = ZelRspUtil_getObjectParam(response.get(), "errors")) {
-    // The store calls it an error that nobody at all is logged in. Here it means that nothing is to do.
-    std::vector<std::string> reasons;
-    Db_db.interpZelErrors(errorsObject, reasons, true);
-    Db_db.logZelErrors(reasons);
+  // The store calls it an error that nobody at all is logged in. Here it means that nothing is to do.
+  std::vector<std::string> reasons;
+  if (DbExchange_failed(response.get(), reasons, DbExchange_NoEntries::AreNone)) {
     errors.insert(errors.end(), reasons.begin(), reasons.end());
     return reasons.empty() ? 0 : 1;
   }

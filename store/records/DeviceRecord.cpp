@@ -12,9 +12,10 @@ constexpr char kSelect[] =
 constexpr char kSelectOfSwitch[] = "[\"index\",\"eid\",\"name\",\"detailedDeviceType\",\"firmwareVersion\","
                                    "\"status\",\"upgradeStatus\",\"usage\"]";
 
-DeviceRecord deviceOf(const RecordRows &rows, unsigned int row)
+template <Info_DeviceType Type> DeviceRecord deviceOf(const RecordRows &rows, unsigned int row)
 {
   DeviceRecord device;
+  device.type = Type;
   DeviceRows_readName(rows, row, device);
   device.detailedType = rows.text(row, "detailedDeviceType");
   device.firmwareVersion = rows.text(row, "firmwareVersion");
@@ -30,5 +31,15 @@ DeviceRecord deviceOf(const RecordRows &rows, unsigned int row)
 
 std::optional<std::vector<DeviceRecord>> DeviceRecord::readAll(Info_DeviceType type)
 {
-  return DeviceRows_retrieve(type, type == Info_DeviceType_Swx ? kSelectOfSwitch : kSelect).records(deviceOf);
+  switch (type) {
+  case Info_DeviceType_Rx:
+    return DeviceRows_retrieve(type, kSelect).records(deviceOf<Info_DeviceType_Rx>);
+  case Info_DeviceType_Tx:
+    return DeviceRows_retrieve(type, kSelect).records(deviceOf<Info_DeviceType_Tx>);
+  case Info_DeviceType_Swx:
+    return DeviceRows_retrieve(type, kSelectOfSwitch).records(deviceOf<Info_DeviceType_Swx>);
+  case Info_DeviceType_None:
+    break;
+  }
+  return std::nullopt;
 }

@@ -6,6 +6,7 @@
 
 /// A device, as the lists of devices show it or choose by it. What is a word is one of the store's.
 struct DeviceRecord : DeviceName {
+  Info_DeviceType type = Info_DeviceType_None;
   std::string detailedType;
   std::string firmwareVersion;
   std::string status;

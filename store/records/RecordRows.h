@@ -4,6 +4,7 @@
 
 #include "ZelValue.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,16 +18,19 @@ class RecordRows
 public:
   /// Takes over the response; null means that there was none.
   explicit RecordRows(json_t *response);
+  /// The rows of the list `list` within the record of a response, which is taken over.
+  static RecordRows nested(json_t *response, const char *key, const char *list);
 
   /// False if the store gave no answer, or one that tells of a failure.
   bool wereRead() const { return read; }
-  unsigned int count() const { return rows; }
 
   /// A value of a row, from 0: 0 or an empty text where the row has none of that type.
   unsigned int number(unsigned int row, const char *parameter) const;
   std::string text(unsigned int row, const char *parameter) const;
   /// None where the row has no such text.
   std::optional<std::string> textIfAny(unsigned int row, const char *parameter) const;
+  /// Copies at most `size` bytes and zeroes what is left of the buffer.
+  void bytes(unsigned int row, const char *parameter, char *buffer, std::size_t size) const;
   /// The row itself, which this object owns.
   json_t *row(unsigned int row) const;
 
@@ -44,7 +48,11 @@ public:
   }
 
 private:
+  json_t *values() const { return list ? list.get() : response.get(); }
+  void countRows();
+
   ZelResponse response;
+  ZelObject list; // the rows, where they are not the response itself
   bool read;
   unsigned int rows;
 };

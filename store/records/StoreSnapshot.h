@@ -3,12 +3,13 @@
 #define STORE_STORE_SNAPSHOT_H_
 
 #include "ConnectionRecord.h"
-#include "DeviceName.h"
+#include "DeviceRecord.h"
 #include "RecordIndex.h"
 #include "UserRecord.h"
 #include "UserSessionRecord.h"
 
 #include <string>
+#include <unordered_map>
 
 /// What the rows of a list need from other resources: names of devices and users, who works where.
 ///
@@ -24,6 +25,11 @@ public:
   std::string receiver(unsigned int rxIndex);
   std::string transmitter(unsigned int txIndex);
   std::string networkSwitch(unsigned int swxIndex);
+  /// The name or EID of the switch at one of whose ports the device with that EID hangs, empty for none.
+  std::string switchOf(const std::string &eid);
+
+  /// The status of a device as one text for people, as Db::getRxOverallStatus() and its like give it.
+  std::string overallStatus(const DeviceRecord &device);
 
   /// The record of an index, or null. It lives as long as this object, as those below do.
   const UserRecord *user(unsigned int userIndex);
@@ -45,6 +51,8 @@ private:
     std::string nameOf(unsigned int device);
   };
 
+  void readPorts();
+
   Devices receivers;
   Devices transmitters;
   Devices switches;
@@ -55,6 +63,8 @@ private:
   RecordsOnce<ConnectionRecord> connections;
   RecordIndex<ConnectionRecord> connectionByReceiver;
   RecordIndex<ConnectionRecord> connectionByTransmitter;
+  std::unordered_map<std::string, unsigned int> switchByEid;
+  bool portsAreRead;
 };
 
 #endif // STORE_STORE_SNAPSHOT_H_
