@@ -271,11 +271,12 @@ void EdidReport::addGamma()
 {
   const int gamma = bytes_[23];
   addBytes("\n\n      ", 23, 1);
-  // A division of integers: whatever is defined reads 1.000.
+  // The division is of whole numbers, so every gamma that is defined reads 1.000.
+  const int factor = gamma / 255;
   if (gamma == 255)
     add("\n      Display Transfer Characteristic (Gamma) = Not Defined Here");
   else
-    add("\n      Display Transfer Characteristic (Gamma) = %0.3f", gamma / 255 * 2.54 + 1.0);
+    add("\n      Display Transfer Characteristic (Gamma) = %0.3f", factor * 2.54 + 1.0);
 }
 
 void EdidReport::addFeatures()

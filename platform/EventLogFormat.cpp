@@ -2,6 +2,7 @@
 #include "EventLog.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
@@ -120,7 +121,7 @@ std::string printInteger(const Directive &directive, const EventLogArgument &arg
   if (directive.conversion == 'd' || directive.conversion == 'i') {
     long long value = signedValue(argument);
     if (directive.length == "hh")
-      value = static_cast<signed char>(value);
+      value = static_cast<std::int8_t>(value); // NOLINT(bugprone-signed-char-misuse)
     else if (directive.length == "h")
       value = static_cast<short>(value);
     return print(directive, "ll", value);
