@@ -5,6 +5,7 @@
 #include "NevoUtil.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 std::string NevoPath_brand()
 {
@@ -20,9 +21,16 @@ const std::string &NevoPath_themeBase()
   return pathBase;
 }
 
+std::string NevoPath_settingsBase()
+{
+  const char *named = std::getenv("NEVO_SETTINGS_DIR");
+  const std::string folder = named && *named == '/' ? named : "/data/settings";
+  return folder.back() == '/' ? folder : folder + "/";
+}
+
 const std::string &NevoPath_iconsBase()
 {
-  static const std::string iconsBase = "/data/settings/icons/" + NevoPath_brand() + "/";
+  static const std::string iconsBase = NevoPath_settingsBase() + "icons/" + NevoPath_brand() + "/";
   return iconsBase;
 }
 

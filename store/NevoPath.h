@@ -8,6 +8,10 @@
 /// restart.
 const std::string &NevoPath_themeBase();
 
+/// The absolute path of the folder that the store keeps settings archives and icons in, with a trailing "/":
+/// "/data/settings/", unless the environment variable NEVO_SETTINGS_DIR names another.
+std::string NevoPath_settingsBase();
+
 /// The absolute path of the folder of the brand's transmitter icons, with a trailing "/". Read once.
 const std::string &NevoPath_iconsBase();
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A whole system for one test file: a simulated switch and the web server, on ports and folders of their own.
 import { execFile, execFileSync, spawn } from 'node:child_process';
-import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { cpSync, existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, symlinkSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { createInterface } from 'node:readline';
@@ -39,6 +39,7 @@ class Rig {
       ...process.env,
       NEVO_STORE_SOCKET: join(this.folder, 'store'),
       NEVO_ATTRIBUTES: join(this.folder, 'attributes'),
+      NEVO_SETTINGS_DIR: join(this.folder, 'settings'),
       NEVO_LOG_STDERR: '1',
       ...this.options.environment,
     };
@@ -53,6 +54,11 @@ class Rig {
     mkdirSync(join(this.folder, 'www/resources'), { recursive: true });
     for (const part of ['themes', 'msgs-general.xml'])
       cpSync(join(root, 'resources', part), join(this.folder, 'www/resources', part), { recursive: true });
+    // Icons are files of the switch and parts of pages under the same path, so they lie below the document root.
+    const settings = this.environment.NEVO_SETTINGS_DIR;
+    mkdirSync(join(this.folder, 'www', settings, 'icons'), { recursive: true });
+    mkdirSync(settings);
+    symlinkSync(join(this.folder, 'www', settings, 'icons'), join(settings, 'icons'));
     this.tls = makeTls(this.folder);
     this.port = await freePort();
     if (store) await this.startStore();
@@ -67,9 +73,9 @@ class Rig {
   async startStore() {
     const { brand, liveliness, seed, fleet } = this.options;
     const args = ['--socket', this.environment.NEVO_STORE_SOCKET, '--database', join(this.folder, 'switch.db'),
-      '--settings', join(this.folder, 'settings'), '--icons', join(this.folder, 'icons'), '--oem', brand,
+      '--oem', brand,
       '--liveliness', liveliness, '--seed', seed, '--password-rounds', 1000, ...(fleet ? ['--fleet', fleet] : []), ...this.options.store];
-    const child = this.store = spawn(join(build, 'zel/zelsim'), args.map(String), { stdio: ['ignore', 'pipe', 'inherit'] });
+    const child = this.store = spawn(join(build, 'zel/zelsim'), args.map(String), { stdio: ['ignore', 'pipe', 'inherit'], env: this.environment });
     await new Promise((resolve, reject) => {
       createInterface({ input: child.stdout }).on('line', word => {
         if (word === 'ready') resolve();

@@ -35,6 +35,20 @@ std::string makeDirectory()
   return name;
 }
 
+std::string setting(const char *name)
+{
+  const char *value = std::getenv(name);
+  return value ? value : "";
+}
+
+void restore(const char *name, const std::string &value)
+{
+  if (value.empty())
+    ::unsetenv(name);
+  else
+    ::setenv(name, value.c_str(), 1);
+}
+
 // Appends what comes within `timeoutMs`; false if nothing does, or no more ever will.
 bool listenTo(int fd, int timeoutMs, std::string &said)
 {
@@ -64,20 +78,17 @@ TestStore::TestStore() : TestStore(Options{}) {}
 
 TestStore::TestStore(Options options) : options_(std::move(options)), directory_(makeDirectory())
 {
-  if (const char *before = std::getenv("NEVO_STORE_SOCKET"))
-    socketBefore_ = before;
+  socketBefore_ = setting("NEVO_STORE_SOCKET");
+  settingsBefore_ = setting("NEVO_SETTINGS_DIR");
   std::filesystem::create_directory(settingsDirectory());
-  std::filesystem::create_directory(iconDirectory());
   start();
 }
 
 TestStore::~TestStore()
 {
   kill();
-  if (socketBefore_.empty())
-    ::unsetenv("NEVO_STORE_SOCKET");
-  else
-    ::setenv("NEVO_STORE_SOCKET", socketBefore_.c_str(), 1);
+  restore("NEVO_STORE_SOCKET", socketBefore_);
+  restore("NEVO_SETTINGS_DIR", settingsBefore_);
   std::error_code ignored;
   std::filesystem::remove_all(directory_, ignored);
 }
@@ -91,8 +102,6 @@ void TestStore::start()
                                     database(),
                                     "--settings",
                                     settingsDirectory(),
-                                    "--icons",
-                                    iconDirectory(),
                                     "--fleet",
                                     std::to_string(options_.fleet),
                                     "--seed",
@@ -127,6 +136,7 @@ void TestStore::start()
     if (!listenTo(output_, kStartTimeoutMs, said_))
       giveUp("the store does not start");
   ::setenv("NEVO_STORE_SOCKET", socket().c_str(), 1);
+  ::setenv("NEVO_SETTINGS_DIR", settingsDirectory().c_str(), 1);
 }
 
 TestStore::Outcome TestStore::control(const std::vector<std::string> &words) const

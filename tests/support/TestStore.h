@@ -13,8 +13,8 @@
 // with its directory when the object is.
 //
 // The environment's NEVO_STORE_SOCKET points to the store that was started last, so that ZelClient_new()
-// reaches it; destroying the store takes the setting back. Failures to start abort the test program with
-// a word on stderr, since nothing else can work then.
+// reaches it, and NEVO_SETTINGS_DIR to its folder of settings; destroying the store takes both back. Failures
+// to start abort the test program with a word on stderr, since nothing else can work then.
 class TestStore
 {
 public:
@@ -40,7 +40,7 @@ public:
   std::string socket() const { return directory_ + "/store.sock"; }
   std::string database() const { return directory_ + "/store.db"; }
   std::string settingsDirectory() const { return directory_ + "/settings"; }
-  std::string iconDirectory() const { return directory_ + "/icons"; }
+  std::string iconDirectory() const { return settingsDirectory() + "/icons"; }
   pid_t pid() const { return pid_; }
 
   // A control command as zelctl takes it: control({"set", "rx", "1", "status", "offline"}).
@@ -67,7 +67,8 @@ private:
 
   Options options_;
   std::string directory_;
-  std::string socketBefore_; // NEVO_STORE_SOCKET as it was
+  std::string socketBefore_;   // NEVO_STORE_SOCKET as it was
+  std::string settingsBefore_; // NEVO_SETTINGS_DIR as it was
   pid_t pid_ = -1;
   int output_ = -1;  // what it says, until it ends
   std::string said_; // so far

@@ -9,9 +9,9 @@ namespace zelclient
 namespace
 {
 
-// A list of sessions is made of some thousand answers of one parameter each.
-constexpr std::size_t kMaxEntries = 8192;
-constexpr std::size_t kMaxBytes = 4 * 1024 * 1024;
+// A list of 5,000 devices is made of four answers for each.
+constexpr std::size_t kMaxEntries = 40960;
+constexpr std::size_t kMaxBytes = 16 * 1024 * 1024;
 
 // What an answer counts for: both texts, and what even the shortest one costs beside them.
 std::size_t sizeOf(const HeldAnswer &answer)

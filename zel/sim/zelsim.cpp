@@ -9,6 +9,7 @@
 #include <charconv>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -40,8 +41,9 @@ constexpr const char *kUsage =
     "  --seed N             same seed, same story (default 1)\n"
     "  --liveliness N       0: nothing happens by itself; 1: calm (default); 10: a busy day\n"
     "  --oem NAME           brand whose icon files are used (default nevo)\n"
-    "  --icons DIR          where icon files are kept\n"
-    "  --settings DIR       where settings archives are written (default /data/settings)\n"
+    "  --settings DIR       where settings archives are written (default: the environment's\n"
+    "                       NEVO_SETTINGS_DIR, else /data/settings)\n"
+    "  --icons DIR          where icon files are kept (default: \"icons\" in the folder of --settings)\n"
     "  --max-clients N      most connections at once (default 1024)\n"
     "  --password-rounds N  work of a password's hash (default: some 20 ms)\n"
     "  --accounts           print the administrators of a new switch with their passwords, and end\n"
@@ -180,6 +182,8 @@ int serve(const Options &options)
 int main(int argc, char **argv)
 {
   Options options;
+  if (const char *folder = std::getenv("NEVO_SETTINGS_DIR"); folder && *folder)
+    options.settings.settingsRoot = folder;
   if (!readOptions(argc, argv, options))
     return 2;
   if (options.help) {

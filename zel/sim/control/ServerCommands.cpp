@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "control/ServerCommands.h"
 
+#include "control/FaultCommands.h"
+#include "control/Names.h"
 #include "data/JsonText.h"
+#include "rules/ErrorText.h"
 #include "rules/Validate.h"
-
-#include <charconv>
 
 namespace zelsim
 {
@@ -16,12 +17,6 @@ using Words = std::vector<std::string>;
 
 constexpr std::int64_t kLongestJump = 30LL * 24 * 3600;
 
-bool readNumber(const std::string &text, std::int64_t &number)
-{
-  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size();
-}
-
 // A parameter of a record by the words of a command.
 struct Place {
   const Resource *resource = nullptr;
@@ -32,16 +27,12 @@ struct Place {
 // Fills `place`; the text says what is wrong, empty if nothing is.
 std::string findPlace(const World &world, const Words &words, Place &place)
 {
-  std::int64_t index = 0;
   place.resource = findResource(words[0]);
   if (!place.resource)
     return "unknown resource \"" + words[0] + "\"";
-  if (!readNumber(words[1], index) || index < 0)
-    return "\"" + words[1] + "\" is no index";
-  place.index = static_cast<unsigned>(index);
-  if (!world.store.exists(words[0], place.index))
-    return words[0] + " has no record " + words[1] +
-           (place.resource->single ? " (its one record has index 0)" : "");
+  std::string wrong;
+  if (!findRecord(world, *place.resource, words[1], place.index, wrong))
+    return wrong;
   if (words.size() < 3)
     return {};
   place.position = place.resource->position(words[2]);
@@ -95,8 +86,8 @@ Outcome set(World &world, const Words &words)
   std::vector<Problem> problems;
   validate(row, given.get(), problems);
   if (!given || !problems.empty())
-    return {true, "\"" + words[3] + "\" is not allowed (error " +
-                      std::to_string(problems.empty() ? kInvalidSyntax : problems[0].number) + ")"};
+    return {true, "\"" + words[3] + "\" is not allowed: " +
+                      describeProblem(problems.empty() ? Problem(kInvalidSyntax) : problems[0])};
   world.store.set(
       *place.resource, place.index, place.position,
       toValue(row, given.get(), *world.store.value(*place.resource, place.index, place.position)));
@@ -113,24 +104,6 @@ Outcome listRecords(World &world, const Words &words)
   return {false, out};
 }
 
-Outcome slow(Faults &faults, const Words &words)
-{
-  std::int64_t delay = 0;
-  if (words[0] != "off" && (!readNumber(words[0], delay) || delay < 0 || delay > 600 * 1000))
-    return {true, "\"" + words[0] + "\" is no number of milliseconds"};
-  faults.slowMs = static_cast<int>(delay);
-  return {};
-}
-
-Outcome cut(Faults &faults, const Words &words)
-{
-  std::int64_t answers = 1;
-  if (!words.empty() && (!readNumber(words[0], answers) || answers < 0 || answers > 1000000))
-    return {true, "\"" + words[0] + "\" is no number of answers"};
-  faults.cut = static_cast<unsigned>(answers);
-  return {};
-}
-
 Outcome jump(World &world, const Words &words)
 {
   std::int64_t seconds = 0;
@@ -138,17 +111,6 @@ Outcome jump(World &world, const Words &words)
     return {true, "\"" + words[0] + "\" is no number of seconds up to " + std::to_string(kLongestJump)};
   world.clock.jump(seconds * 1000);
   return {};
-}
-
-// A handler that sets a fault on or off.
-Commands::Handler onOff(bool &fault)
-{
-  return [&fault](World &, const Words &words) -> Outcome {
-    if (words[0] != "on" && words[0] != "off")
-      return {true, "\"" + words[0] + "\" is neither on nor off"};
-    fault = words[0] == "on";
-    return {};
-  };
 }
 
 } // namespace
@@ -164,16 +126,7 @@ void addServerCommands(Commands &commands, Faults &faults)
                [](World &, const Words &) {
                  return Outcome{false, describeCatalogue()};
                });
-  commands.add("slow", "MS|off", "answer every request so much later", 1, 1,
-               [&faults](World &, const Words &words) { return slow(faults, words); });
-  commands.add("silent", "on|off", "read requests and answer none", 1, 1, onOff(faults.silent));
-  commands.add("refuse", "on|off", "listen no more, so that connecting fails", 1, 1, onOff(faults.refuse));
-  commands.add("cut", "[COUNT]", "cut the next answer, or so many, in the middle", 0, 1,
-               [&faults](World &, const Words &words) { return cut(faults, words); });
-  commands.add("drop", "", "disconnect all clients", 0, 0, [&faults](World &, const Words &) {
-    faults.drop = true;
-    return Outcome{};
-  });
+  addFaultCommands(commands, faults);
   commands.add("jump", "SECONDS", "move the switch's clock forward", 1, 1, jump);
   commands.add("quit", "", "end the store", 0, 0, [&faults](World &, const Words &) {
     faults.quit = true;

@@ -3,7 +3,7 @@
 #define ZEL_SIM_CONTROL_SERVER_COMMANDS_H_
 
 #include "control/Commands.h"
-#include "server/Faults.h"
+#include "data/Faults.h"
 
 namespace zelsim
 {

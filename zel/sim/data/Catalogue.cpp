@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace zelsim
@@ -59,7 +60,9 @@ constexpr FlagName kFlagNames[] = {{kReadOnly, "read only"},
                                    {kAlways, "in every answer"},
                                    {kUncounted, "moves no change counter"},
                                    {kFixed, "set by CREATE only"},
-                                   {kSelected, "only in answers that select it"}};
+                                   {kSelected, "only in answers that select it"},
+                                   {kArchived, "in settings archives"},
+                                   {kSealed, "sealed in settings archives"}};
 
 void describeParameter(std::string &out, const Parameter &row, int indent)
 {
@@ -102,6 +105,14 @@ const std::unordered_map<const Resource *, Positions> &positions()
     return built;
   }();
   return all;
+}
+
+void addNames(const Parameter *rows, std::size_t count, std::unordered_set<std::string_view> &names)
+{
+  for (std::size_t i = 0; i < count; ++i) {
+    names.insert(rows[i].name);
+    addNames(rows[i].members, rows[i].memberCount, names);
+  }
 }
 
 } // namespace
@@ -182,6 +193,17 @@ bool hasSecrets(const Parameter &parameter)
     if (parameter.members[i].is(kSecret) || hasSecrets(parameter.members[i]))
       return true;
   return false;
+}
+
+bool isDataName(std::string_view name)
+{
+  static const auto all = [] {
+    std::unordered_set<std::string_view> names = {"index"};
+    for (std::size_t i = 0; i < kCatalogueSize; ++i)
+      addNames(kCatalogue[i].parameters, kCatalogue[i].parameterCount, names);
+    return names;
+  }();
+  return all.count(name) != 0;
 }
 
 std::string describeCatalogue()

@@ -37,7 +37,9 @@ enum Flag : unsigned {
   kAlways = 1u << 8,    // in every answer, whatever the select says
   kUncounted = 1u << 9, // its changes don't move the resource's change counter
   kFixed = 1u << 10,    // settable by a CREATE only
-  kSelected = 1u << 11  // in an answer only if the select names it
+  kSelected = 1u << 11, // in an answer only if the select names it
+  kArchived = 1u << 12, // part of a settings archive, though read only
+  kSealed = 1u << 13    // in a settings archive only this switch can read it
 };
 
 struct Parameter {
@@ -175,6 +177,9 @@ std::string defaultJson(const Parameter &parameter);
 
 /// Whether a nested parameter has secret members, at any depth.
 bool hasSecrets(const Parameter &parameter);
+
+/// Whether something in the catalogue is called so: a parameter, a member of one, or "index".
+bool isDataName(std::string_view name);
 
 /// The whole catalogue as text, for `zelsim --describe`.
 std::string describeCatalogue();

@@ -168,6 +168,9 @@ constexpr Parameter kSystemGlobalsRows[] = {
     word("rxOsdHotKey", kHotKeys, "print_screen"),
     integer("switchApiPort", 0, 65535).byDefault("8444"),
     text("syslogDest", 0, 57),
+    text("settingsKey", 0, 64)
+        .with(kReadOnly | kSecret | kUncounted)
+        .that("seals what a settings archive must not tell"),
     text("pendingSettings", 0, 16 << 20)
         .with(kReadOnly | kSecret | kUncounted)
         .that("loaded settings that the next reboot installs"),
@@ -328,7 +331,9 @@ constexpr Parameter kTxRows[] = {
     kAttachedSwxRow,
     kAttachedPortRow,
     enableDisable("audioControl", "enabled"),
-    binary("edidData", 0, 256).with(kReadOnly | kUncounted).that("pushed monitor data; empty is built in"),
+    binary("edidData", 0, 256)
+        .with(kReadOnly | kUncounted | kArchived)
+        .that("pushed monitor data; empty is built in"),
     integer("iconIndex", 0, 99).byDefault("1"),
     enableDisable("lcdBacklightControl", "enabled"),
     enableDisable("microphoneControl", "disabled"),
@@ -494,7 +499,7 @@ constexpr Parameter kUserTargetListRows[] = {list("target", 5000, kTargetRows)};
 // -----------------------------------------------------------------------------------
 
 constexpr Parameter kEdidRows[] = {
-    text("name", 0, 40).with(kUnique | kLookup),
+    text("name", 1, 40).with(kUnique | kLookup),
     text("description", 0, 64),
     binary("data", 256, 256).with(kReadOnly),
     word("isProtected", "is_false is_true", "is_false").with(kReadOnly),
@@ -528,7 +533,7 @@ constexpr Parameter kUpgradeRows[] = {
     text("location", 0, 255),
     text("filename", 1, 1024).with(kRequired),
     text("username", 0, 64),
-    text("password", 0, 64),
+    text("password", 0, 64).with(kSealed),
     word("deviceType", "none rx tx swx", "none").with(kReadOnly),
     text("version", 0, 32).with(kReadOnly),
 };

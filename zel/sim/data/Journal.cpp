@@ -33,10 +33,13 @@ std::unique_ptr<Journal> Journal::open(const std::string &path, std::string &pro
   } else {
     // A store that was just killed may still hold its lock for a moment.
     sqlite3_busy_timeout(journal->database_, 2000);
+    // What is committed is with the system's file cache before write() returns, so the death of this process
+    // loses none of it. The disk has it at the next checkpoint at the latest: a loss of power may take the
+    // last moments, whole commits each. Waiting for the disk at every commit took 2.6 ms a write.
     // Exclusive: a second store on the same file would not see this one's memory.
     bool ready = journal->run("PRAGMA locking_mode=EXCLUSIVE", why) && journal->checkVersion(why) &&
                  journal->run("PRAGMA journal_mode=WAL", why) &&
-                 journal->run("PRAGMA synchronous=FULL", why) && journal->prepare(why);
+                 journal->run("PRAGMA synchronous=NORMAL", why) && journal->prepare(why);
     if (ready)
       return journal;
   }

@@ -16,7 +16,8 @@ namespace zelsim
 {
 
 /// The database behind the store: a row per record, its values as one JSON object. What write() has
-/// returned true for survives the death of the process and of the machine.
+/// returned true for survives the death of the process. A loss of power may take the last commits, in the
+/// order of their coming, and never a part of one.
 class Journal
 {
 public:

@@ -17,6 +17,8 @@ namespace
 // "changeStatus" has a record for each number that an interface may ask for.
 constexpr unsigned kChangeCounters = 20;
 constexpr const char *kChangeStatus = "changeStatus";
+// Making a lookup costs about as much as so many searches.
+constexpr unsigned kSearchesBeforeLookup = 8;
 constexpr const char *kLastChange = "lastChange";
 
 std::size_t positionOf(const Resource &resource)
@@ -49,6 +51,23 @@ Value defaultOf(const Parameter &parameter)
 bool isKept(const Parameter &parameter)
 {
   return (parameter.flags & (kVolatile | kComputed | kCommand)) == 0;
+}
+
+const Parameter *findParameter(std::string_view resource, std::string_view parameter)
+{
+  const Resource *found = findResource(resource);
+  const int position = found ? found->position(parameter) : -1;
+  return position < 0 ? nullptr : &found->parameters[position];
+}
+
+// The first `most` characters of a UTF-8 text.
+std::string_view firstCharacters(std::string_view text, std::int64_t most)
+{
+  std::size_t end = 0;
+  for (; end < text.size(); ++end)
+    if ((text[end] & 0xc0) != 0x80 && most-- == 0)
+      break;
+  return text.substr(0, end);
 }
 
 // The value of a kept parameter, as bodyOf() wrote it; None for what it would not have written.
@@ -225,12 +244,36 @@ Json Store::nested(std::string_view resource, unsigned index, std::string_view p
   return Json(json_loadb(found->text().data(), found->text().size(), 0, nullptr));
 }
 
+Store::Lookup *Store::lookup(const Resource &resource, int position) const
+{
+  const Table &rows = table(resource);
+  Lookup &made = lookups_[{&resource, position}];
+  if (made.revision != rows.revision) {
+    made = Lookup();
+    made.revision = rows.revision;
+  }
+  if (++made.searches < kSearchesBeforeLookup)
+    return nullptr;
+  if (made.searches == kSearchesBeforeLookup)
+    for (const auto &[index, record] : rows.records) {
+      const Value &present = value(resource, record, position);
+      // The texts stay where they are for as long as the revision stands.
+      made.texts.emplace(present.text(), index);
+      made.numbers.emplace(present.number(), index);
+    }
+  return &made;
+}
+
 unsigned Store::findText(std::string_view resource, std::string_view parameter, std::string_view text) const
 {
   const Resource *found = findResource(resource);
   int position = found ? found->position(parameter) : -1;
   if (position < 0)
     return 0;
+  if (const Lookup *made = lookup(*found, position)) {
+    const auto hit = made->texts.find(text);
+    return hit == made->texts.end() ? 0 : hit->second;
+  }
   for (const auto &[index, record] : records(*found))
     if (value(*found, record, position).text() == text)
       return index;
@@ -243,6 +286,10 @@ unsigned Store::findNumber(std::string_view resource, std::string_view parameter
   int position = found ? found->position(parameter) : -1;
   if (position < 0)
     return 0;
+  if (const Lookup *made = lookup(*found, position)) {
+    const auto hit = made->numbers.find(number);
+    return hit == made->numbers.end() ? 0 : hit->second;
+  }
   for (const auto &[index, record] : records(*found))
     if (value(*found, record, position).number() == number)
       return index;
@@ -276,13 +323,18 @@ void Store::assign(std::string_view resource, unsigned index, std::string_view p
 void Store::setText(std::string_view resource, unsigned index, std::string_view parameter,
                     std::string_view text)
 {
-  assign(resource, index, parameter, Value::text(text));
+  const Parameter *row = findParameter(resource, parameter);
+  const bool isBounded = row && row->type == Type::Text && !row->is(kSecret);
+  assign(resource, index, parameter, Value::text(isBounded ? firstCharacters(text, row->max) : text));
 }
 
 void Store::setNumber(std::string_view resource, unsigned index, std::string_view parameter,
                       std::int64_t number)
 {
-  assign(resource, index, parameter, Value::integer(number));
+  const Parameter *row = findParameter(resource, parameter);
+  const bool isBounded = row && row->type == Type::Integer;
+  assign(resource, index, parameter,
+         Value::integer(isBounded ? std::clamp(number, row->min, row->max) : number));
 }
 
 void Store::setFlag(std::string_view resource, unsigned index, std::string_view parameter, bool flag)

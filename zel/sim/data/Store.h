@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -60,7 +61,8 @@ public:
   unsigned findText(std::string_view resource, std::string_view parameter, std::string_view value) const;
   unsigned findNumber(std::string_view resource, std::string_view parameter, std::int64_t value) const;
 
-  /// Writing. No validation: rules write what they mean. Secrets are to be given hashed (Password.h).
+  /// Writing. No validation: rules write what they mean. A text that is too long for its parameter is cut,
+  /// and a number beyond its bounds becomes the bound. Secrets are to be given hashed (Password.h).
   void setText(std::string_view resource, unsigned index, std::string_view parameter, std::string_view text);
   void setNumber(std::string_view resource, unsigned index, std::string_view parameter, std::int64_t number);
   void setFlag(std::string_view resource, unsigned index, std::string_view parameter, bool flag);
@@ -127,12 +129,24 @@ private:
   void take(const Undo &undo);
   std::string bodyOf(const Resource &resource, const Record &record) const;
 
+  // The lowest record of each value of a parameter. It is made once somebody has searched the same data
+  // several times, and right as long as the revision stands.
+  struct Lookup {
+    std::uint64_t revision = 0;
+    unsigned searches = 0;
+    std::unordered_map<std::string_view, unsigned> texts;
+    std::unordered_map<std::int64_t, unsigned> numbers;
+  };
+  /// The lookup of a parameter, or null while a search is as good.
+  Lookup *lookup(const Resource &resource, int position) const;
+
   std::unique_ptr<Journal> journal_;
   std::vector<Table> tables_;                // by position in the catalogue
   std::vector<std::vector<Value>> defaults_; // by position in the catalogue, then of the parameter
   std::vector<Undo> undo_;
   std::vector<unsigned> touched_; // change counters that have moved since the last commit
   bool wasEmpty_ = true;
+  mutable std::map<std::pair<const Resource *, int>, Lookup> lookups_;
 };
 
 } // namespace zelsim

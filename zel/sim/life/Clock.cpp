@@ -7,6 +7,13 @@
 namespace zelsim
 {
 
+namespace
+{
+
+constexpr std::chrono::milliseconds kLongestTurn{5};
+
+} // namespace
+
 Clock::Clock()
     : started_(std::chrono::steady_clock::now()),
       origin_(std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -48,7 +55,7 @@ void Clock::cancel(Id id)
     entries_.erase(found);
 }
 
-bool Clock::runUntil(Milliseconds end)
+bool Clock::runUntil(Milliseconds end, std::chrono::steady_clock::time_point deadline)
 {
   bool ran = false;
   while (!entries_.empty() && entries_.begin()->first <= end) {
@@ -64,6 +71,8 @@ bool Clock::runUntil(Milliseconds end)
       entries_.insert(std::move(node));
     }
     ran = true;
+    if (std::chrono::steady_clock::now() >= deadline)
+      break;
   }
   standing_ = -1;
   return ran;
@@ -74,7 +83,7 @@ bool Clock::runDue()
   Milliseconds now = realNow();
   if (entries_.empty() || entries_.begin()->first > now)
     return false;
-  return runUntil(now);
+  return runUntil(now, std::chrono::steady_clock::now() + kLongestTurn);
 }
 
 Clock::Milliseconds Clock::untilNext() const
@@ -88,7 +97,7 @@ void Clock::jump(Milliseconds distance)
 {
   if (distance <= 0)
     return;
-  runUntil(realNow() + distance);
+  runUntil(realNow() + distance, std::chrono::steady_clock::time_point::max());
   origin_ += distance;
 }
 

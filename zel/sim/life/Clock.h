@@ -36,7 +36,9 @@ public:
   /// An action that has run, or 0, is allowed.
   void cancel(Id id);
 
-  /// For the server's loop: runs what is due. Returns whether anything ran.
+  /// For the server's loop: runs what is due, for a few milliseconds at most, so that nobody who asks the
+  /// switch something waits for thousands of devices. What is left is due at once. Returns whether anything
+  /// ran.
   bool runDue();
   /// Milliseconds until the next action is due, 0 if one is, -1 if there is none.
   Milliseconds untilNext() const;
@@ -52,7 +54,7 @@ private:
   };
 
   Milliseconds realNow() const;
-  bool runUntil(Milliseconds end);
+  bool runUntil(Milliseconds end, std::chrono::steady_clock::time_point deadline);
 
   std::chrono::steady_clock::time_point started_;
   Milliseconds origin_;        // simulated time at started_, jumps included

@@ -47,8 +47,8 @@ void startStory(World &world)
   world.story = story.get();
   // Whoever keeps an action keeps the story: it goes with the clock.
   world.clock.every(24 * 3600 * 1000, [story] {});
-  if (!world.settings.iconRoot.empty())
-    writeMissingIcons(world.settings.iconRoot);
+  writeMissingIcons(world.settings.iconRoot.empty() ? world.settings.settingsRoot + "/icons"
+                                                    : world.settings.iconRoot);
   makePortStatus(world);
   resumeDevices(world);
   resumeUpdates(world);

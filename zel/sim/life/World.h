@@ -25,7 +25,7 @@ struct Settings {
   std::uint64_t seed = 1;                      // same seed, same story
   unsigned liveliness = 1;                     // 0: nothing happens by itself; 1: calm; 10: a busy day
   std::string oem = "nevo";                    // brand: folder below themes/
-  std::string iconRoot;                        // where icon files are kept; empty: none
+  std::string iconRoot;                        // where icon files are kept; empty: settingsRoot/icons
   std::string settingsRoot = "/data/settings"; // where settings archives are written
 };
 

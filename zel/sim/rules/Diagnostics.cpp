@@ -4,7 +4,8 @@
 #include "rules/Device.h"
 #include "rules/RuleBook.h"
 
-#include <string>
+#include <string_view>
+#include <vector>
 
 namespace zelsim
 {
@@ -12,10 +13,8 @@ namespace zelsim
 namespace
 {
 
-Value timingValue(const VideoTiming *timing)
+Value made(const VideoTiming &t)
 {
-  const VideoTiming none{};
-  const VideoTiming &t = timing ? *timing : none;
   const auto number = [](unsigned value) { return static_cast<json_int_t>(value); };
   const auto polarity = [](bool positive) { return positive ? "positive_polarity" : "negative_polarity"; };
   const Json json(json_pack(
@@ -27,6 +26,23 @@ Value timingValue(const VideoTiming *timing)
       polarity(t.verticalPositive), "verticalFrontPorch", number(t.verticalFrontPorch), "verticalSyncWidth",
       number(t.verticalSyncWidth), "verticalBackPorch", number(t.verticalBackPorch)));
   return Value::nested(json.get());
+}
+
+// The text of a mode, or of none. There are few, and a view asks for thousands at once.
+Value timingValue(const VideoTiming *timing)
+{
+  static const auto all = [] {
+    std::vector<Value> values;
+    std::size_t count = 0;
+    const VideoTiming *timings = videoTimings(count);
+    for (std::size_t i = 0; i < count; ++i)
+      values.push_back(made(timings[i]));
+    values.push_back(made(VideoTiming{}));
+    return values;
+  }();
+  std::size_t count = 0;
+  const VideoTiming *first = videoTimings(count);
+  return timing ? all[static_cast<std::size_t>(timing - first)] : all.back();
 }
 
 const VideoTiming *timingAt(std::size_t row)
@@ -75,32 +91,55 @@ unsigned scattered(unsigned index, unsigned salt)
   return value * 2246822519u >> 8;
 }
 
-std::int64_t diagnosticValue(const World &world, const Device &device, const Parameter &row, unsigned salt)
+// How a field of the USB state behaves.
+enum class Field { Version, Zero, Flag, Counter };
+
+Field fieldOf(std::string_view name)
 {
-  const std::string name = row.name;
-  const auto ends = [&name](const std::string &tail) {
-    return name.size() >= tail.size() && name.compare(name.size() - tail.size(), tail.size(), tail) == 0;
+  const auto ends = [name](std::string_view tail) {
+    return name.size() >= tail.size() && name.substr(name.size() - tail.size()) == tail;
   };
-  const char *key = device.isReceiver() ? "rxIndex" : "txIndex";
-  const bool connected = world.store.findNumber("connection", key, device.index) != 0;
   if (ends("Version"))
-    return 0x0102 + (salt % 3) * 0x100;
+    return Field::Version;
   if (ends("Error") || ends("DisconnectStatus") || ends("MemResetReq") || ends("OsdActive"))
+    return Field::Zero;
+  return ends("Status") || ends("State") || ends("Active") || ends("Req") ? Field::Flag : Field::Counter;
+}
+
+// Counters begin somewhere for each device and move on while it is in a session.
+std::int64_t counterValue(const World &world, const Device &device, unsigned connection, unsigned salt,
+                          std::int64_t most)
+{
+  const std::int64_t range = most > 0xffff ? 0x3ff : most > 0xff ? 0xfff : 0x1f;
+  const std::int64_t seconds =
+      world.clock.now() - world.store.number("connection", connection, "sessionStartTime");
+  return (scattered(device.index, salt) + seconds / (1 + salt % 5)) % (range + 1);
+}
+
+std::int64_t diagnosticValue(const World &world, const Device &device, Field field, unsigned salt,
+                             std::int64_t most)
+{
+  if (field == Field::Version)
+    return 0x0102 + (salt % 3) * 0x100;
+  if (field == Field::Zero)
     return 0;
-  if (ends("Status") || ends("State") || ends("Active") || ends("Req"))
-    return connected ? 1 : 0;
-  const std::int64_t range = row.max > 0xffff ? 0x3ff : row.max > 0xff ? 0xfff : 0x1f;
-  return connected ? scattered(device.index, salt) % (range + 1) : 0;
+  const unsigned connection =
+      world.store.findNumber("connection", device.isReceiver() ? "rxIndex" : "txIndex", device.index);
+  if (field == Field::Flag || !connection)
+    return connection ? 1 : 0;
+  return counterValue(world, device, connection, salt, most);
 }
 
 void registerDiagnosticsOf(Rules &rules, const DeviceKind *kind)
 {
   const Resource *resource = findResource(kind->diagnostics);
   for (unsigned i = 0; resource && i < resource->parameterCount; ++i) {
-    const Parameter *row = &resource->parameters[i];
-    rules.read(resource->name, row->name, [kind, row, i](const World &world, unsigned index) {
-      return Value::integer(diagnosticValue(world, {kind, index}, *row, i));
-    });
+    const Field field = fieldOf(resource->parameters[i].name);
+    const std::int64_t most = resource->parameters[i].max;
+    rules.read(resource->name, resource->parameters[i].name,
+               [kind, field, most, i](const World &world, unsigned index) {
+                 return Value::integer(diagnosticValue(world, {kind, index}, field, i, most));
+               });
   }
 }
 

@@ -63,7 +63,7 @@ void restoreSystem(World &world, bool keepNetwork)
 {
   for (const char *resource : {"cfgDefaults", "eventLogControl", "alertLogControl"})
     world.store.reset(resource, 0, {});
-  world.store.reset("systemGlobals", 0, {"masterSwitchEid"});
+  world.store.reset("systemGlobals", 0, {"masterSwitchEid", "settingsKey"});
   for (const DeviceKind *kind : kDeviceKinds)
     for (const unsigned index : world.store.indexes(kind->resource))
       restoreOne(world, {kind, index}, keepNetwork || kind != &kSwitches || index != 1);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rules/GoDark.h"
 
-#include "server/Faults.h"
+#include "data/Faults.h"
 
 namespace zelsim
 {

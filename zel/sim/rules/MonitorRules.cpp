@@ -64,6 +64,13 @@ Problem push(World &world, const Call &call)
   return kOk;
 }
 
+// Reading or writing a monitor's data takes some devices longer than others. Where nothing happens by itself,
+// it takes no time.
+int workTime(const World &world, const Call &call)
+{
+  return world.settings.liveliness > 0 ? 250 + static_cast<int>(deviceIn(call).index * 173 % 700) : 0;
+}
+
 } // namespace
 
 void registerMonitorRules(Rules &rules)
@@ -71,6 +78,7 @@ void registerMonitorRules(Rules &rules)
   rules.check("edid", Method::Set, checkUnprotected);
   rules.check("edid", Method::Delete, checkUnprotected);
   rules.onParameter("edidControl", "edidAction", [](World &world, Call &call) {
+    call.takesMs = workTime(world, call);
     return call.text("edidAction") == "push" ? push(world, call) : pull(world, call);
   });
 }

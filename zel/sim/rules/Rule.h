@@ -85,7 +85,7 @@ enum Errno : int {
 };
 
 /// Why a request is refused. Converts from an Errno; `detail` is shown to the user behind the error's
-/// text, so it is the name of a parameter or nothing.
+/// text, so it is a name of the catalogue (isDataName) or nothing.
 struct Problem {
   Problem(Errno errorNumber = kOk, std::string errorDetail = {})
       : number(errorNumber), detail(std::move(errorDetail))
@@ -105,6 +105,7 @@ struct Call {
   const json_t *params; // object; what the client sent, without "index"
   json_t *answer;       // object; an action may add members to the answer
   std::uint64_t client; // the connection that asks
+  int takesMs = 0;      // how long the client waits for the answer; an action may say
 
   bool has(const char *parameter) const { return json_object_get(params, parameter) != nullptr; }
   /// What the client sent; empty, 0 or false where it did not.

@@ -14,12 +14,11 @@ namespace
 {
 
 const std::string kMark = "CZE1";
-constexpr int kSaltSize = 16, nonceSize = 12, tagSize = 16, keySize = 32;
-constexpr int kKeyRounds = 120000;
+constexpr int kSaltSize = 16, kNonceSize = 12, kTagSize = 16, kKeySize = 32;
 
 using Bytes = const unsigned char *;
 using Context = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
-using Key = std::array<unsigned char, keySize>;
+using Key = std::array<unsigned char, kKeySize>;
 
 Bytes bytesOf(const std::string &text, std::size_t from = 0)
 {
@@ -31,23 +30,24 @@ unsigned char *roomOf(std::string &text)
   return reinterpret_cast<unsigned char *>(text.data());
 }
 
-bool keyOf(const std::string &password, Bytes salt, Key &key)
+bool keyOf(const std::string &password, int rounds, Bytes salt, Key &key)
 {
-  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, kSaltSize, kKeyRounds,
-                           EVP_sha256(), keySize, key.data()) == 1;
+  return PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()), salt, kSaltSize, rounds,
+                           EVP_sha256(), kKeySize, key.data()) == 1;
 }
 
 } // namespace
 
-std::string sealBox(const std::string &plain, const std::string &password)
+std::string sealBox(const std::string &plain, const std::string &password, int rounds)
 {
-  std::string head(kSaltSize + nonceSize, '\0');
+  std::string head(kSaltSize + kNonceSize, '\0');
   Key key;
-  if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 || !keyOf(password, bytesOf(head), key))
+  if (RAND_bytes(roomOf(head), static_cast<int>(head.size())) != 1 ||
+      !keyOf(password, rounds, bytesOf(head), key))
     return {};
   const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
   std::string sealed(plain.size(), '\0');
-  std::string tag(tagSize, '\0');
+  std::string tag(kTagSize, '\0');
   int length = 0, rest = 0;
   const bool good =
       context &&
@@ -56,7 +56,7 @@ std::string sealBox(const std::string &plain, const std::string &password)
       EVP_EncryptUpdate(context.get(), roomOf(sealed), &length, bytesOf(plain),
                         static_cast<int>(plain.size())) &&
       EVP_EncryptFinal_ex(context.get(), roomOf(tag), &rest) &&
-      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, roomOf(tag));
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, roomOf(tag));
   OPENSSL_cleanse(key.data(), key.size());
   return good ? kMark + head + tag + sealed : std::string();
 }
@@ -66,17 +66,17 @@ bool isSealedBox(const std::string &bytes)
   return bytes.compare(0, kMark.size(), kMark) == 0;
 }
 
-bool openBox(const std::string &box, const std::string &password, std::string &plain)
+bool openBox(const std::string &box, const std::string &password, std::string &plain, int rounds)
 {
-  const std::size_t headSize = kMark.size() + kSaltSize + nonceSize + tagSize;
+  const std::size_t headSize = kMark.size() + kSaltSize + kNonceSize + kTagSize;
   Key key;
-  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, bytesOf(box, kMark.size()), key))
+  if (box.size() < headSize || !isSealedBox(box) || !keyOf(password, rounds, bytesOf(box, kMark.size()), key))
     return false;
   const Context context(EVP_CIPHER_CTX_new(), EVP_CIPHER_CTX_free);
-  std::string tag = box.substr(headSize - tagSize, tagSize);
+  std::string tag = box.substr(headSize - kTagSize, kTagSize);
   std::string opened(box.size() - headSize, '\0');
   int length = 0, rest = 0;
-  unsigned char end[tagSize];
+  unsigned char end[kTagSize];
   const bool good =
       context &&
       EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, key.data(),
@@ -84,7 +84,7 @@ bool openBox(const std::string &box, const std::string &password, std::string &p
       EVP_DecryptUpdate(context.get(), nullptr, &length, bytesOf(kMark), static_cast<int>(kMark.size())) &&
       EVP_DecryptUpdate(context.get(), roomOf(opened), &length, bytesOf(box, headSize),
                         static_cast<int>(opened.size())) &&
-      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, tagSize, roomOf(tag)) &&
+      EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, roomOf(tag)) &&
       EVP_DecryptFinal_ex(context.get(), end, &rest) > 0;
   OPENSSL_cleanse(key.data(), key.size());
   if (good)

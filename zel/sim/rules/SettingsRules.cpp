@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Base64.h"
 #include "rules/RuleBook.h"
 #include "rules/SettingsArchive.h"
 #include "rules/SettingsText.h"
@@ -6,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <malloc.h>
+#include <openssl/rand.h>
 #include <string>
 #include <system_error>
 
@@ -35,10 +38,28 @@ bool writeWhole(const std::filesystem::path &path, const std::string &bytes)
   return !error;
 }
 
+// The key that seals what an archive must not tell, made when it is needed first. It never leaves the switch.
+bool hasKey(World &world)
+{
+  if (!world.store.text("systemGlobals", 0, "settingsKey").empty())
+    return true;
+  unsigned char bytes[32];
+  if (RAND_bytes(bytes, sizeof bytes) != 1)
+    return false;
+  world.store.setText("systemGlobals", 0, "settingsKey", zelwire::encodeBase64(bytes, sizeof bytes));
+  return true;
+}
+
 Problem zip(World &world, const std::string &password)
 {
+  if (!hasKey(world))
+    return kGeneralFailure;
+  const std::string text = settingsText(world);
+  // An archive that would be refused when it is needed is worth nothing.
+  if (!isSettingsText(text))
+    return kGeneralFailure;
   const char *name = password.empty() ? "settings.tar.gz" : "settings.cze";
-  const std::string archive = packSettings(settingsText(world), password);
+  const std::string archive = packSettings(text, password);
   const auto path = std::filesystem::path(world.settings.settingsRoot) / name;
   return !archive.empty() && writeWhole(path, archive) ? Problem() : Problem(kGeneralFailure);
 }
@@ -72,8 +93,12 @@ void registerSettingsRules(Rules &rules)
     if (call.index != 1)
       return kNotAllowed;
     const std::string password = call.text("settingsPassword");
-    return call.text("settingsAction") == "zip" ? zip(world, password)
-                                                : unzip(world, call.text("settingsFilename"), password);
+    const Problem problem = call.text("settingsAction") == "zip"
+                                ? zip(world, password)
+                                : unzip(world, call.text("settingsFilename"), password);
+    // The parsed settings of thousands of devices took far more memory than the switch itself.
+    ::malloc_trim(0);
+    return problem;
   });
 }
 

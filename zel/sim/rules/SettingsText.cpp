@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "rules/SettingsText.h"
 
+#include "Base64.h"
 #include "data/JsonText.h"
+#include "rules/SealedBox.h"
 #include "rules/Validate.h"
 
 #include <charconv>
 #include <cstring>
+#include <malloc.h>
 #include <string_view>
 #include <vector>
 
@@ -52,7 +55,7 @@ const Section *sectionOf(const char *resource)
 bool isSetting(const Parameter &row, Manner manner)
 {
   const unsigned never = kVolatile | kComputed | kCommand;
-  return (row.flags & never) == 0 && (manner == Manner::Whole || !row.is(kReadOnly)) &&
+  return (row.flags & never) == 0 && (manner == Manner::Whole || row.is(kArchived) || !row.is(kReadOnly)) &&
          std::strcmp(row.name, "upgradeIndex") != 0;
 }
 
@@ -61,9 +64,33 @@ Parameter plainRow(const Parameter &row)
 {
   Parameter plain = row;
   plain.flags = 0;
-  if (row.is(kSecret))
+  if (row.is(kSecret) || row.is(kSealed))
     plain.max = 1024;
   return plain;
+}
+
+// What stands before a value that only this switch can read.
+constexpr std::string_view kSealMark = "sealed:";
+
+std::string sealedText(const World &world, std::string_view plain)
+{
+  if (plain.empty())
+    return {};
+  const std::string box = sealBox(std::string(plain), world.store.text("systemGlobals", 0, "settingsKey"), 1);
+  return box.empty() ? std::string() : std::string(kSealMark) + zelwire::encodeBase64(box.data(), box.size());
+}
+
+// Empty if another switch sealed it: whoever needs it has to type it again.
+std::string openedText(const World &world, std::string_view text)
+{
+  if (text.substr(0, kSealMark.size()) != kSealMark)
+    return std::string(text);
+  bool isBase64 = false;
+  const std::string box = zelwire::decodeBase64(text.substr(kSealMark.size()), isBase64);
+  std::string plain;
+  return isBase64 && openBox(box, world.store.text("systemGlobals", 0, "settingsKey"), plain, 1)
+             ? plain
+             : std::string();
 }
 
 std::string recordText(const World &world, const Resource &resource, unsigned index, Manner manner)
@@ -73,8 +100,12 @@ std::string recordText(const World &world, const Resource &resource, unsigned in
   for (std::size_t i = 0; i < resource.parameterCount; ++i) {
     if (!isSetting(resource.parameters[i], manner))
       continue;
+    const Value &value = world.store.value(resource, record, static_cast<int>(i));
     appendJsonName(text, resource.parameters[i].name);
-    appendJson(text, world.store.value(resource, record, static_cast<int>(i)));
+    if (resource.parameters[i].is(kSealed))
+      appendJsonText(text, sealedText(world, value.text()));
+    else
+      appendJson(text, value);
   }
   return text + '}';
 }
@@ -188,6 +219,10 @@ void installRecord(World &world, const Resource &resource, Manner manner, unsign
     const json_t *value = json_object_get(record, row.name);
     if (!value || !isSetting(row, manner))
       continue;
+    if (row.is(kSealed)) {
+      world.store.setText(resource.name, index, row.name, openedText(world, wordIn(record, row.name)));
+      continue;
+    }
     const bool isNested = row.type == Type::Object || row.type == Type::List;
     world.store.set(resource, index, static_cast<int>(i),
                     isNested ? Value::nested(value) : toValue(plainRow(row), value, Value()));
@@ -265,6 +300,8 @@ void installSettings(World &world, const std::string &text)
       installSection(world, section, records);
   for (const unsigned user : world.store.indexes("user"))
     world.store.create("userTargetList", user);
+  // The parsed settings of thousands of devices took far more memory than the switch itself.
+  ::malloc_trim(0);
 }
 
 } // namespace zelsim

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <sys/types.h>
+#include <utility>
 #include <vector>
 
 namespace zelsim
@@ -51,6 +52,10 @@ public:
   /// Puts `json` in the place of all answers of this turn that depend on its writes.
   void replaceDependent(std::string_view json);
   bool hasHeld() const { return !marks_.empty(); }
+  /// This turn's answers are to wait so long; no more frames are taken until they are sent.
+  void delay(std::chrono::milliseconds time) { delay_ += time; }
+  bool isDelayed() const { return delay_.count() > 0; }
+  std::chrono::milliseconds takeDelay() { return std::exchange(delay_, {}); }
   /// Lets the turn's answers go from `when` on.
   void release(Time when);
   /// Cuts the last answer of this turn in the middle; the connection ends behind it.
@@ -88,6 +93,7 @@ private:
   std::vector<Mark> marks_;
   std::string output_;
   std::size_t sent_ = 0;
+  std::chrono::milliseconds delay_{};
   Time due_{};
   Time stalledSince_{};
 };

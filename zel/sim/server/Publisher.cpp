@@ -70,7 +70,8 @@ void Publisher::publish(const Store &store, const Faults &faults)
     if (const std::uint64_t revision = store.revision(kCatalogue[slot]);
         revision != page_->epochs[slot].load(std::memory_order_relaxed))
       page_->epochs[slot].store(revision, std::memory_order_release);
-  const bool well = faults.slowMs == 0 && !faults.silent && faults.cut == 0 && !faults.drop && !faults.quit;
+  const bool well = faults.slowMs == 0 && !faults.silent && faults.cut == 0 && !faults.drop && !faults.quit &&
+                    faults.orders.empty();
   page_->serving.store(well ? 1 : 0, std::memory_order_release);
 }
 

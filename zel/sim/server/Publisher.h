@@ -3,8 +3,8 @@
 #define ZEL_SIM_SERVER_PUBLISHER_H_
 
 #include "EpochPage.h"
+#include "data/Faults.h"
 #include "data/Store.h"
-#include "server/Faults.h"
 #include "server/Lifeline.h"
 
 #include <cstdint>

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <random>
+#include <unordered_set>
 
 namespace zelsim
 {
@@ -40,25 +41,57 @@ Json parse(std::string_view text)
   return Json(json_loadb(text.data(), text.size(), JSON_DECODE_ANY, nullptr));
 }
 
-bool equals(const Value &value, const json_t *wanted)
+// What a query wants of one parameter: a value, or one of a list of values.
+class Wanted
 {
-  if (json_is_string(wanted))
-    return value.text() == std::string_view(json_string_value(wanted), json_string_length(wanted));
-  if (json_is_boolean(wanted))
-    return value.number() == (json_is_true(wanted) ? 1 : 0);
-  return json_is_integer(wanted) && value.kind() == Value::Kind::Integer &&
-         value.number() == json_integer_value(wanted);
-}
+public:
+  Wanted(int position, const json_t *wanted) : position_(position)
+  {
+    if (!json_is_array(wanted))
+      add(wanted);
+    for (std::size_t i = 0; i < json_array_size(wanted); ++i)
+      add(json_array_get(wanted, i));
+  }
 
-// Whether `value` is the wanted one, or one of a list of wanted ones.
-bool isWanted(const Value &value, const json_t *wanted)
+  int position() const { return position_; }
+
+  bool holds(const Value &value) const
+  {
+    return (!texts_.empty() && texts_.count(value.text()) != 0) ||
+           (!flags_.empty() && flags_.count(value.number()) != 0) ||
+           (!numbers_.empty() && value.kind() == Value::Kind::Integer && numbers_.count(value.number()) != 0);
+  }
+
+private:
+  void add(const json_t *wanted)
+  {
+    if (json_is_string(wanted))
+      texts_.emplace(json_string_value(wanted), json_string_length(wanted));
+    else if (json_is_boolean(wanted))
+      flags_.insert(json_is_true(wanted) ? 1 : 0);
+    else if (json_is_integer(wanted))
+      numbers_.insert(json_integer_value(wanted));
+  }
+
+  int position_; // of the parameter; -1 is "index"
+  std::unordered_set<std::string_view> texts_;
+  std::unordered_set<std::int64_t> numbers_;
+  std::unordered_set<std::int64_t> flags_;
+};
+
+// The records that a list of indexes names, ascending and each once.
+std::vector<unsigned> namedRecords(const Store::Records &records, const json_t *indexes)
 {
-  if (!json_is_array(wanted))
-    return equals(value, wanted);
-  for (std::size_t i = 0; i < json_array_size(wanted); ++i)
-    if (equals(value, json_array_get(wanted, i)))
-      return true;
-  return false;
+  std::vector<unsigned> rows;
+  for (std::size_t i = 0; i < json_array_size(indexes); ++i) {
+    const json_int_t number = json_integer_value(json_array_get(indexes, i));
+    const auto record = records.find(static_cast<unsigned>(number));
+    if (json_is_integer(json_array_get(indexes, i)) && record != records.end() && record->first == number)
+      rows.push_back(record->first);
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
 }
 
 } // namespace
@@ -108,21 +141,6 @@ Problem Reader::chooseColumns(const Request &request, Columns &columns) const
   return {};
 }
 
-bool Reader::matches(const Resource &resource, unsigned index, const Store::Record &record,
-                     const json_t *query) const
-{
-  const char *name;
-  json_t *wanted;
-  json_object_foreach(const_cast<json_t *>(query), name, wanted)
-  {
-    int position = resource.position(name);
-    if (position < 0 ? !isWanted(Value::integer(index), wanted)
-                     : !isWanted(world_.store.value(resource, record, position), wanted))
-      return false;
-  }
-  return true;
-}
-
 Problem Reader::chooseRows(const Request &request, std::vector<unsigned> &rows, bool &single) const
 {
   const Resource &resource = *request.resource;
@@ -132,12 +150,14 @@ Problem Reader::chooseRows(const Request &request, std::vector<unsigned> &rows, 
     rows.push_back(0);
     return {};
   }
+  std::vector<Wanted> wants;
   const char *name;
   json_t *wanted;
   json_object_foreach(const_cast<json_t *>(request.query), name, wanted)
   {
     if (resource.position(name) < 0 && std::string_view(name) != "index")
       return {kUnknownParameter, name};
+    wants.emplace_back(resource.position(name), wanted);
   }
   const json_t *index = json_object_get(request.query, "index");
   if (json_is_integer(index) && json_object_size(request.query) == 1) {
@@ -148,9 +168,18 @@ Problem Reader::chooseRows(const Request &request, std::vector<unsigned> &rows, 
     rows.push_back(record->first);
     return {};
   }
-  for (const auto &[number, record] : records)
-    if (matches(resource, number, record, request.query))
+  if (json_is_array(index) && wants.size() == 1) {
+    rows = namedRecords(records, index);
+    return rows.empty() ? kNoEntries : kOk;
+  }
+  for (const auto &[number, record] : records) {
+    const auto fits = [&, number = number, &record = record](const Wanted &want) {
+      return want.position() < 0 ? want.holds(Value::integer(number))
+                                 : want.holds(world_.store.value(resource, record, want.position()));
+    };
+    if (std::all_of(wants.begin(), wants.end(), fits))
       rows.push_back(number);
+  }
   // A key that finds one record is as good as its index.
   single = rows.size() == 1 && json_object_size(request.query) > 0 && !json_is_array(index);
   return rows.empty() ? kNoEntries : kOk;

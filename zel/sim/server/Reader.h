@@ -40,8 +40,6 @@ private:
 
   Problem chooseColumns(const Request &request, Columns &columns) const;
   Problem chooseRows(const Request &request, std::vector<unsigned> &rows, bool &single) const;
-  bool matches(const Resource &resource, unsigned index, const Store::Record &record,
-               const json_t *query) const;
   void appendRow(std::string &out, const Request &request, const Columns &columns, unsigned index) const;
   void appendNested(std::string &out, const Request &request, unsigned index) const;
   Problem checkNestedSelect(const Request &request) const;

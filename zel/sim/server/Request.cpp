@@ -78,7 +78,7 @@ Problem Request::parseTarget()
     return kInvalidSyntax;
   const MethodName *known = findMethod(json_string_value(methodValue));
   if (!known)
-    return {kInvalidMethod, json_string_value(methodValue)};
+    return kInvalidMethod;
   method = known->method;
   if (!resourceValue)
     return kMissingResource;
@@ -86,10 +86,10 @@ Problem Request::parseTarget()
   std::string_view first = name.substr(0, name.find('/'));
   resource = findResource(first);
   if (!resource || !followPath(*resource, name.substr(std::min(name.size(), first.size() + 1)), path))
-    return {kInvalidResource, std::string(name)};
+    return kInvalidResource;
   bool nestedMethod = method == Method::Get || method == Method::Set;
   if (!(resource->methods & known->bit) || (!path.empty() && !nestedMethod))
-    return {kMethodNotSupported, std::string(known->name)};
+    return kMethodNotSupported;
   return {};
 }
 

@@ -4,6 +4,7 @@
 #include "Frame.h"
 #include "data/JsonText.h"
 #include "server/Listener.h"
+#include "server/Orders.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -215,7 +216,8 @@ void Server::serve(Peer &peer)
   bool hadHeld = peer.hasHeld();
   std::string_view text;
   bool tooLong = false;
-  for (int i = 0; i < kFramesPerTurn && !peer.isFinishing() && peer.nextFrame(text, tooLong); ++i) {
+  for (int i = 0;
+       i < kFramesPerTurn && !peer.isFinishing() && !peer.isDelayed() && peer.nextFrame(text, tooLong); ++i) {
     peer.consume(text);
     answerFrame(peer, text);
   }
@@ -252,14 +254,19 @@ void Server::answerRequest(Peer &peer, std::string_view text)
   Request request;
   std::string &out = peer.begin();
   std::vector<Problem> problems;
+  int delayMs = 0;
   if (Problem problem = request.parse(text)) {
     problems.push_back(problem);
-  } else if (request.method == Method::Get) {
-    if (Problem refused = reader_.answer(request, out))
-      problems.push_back(refused);
+  } else if (Problem ordered = followOrders(faults_, request, world_.store, delayMs)) {
+    problems.push_back(ordered);
   } else {
-    problems = writer_.carryOut(request, peer.id(), out);
+    if (request.method != Method::Get)
+      problems = writer_.carryOut(request, peer.id(), out, delayMs);
+    else if (Problem refused = reader_.answer(request, out))
+      problems.push_back(refused);
+    keepKnownDetails(problems);
   }
+  peer.delay(std::chrono::milliseconds(delayMs));
   if (!problems.empty())
     appendErrors(out, problems);
   peer.end(world_.store.hasUncommitted());
@@ -304,9 +311,11 @@ void Server::release()
     if (entry == peers_.end())
       continue;
     Peer &peer = *entry->second.peer;
-    int delay = peer.isControl() ? 0 : faults_.slowMs;
-    peer.release(now_ + std::chrono::milliseconds(delay));
-    if (delay == 0) {
+    std::chrono::milliseconds delay = peer.takeDelay();
+    if (!peer.isControl())
+      delay += std::chrono::milliseconds(faults_.slowMs);
+    peer.release(now_ + delay);
+    if (delay.count() == 0) {
       flush(peer);
     } else {
       late_.push_back(id);

@@ -3,8 +3,8 @@
 #define ZEL_SIM_SERVER_SERVER_H_
 
 #include "control/Commands.h"
+#include "data/Faults.h"
 #include "life/World.h"
-#include "server/Faults.h"
 #include "server/Peer.h"
 #include "server/Publisher.h"
 #include "server/Reader.h"

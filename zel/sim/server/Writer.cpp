@@ -44,6 +44,13 @@ Json recordParams(const Request &request)
 
 } // namespace
 
+void keepKnownDetails(std::vector<Problem> &problems)
+{
+  for (Problem &problem : problems)
+    if (!isDataName(problem.detail))
+      problem.detail.clear();
+}
+
 void appendErrors(std::string &out, const std::vector<Problem> &problems)
 {
   out += "{\"errors\":[";
@@ -183,7 +190,8 @@ Problem Writer::deleteRecord(Call &call)
   return {};
 }
 
-std::vector<Problem> Writer::carryOut(const Request &request, std::uint64_t client, std::string &out)
+std::vector<Problem> Writer::carryOut(const Request &request, std::uint64_t client, std::string &out,
+                                      int &delayMs)
 {
   if (!request.params && request.method != Method::Delete)
     return {kMissingParameter};
@@ -197,7 +205,7 @@ std::vector<Problem> Writer::carryOut(const Request &request, std::uint64_t clie
     if (std::vector<Problem> problems = validateParams(request, params.get(), present); !problems.empty())
       return problems;
   }
-  Call call{request.method, *request.resource, index, params.get(), answer.get(), client};
+  Call call{request.method, *request.resource, index, params.get(), answer.get(), client, 0};
   Store::Mark mark = world_.store.mark();
   Problem problem;
   if (request.method == Method::Create) {
@@ -206,6 +214,7 @@ std::vector<Problem> Writer::carryOut(const Request &request, std::uint64_t clie
   } else {
     problem = request.method == Method::Set ? setRecord(call) : deleteRecord(call);
   }
+  delayMs += call.takesMs;
   if (problem) {
     world_.store.rollback(mark);
     return {problem};

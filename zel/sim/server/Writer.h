@@ -19,8 +19,9 @@ class Writer
 public:
   explicit Writer(World &world) : world_(world) {}
 
-  /// Appends the answer's JSON to `out` and returns no problem, or leaves `out` as it was.
-  std::vector<Problem> carryOut(const Request &request, std::uint64_t client, std::string &out);
+  /// Appends the answer's JSON to `out` and returns no problem, or leaves `out` as it was. What takes the
+  /// switch a moment adds to `delayMs`.
+  std::vector<Problem> carryOut(const Request &request, std::uint64_t client, std::string &out, int &delayMs);
 
 private:
   std::vector<Problem> findRecord(const Request &request, const json_t *params, unsigned &index) const;
@@ -33,6 +34,10 @@ private:
 
   World &world_;
 };
+
+/// Takes away every detail that is no name of the catalogue: an interface has texts for those only, and what
+/// a client made up is not to come back to it.
+void keepKnownDetails(std::vector<Problem> &problems);
 
 /// Appends {"errors": [...]}.
 void appendErrors(std::string &out, const std::vector<Problem> &problems);
