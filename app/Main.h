@@ -9,13 +9,28 @@ class WEnvironment;
 } // namespace Wt
 
 #include <boost/function.hpp>
+#include <string>
+#include <vector>
 
 /// The document root as a NUL-terminated text. Written once, before the server starts.
 extern char Main_docRoot[128];
 
+/// The port of HTTPS where HTTP has another one, else 0. Written once, before the server starts.
+extern int Main_securePort;
+
+/// Sets Main_securePort from the command line.
+void Main_findSecurePort(int argc, char *argv[]);
+
+/// Where HTTPS is to be had, for a browser that came in the clear to `host`, which may have a port.
+std::string Main_secureHost(const std::string &host);
+
 /// Sets Main_docRoot from the command line's last "--docroot" that has a value in the same argument, else
-/// from WT_APP_ROOT, else to ".".
+/// from WT_APP_ROOT, else to ".". A ";" ends the value.
 void Main_findDocRoot(int argc, char *argv[]);
+
+/// The command line for the server: as it is, with the document root that the application uses where it names
+/// none. After Main_findDocRoot().
+std::vector<std::string> Main_commandLine(int argc, char *argv[]);
 
 /// The entry point's factory: one application object per browser session.
 Wt::WApplication *createApplication(const Wt::WEnvironment &env);

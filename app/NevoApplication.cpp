@@ -121,7 +121,7 @@ void NevoApplication::initBrand()
   std::string title = text("Corvane KVM").toUTF8();
   for (const Brand &brand : brands)
     if (folder == brand.folder)
-      title.insert(0, Wt::WString::tr(brand.makerKey).toUTF8() + " ");
+      title = Wt::WString::tr(brand.makerKey).toUTF8() + " " + title;
   setTitle(Wt::WString::fromUTF8(title));
 }
 

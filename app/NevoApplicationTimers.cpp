@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Db.h"
+#include "Main.h"
 #include "NevoApplication.h"
 
 #include <Wt/WEnvironment>
@@ -67,7 +68,7 @@ void NevoApplication::stopModeChangeCheckTimer()
 void NevoApplication::redirectToHttps()
 {
   if (environment().urlScheme() != "https")
-    redirect("https://" + environment().hostName() + url());
+    redirect("https://" + Main_secureHost(environment().hostName()) + url());
 }
 
 void NevoApplication::modeChangeCheckTimeoutHandler()

@@ -25,6 +25,7 @@
 using testing::EndsWith;
 using testing::ExitedWithCode;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace
@@ -223,6 +224,67 @@ TEST_F(DocRoot, isCutWhereItIsTooLong)
   EXPECT_EQ(of({}), std::string(127, 'e'));
 }
 
+TEST_F(DocRoot, endsBeforeTheListOfStaticPaths)
+{
+  EXPECT_EQ(of({"--docroot=/x;/resources,/favicon.ico"}), "/x");
+  EXPECT_EQ(of({"--docroot=;/resources"}), ".");
+}
+
+TEST_F(DocRoot, isToldToTheServerWhereTheCommandLineNamesNone)
+{
+  const auto told = [](std::vector<std::string> words) {
+    of(words);
+    words.insert(words.begin(), "nevo");
+    std::vector<char *> arguments;
+    for (std::string &word : words)
+      arguments.push_back(&word[0]);
+    std::string line;
+    for (const std::string &word : Main_commandLine(static_cast<int>(arguments.size()), arguments.data()))
+      line += word + ' ';
+    return line;
+  };
+  EXPECT_EQ(told({"--docroot=/x;/resources", "--threads=4"}), "nevo --docroot=/x;/resources --threads=4 ");
+  EXPECT_EQ(told({"--docroot", "/x"}), "nevo --docroot /x ");
+  EXPECT_EQ(told({"--threads=4"}), "nevo --threads=4 --docroot=. ");
+  EXPECT_EQ(told({"--docroot=/x", "--docroot="}), "nevo --docroot=/x --docroot= --docroot=/x ");
+  EXPECT_EQ(told({"--docroot=;/resources"}), "nevo --docroot=;/resources --docroot=.;/resources ");
+  setenv("WT_APP_ROOT", "/srv/nevo", 1);
+  EXPECT_EQ(told({"--docroot="}), "nevo --docroot= --docroot=/srv/nevo ");
+}
+
+TEST(Server, runsFromTheFolderOfTheEnvironmentWhereTheCommandLineNamesNone)
+{
+  const BusyPort port; // so that it ends by itself, after it has found its folder
+  for (const char *named : {"", "--docroot= ", "'--docroot=;/resources' "}) {
+    const Outcome ended =
+        run("NEVO_LOG_STDERR=1 WT_APP_ROOT=" NEVO_SOURCE_DIR " timeout 60 " NEVO_SERVER " " +
+            std::string(named) + "--http-address=127.0.0.1 --http-port=" + port.text());
+    EXPECT_THAT(ended.said, HasSubstr("in use")) << named;
+    EXPECT_THAT(ended.said, Not(HasSubstr("docroot"))) << named;
+  }
+}
+
+TEST(SecureHost, hasThePortOfHttpsWhereHttpHasAnother)
+{
+  const int before = Main_securePort;
+  const auto led = [](std::vector<std::string> words, const std::string &host) {
+    words.insert(words.begin(), "nevo");
+    std::vector<char *> arguments;
+    for (std::string &word : words)
+      arguments.push_back(&word[0]);
+    Main_findSecurePort(static_cast<int>(arguments.size()), arguments.data());
+    return Main_secureHost(host);
+  };
+  EXPECT_EQ(led({"--https-address=0", "--http-port=81", "--https-port=82"}, "kvm:81"), "kvm:82");
+  EXPECT_EQ(led({"--https-address=0", "--http-port", "81", "--https-port", "82"}, "[::1]:81"), "[::1]:82");
+  EXPECT_EQ(led({"--https-address", "0", "--https-port 82"}, "kvm"), "kvm:82");
+  EXPECT_EQ(led({"--https-address=0", "--http-port=81"}, "kvm:81"), "kvm");
+  EXPECT_EQ(led({"--https-address=0"}, "[::1]"), "[::1]");
+  EXPECT_EQ(led({"--https-address=0", "--http-port=82", "--https-port=82"}, "kvm:9443"), "kvm:9443");
+  EXPECT_EQ(led({"--http-port=81", "--https-port=82"}, "kvm:81"), "kvm:81");
+  Main_securePort = before;
+}
+
 TEST(NevoPath, namesAnIconByAtLeastTwoDigits)
 {
   EXPECT_THAT(NevoPath_iconFileName(0), EndsWith("/icon00.png"));
@@ -247,18 +309,6 @@ TEST(NevoPathDeathTest, knowsNoOtherBrands)
   for (const char *brand : {"acme", "", "../halden", "haldenx"})
     EXPECT_EXIT(tellPaths(brand), ExitedWithCode(0),
                 "resources/themes/unknown/\\|/data/settings/icons/unknown/icon00.png");
-}
-
-TEST(NevoPathDeathTest, looksForIconsWhereTheSettingsAreKept)
-{
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  setenv("NEVO_SETTINGS_DIR", "/srv/switch", 1);
-  EXPECT_EQ(NevoPath_settingsBase(), "/srv/switch/");
-  EXPECT_EXIT(tellPaths("halden"), ExitedWithCode(0), "\\|/srv/switch/icons/halden/icon00.png");
-  setenv("NEVO_SETTINGS_DIR", "relative", 1);
-  EXPECT_EQ(NevoPath_settingsBase(), "/data/settings/");
-  unsetenv("NEVO_SETTINGS_DIR");
-  EXPECT_EQ(NevoPath_settingsBase(), "/data/settings/");
 }
 
 TEST(Server, endsWithZeroAndAClearWordWhereItsPortIsTaken)
