@@ -12,10 +12,15 @@ export const attacks = {
     async run({ port, check }) {
       const lines = await many(30, () => openSocket(port));
       check(lines.every(line => line.status === 101), 'not all could be opened');
-      const drip = setInterval(() => lines.forEach((line, i) => {
-        if (i % 3 === 1) line.send(frame('', { opcode: 10 }));
-        if (i % 3 === 2) line.send(frame(hello).subarray(0, 1));
-      }), 700);
+      const greeting = frame(hello);
+      let at = 0;
+      const drip = setInterval(() => {
+        lines.forEach((line, i) => {
+          if (i % 3 === 1) line.send(frame('', { opcode: 10 }));
+          if (i % 3 === 2) line.send(greeting.subarray(at, at + 1));
+        });
+        ++at;
+      }, 700);
       const gone = await until(() => lines.every(line => line.closed), 10000);
       clearInterval(drip);
       check(gone, `${lines.filter(line => !line.closed).length} of 30 still open after 10 s`);
@@ -120,7 +125,7 @@ export const attacks = {
       const unmasked = Buffer.from([0x81, 2, 0x68, 0x69]);
       const broken = [unmasked, frame('x', { opcode: 2 }), frame('x', { opcode: 3 }), frame('x', { opcode: 0 }),
         frame('x'.repeat(126), { opcode: 9 }), frame('x', { opcode: 9, final: false }), frame(Buffer.from([0xc3, 0x28])),
-        frame('', { announced: 0x7fffffffff }), frame('[]'), frame('{"n":1}'), Buffer.from([0xf1, 0x80, 0, 0, 0, 0])];
+        frame('', { announced: 0x7fffffffff }), frame('[]'), frame('{"n":7}'), Buffer.from([0xf1, 0x80, 0, 0, 0, 0])];
       await Promise.all(broken.flatMap(bytes => [false, true].map(async greets => {
         const line = await openSocket(port);
         if (greets) await line.send(frame(hello));

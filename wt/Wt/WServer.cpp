@@ -88,6 +88,7 @@ Net::HttpSettings WServer::Impl::httpSettings() const
   settings.staticPaths = from.staticPaths;
   for (const Engine::EntryPoint &entryPoint : entryPoints)
     settings.entryPoints.push_back(entryPoint.path);
+  settings.names = from.names();
   settings.accessLog = from.accessLog;
   settings.compression = from.compression;
   settings.behindProxy = from.behindProxy;
@@ -164,10 +165,8 @@ void WServer::setServerConfiguration(int argc, char *argv[], const std::string &
     tell(Engine::LogLevel::Warning, "Unknown on the command line, and ignored: " + unknown);
   std::string error;
   if (!configuration.readFile(impl_->configurationFile, impl_->applicationPath, error) ||
-      !configuration.check(error)) {
-    tell(Engine::LogLevel::Error, error);
+      !configuration.check(error))
     throw Exception(error);
-  }
   impl_->configuration = configuration;
   impl_->configured = true;
   impl_->writePidFile();
@@ -203,7 +202,6 @@ bool WServer::start()
   std::string error;
   if (!http->start(error)) {
     impl_->sessions.reset();
-    tell(Engine::LogLevel::Error, error);
     throw Exception(error);
   }
   service.start();

@@ -45,6 +45,11 @@ const Header kPageHeaders[] = {
     {"Cross-Origin-Opener-Policy", "same-origin"},
 };
 
+constexpr int kForeignName = 421;
+constexpr char kForeignNameText[] =
+    "This server does not know the name that you used as its own. Use its numeric "
+    "address, or have the name added by the option --servername.\n";
+
 constexpr char kStrictTransport[] = "max-age=86400";
 
 /// Fields that belong to the connection, not to what a resource says.
@@ -185,13 +190,15 @@ bool HttpConnection::step()
 }
 
 /// Answers what is no proper request, and closes: nobody can tell where a next one would begin.
-void HttpConnection::refuse(int status)
+void HttpConnection::refuse(int status, const std::string &explanation)
 {
   dropUpload();
   if (!request_)
     request_ = std::make_unique<Request>();
   request_->keepAlive = false;
-  answer(Response::plain(status));
+  Response response = Response::plain(status);
+  response.body += explanation;
+  answer(std::move(response));
 }
 
 // Requests
@@ -220,11 +227,14 @@ bool HttpConnection::understand()
     return false;
   }
   describe(std::move(target));
-  if (request.head.path.empty()) {
-    refuse(400);
-    return false;
-  }
-  return true;
+  const std::string &host = parsed.header("host");
+  const int refusal = request.head.path.empty()                      ? 400
+                      : parsed.unknownCoding                         ? 501
+                      : !host.empty() && !service_.names.isOwn(host) ? kForeignName
+                                                                     : 0;
+  if (refusal != 0)
+    refuse(refusal, refusal == kForeignName ? kForeignNameText : "");
+  return refusal == 0;
 }
 
 /// Fills in the head as the sessions see it. The path stays empty if it is malformed.
@@ -309,7 +319,7 @@ void HttpConnection::answerPage()
 bool HttpConnection::redirectToTls()
 {
   const std::string &host = request_->head.host;
-  if (!peer_.sharedPort || peer_.secure || host.empty())
+  if (!isInTheClear() || host.empty())
     return false;
   const std::string &target = request_->parsed.target;
   Response response = Response::plain(307);
@@ -336,7 +346,7 @@ int HttpConnection::webSocketRefusal() const
     return 400;
   if (parsed.header("sec-websocket-version") != "13")
     return 426;
-  return sameOrigin() ? 0 : 403;
+  return sameOrigin() && !isInTheClear() ? 0 : 403;
 }
 
 void HttpConnection::openWebSocket()
@@ -357,7 +367,7 @@ void HttpConnection::openWebSocket()
                  "Sec-WebSocket-Accept: " +
                  WebSocketCodec::acceptValue(request->parsed.header("sec-websocket-key")) + "\r\n\r\n");
   state_ = State::WebSocket;
-  link_ = std::make_shared<WebSocketLink>(service_.loop, *channel_);
+  link_ = std::make_shared<WebSocketLink>(service_, *channel_);
   link_->open(service_.sessions.connected(request->head, link_));
 }
 
@@ -368,21 +378,17 @@ void HttpConnection::beginResource()
   Request &request = *request_;
   const ParsedHead &parsed = request.parsed;
   const bool whole = parser_->state() == RequestParser::State::Done;
-  if (whole) {
-    askResource({}, 0);
-    return;
-  }
-  if (parsed.method != "POST") {
-    refuse(400);
-  } else if (!parsed.header("origin").empty() && !sameOrigin()) {
+  if (isInTheClear()) {
     refuse(403);
+  } else if (whole) {
+    askResource({}, 0);
+  } else if (const int refusal = uploadRefusal()) {
+    refuse(refusal);
   } else if (parsed.contentLength > service_.maximumBody) {
     askResource({}, parsed.contentLength);
-  } else if (service_.uploads >= service_.limits.uploads) {
-    refuse(503);
   } else {
     request.upload = std::make_unique<UploadBody>(parsed.header("content-type"));
-    ++service_.uploads;
+    service_.uploads.insert(uploadPlace());
     request.bodyBegan = service_.loop.now();
     deadline_ = request.bodyBegan + service_.limits.body;
     state_ = State::Body;
@@ -390,6 +396,27 @@ void HttpConnection::beginResource()
     if (lowerCase(parsed.header("expect")) == "100-continue" && parsed.http11)
       channel_->send("HTTP/1.1 100 Continue\r\n\r\n");
   }
+}
+
+/// 0 if a body may be taken in, else the status that says why not.
+int HttpConnection::uploadRefusal() const
+{
+  const ParsedHead &parsed = request_->parsed;
+  if (parsed.method != "POST")
+    return 400;
+  if (!parsed.header("origin").empty() && !sameOrigin())
+    return 403;
+  if (!service_.sessions.hasResource(request_->head))
+    return 404;
+  const bool full = service_.uploads.size() >= service_.limits.uploads;
+  return full || service_.uploads.count(uploadPlace()) ? 503 : 0;
+}
+
+/// Each session has one.
+std::string HttpConnection::uploadPlace() const
+{
+  const std::string *session = request_->head.parameter("wtd");
+  return session ? *session : std::string();
 }
 
 void HttpConnection::bodyBytes(std::string_view bytes)
@@ -415,7 +442,7 @@ void HttpConnection::dropUpload()
   if (!request_ || !request_->upload)
     return;
   request_->upload.reset();
-  --service_.uploads;
+  service_.uploads.erase(uploadPlace());
 }
 
 void HttpConnection::finishUpload()
@@ -426,9 +453,10 @@ void HttpConnection::finishUpload()
     refuse(400);
     return;
   }
-  request.head.parameters.merge(request.upload->takeParameters());
+  std::multimap<std::string, std::string> texts = request.upload->takeParameters();
   std::vector<Engine::SpooledFile> files = request.upload->takeFiles();
   dropUpload();
+  request.head.parameters.merge(texts);
   askResource(std::move(files), 0);
 }
 
@@ -558,6 +586,10 @@ void HttpConnection::beginResourceAnswer(const ResourcePipe::Head &head, bool fi
                        [](unsigned char c) { return (c < 0x20 && c != '\t') || c == 0x7f; });
   };
   headers.erase(std::remove_if(headers.begin(), headers.end(), unfit), headers.end());
+  // What a session gives out is for its person only, unless the resource says otherwise.
+  const auto isCacheControl = [](const auto &header) { return lowerCase(header.first) == "cache-control"; };
+  if (std::none_of(headers.begin(), headers.end(), isCacheControl))
+    headers.emplace_back("Cache-Control", "no-store");
   request.headOnly = request.headOnly || !hasBody;
   request.promised = head.length;
   if (!head.length && finished && !(request.parsed.method == "HEAD"))
@@ -581,6 +613,11 @@ void HttpConnection::sendResourceBytes(std::string bytes)
     bytes = size + bytes + "\r\n";
   }
   channel_->send(std::move(bytes));
+}
+
+bool HttpConnection::isKnown() const
+{
+  return link_ ? link_->greeted() : request_ && (request_->pipe || request_->upload);
 }
 
 void HttpConnection::finishAnswer()

@@ -54,7 +54,8 @@ public:
   void expired();
   /// Between requests, so that closing it harms nobody.
   bool idle() const { return state_ == State::Idle; }
-  bool isWebSocket() const { return link_ != nullptr; }
+  /// Whether its peer has shown to be a page of a session, so that others make room before it does.
+  bool isKnown() const;
 
 private:
   enum class State { Idle, Head, Body, Answering, WebSocket, Closing };
@@ -97,7 +98,7 @@ private:
 
   void process();
   bool step();
-  void refuse(int status);
+  void refuse(int status, const std::string &explanation = std::string());
 
   /// Requests
   bool understand();
@@ -106,10 +107,13 @@ private:
   void dispatchEntryPoint();
   void answerPage();
   bool redirectToTls();
+  bool isInTheClear() const { return peer_.sharedPort && !peer_.secure; }
   void openWebSocket();
   int webSocketRefusal() const;
   bool sameOrigin() const;
   void beginResource();
+  int uploadRefusal() const;
+  std::string uploadPlace() const;
   void bodyBytes(std::string_view bytes);
   void finishUpload();
   void askResource(std::vector<Engine::SpooledFile> files, std::uint64_t tooLarge);

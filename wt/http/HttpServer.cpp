@@ -4,6 +4,7 @@
 #include "base/Log.h"
 #include "http/HttpService.h"
 #include "http/SocketChannel.h"
+#include "http/SpoolFolder.h"
 #include "http/TlsContext.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@
 #include <list>
 #include <sys/resource.h>
 #include <thread>
+#include <tuple>
 #include <unordered_map>
 
 namespace Wt
@@ -85,6 +87,9 @@ public:
                                {settings.maximumBody},
                                settings.behindProxy,
                                false,
+                               {},
+                               {},
+                               {},
                                0},
         sweepTimer(context)
   {
@@ -112,12 +117,14 @@ public:
   bool stopping = false;
 
   bool open(std::string &error);
+  void learnNames();
   bool openTls(std::string &error);
   bool listen(const HttpSettings::Endpoint &endpoint, std::string &error);
   bool bind(Listener &listener, const tcp::endpoint &where, boost::system::error_code &ec);
   void accept(Listener &listener);
   void accepted(Listener &listener, tcp::socket socket);
   bool makeRoom(const std::string &address);
+  SocketChannel *dispensable(const std::string *address) const;
   void closed(SocketChannel &channel);
   void sweep();
   void planSweep();
@@ -126,6 +133,17 @@ public:
 };
 
 // Opening
+
+/// From the start, and again with another certificate.
+void HttpServer::Impl::learnNames()
+{
+  service.names = HostNames();
+  for (const std::string &name : settings.names)
+    service.names.add(name);
+  if (tls)
+    for (const std::string &name : tls->names())
+      service.names.add(name);
+}
 
 bool HttpServer::Impl::openTls(std::string &error)
 {
@@ -137,6 +155,7 @@ bool HttpServer::Impl::openTls(std::string &error)
   if (!fresh)
     return false;
   tls = fresh;
+  learnNames();
   // A browser that was told so never comes in the clear again, to any port of this host: only where nothing
   // here is served in the clear, at the usual port, under a certificate that others vouch for.
   service.strictTransport =
@@ -187,8 +206,10 @@ bool HttpServer::Impl::open(std::string &error)
     error = "The access log \"" + settings.accessLog + "\" cannot be opened.";
     return false;
   }
+  learnNames();
   if (!openTls(error))
     return false;
+  SpoolFolder::removeLeft();
   for (const HttpSettings::Endpoint &endpoint : settings.endpoints)
     if (!listen(endpoint, error))
       return false;
@@ -198,7 +219,9 @@ bool HttpServer::Impl::open(std::string &error)
                                      ? (descriptors - kDescriptorsForOthers) / 2
                                      : kDescriptorsForOthers;
   settings.maximumConnections = std::min(settings.maximumConnections, affordable);
-  settings.maximumPerAddress = std::min(settings.maximumPerAddress, settings.maximumConnections);
+  // Whatever is wished for, one address leaves a quarter to others.
+  settings.maximumPerAddress =
+      std::min(settings.maximumPerAddress, std::max<std::size_t>(1, settings.maximumConnections * 3 / 4));
   return true;
 }
 
@@ -224,24 +247,39 @@ void HttpServer::Impl::accept(Listener &listener)
   });
 }
 
-/// Makes sure that one more connection of that address may be had, at the cost of one that rests if need be.
+/// The connection whose end harms least, of that address or of any; null if all belong to pages. It is of the
+/// address that has most of those which could be closed, so that a flood from one place closes its own.
+SocketChannel *HttpServer::Impl::dispensable(const std::string *address) const
+{
+  std::unordered_map<std::string, std::size_t> candidates;
+  const auto isCandidate = [address](const SocketChannel &channel) {
+    return !channel.isKnown() && (!address || channel.address() == *address);
+  };
+  for (const auto &entry : channels)
+    if (isCandidate(*entry.first))
+      ++candidates[entry.first->address()];
+  SocketChannel *best = nullptr;
+  const auto rank = [&candidates](const SocketChannel &channel) {
+    return std::make_tuple(candidates[channel.address()], channel.isIdle(),
+                           NetworkLoop::TimePoint::max() - channel.deadline());
+  };
+  for (const auto &entry : channels)
+    if (isCandidate(*entry.first) && (!best || rank(*entry.first) > rank(*best)))
+      best = entry.first;
+  return best;
+}
+
+/// Makes sure that one more connection of that address may be had, at the cost of another if need be.
 bool HttpServer::Impl::makeRoom(const std::string &address)
 {
   const auto counted = perAddress.find(address);
   const bool tooManyOfIt = counted != perAddress.end() && counted->second >= settings.maximumPerAddress;
   if (!address.empty() && !tooManyOfIt && channels.size() < settings.maximumConnections)
     return true;
-  SocketChannel *longestResting = nullptr;
-  for (const auto &entry : channels) {
-    const HttpConnection *connection = entry.second->connection();
-    const bool candidate =
-        connection && connection->idle() && (!tooManyOfIt || entry.second->address() == address);
-    if (candidate && (!longestResting || entry.second->deadline() < longestResting->deadline()))
-      longestResting = entry.first;
-  }
-  if (longestResting)
-    longestResting->abort();
-  return longestResting != nullptr;
+  SocketChannel *victim = dispensable(tooManyOfIt ? &address : nullptr);
+  if (victim)
+    victim->abort();
+  return victim != nullptr;
 }
 
 void HttpServer::Impl::accepted(Listener &listener, tcp::socket socket)
@@ -379,6 +417,7 @@ void HttpServer::stop()
   impl_->context.restart();
   impl_->context.poll();
   impl_->listeners.clear();
+  SpoolFolder::instance().leave();
 }
 
 unsigned short HttpServer::port(std::size_t endpoint) const

@@ -39,6 +39,7 @@ struct HttpSettings {
   bool compression = true;
   bool behindProxy = false;
   std::uint64_t maximumBody = 128 * 1024;
+  std::vector<std::string> names; ///< by which the server is asked for, beside those that it learns by itself
   std::size_t maximumConnections = 2000;
   std::size_t maximumPerAddress = 1500; ///< leaves room for others beside an office behind one address
 };

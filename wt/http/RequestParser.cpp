@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <boost/asio/buffer.hpp>
+#include <boost/beast/core/string.hpp>
 #include <boost/beast/http/basic_parser.hpp>
 #include <boost/beast/http/error.hpp>
 #include <limits>
@@ -73,6 +74,10 @@ public:
   {
     head.keepAlive = keep_alive();
     head.chunked = chunked();
+    // Whoever knows a coding that this server does not would see other requests in what follows.
+    head.unknownCoding =
+        head.count("transfer-encoding") > 0 &&
+        (head.count("transfer-encoding") > 1 || !beast::iequals(head.header("transfer-encoding"), "chunked"));
     if (const auto length = content_length()) {
       head.hasContentLength = true;
       head.contentLength = *length;

@@ -22,6 +22,7 @@ struct ParsedHead {
   bool http11 = false;
   bool keepAlive = false;
   bool chunked = false;
+  bool unknownCoding = false; ///< the body is in a form other than plain or chunked
   bool hasContentLength = false;
   std::uint64_t contentLength = 0;
   std::vector<std::pair<std::string, std::string>> headers; ///< names in lower case

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <limits>
 #include <pugixml.hpp>
+#include <sstream>
 #include <sys/stat.h>
 
 namespace Wt
@@ -45,7 +46,8 @@ const Option kOptions[] = {
     {"session-id-prefix", 0, true, nullptr, "TEXT  accepted, without effect"},
     {"approot", 0, true, nullptr, "PATH  accepted, without effect"},
     {"errroot", 0, true, nullptr, "PATH  accepted, without effect"},
-    {"servername", 0, true, nullptr, "NAME  accepted, without effect"},
+    {"servername", 0, true, &ServerConfiguration::serverNames,
+     "NAME[,NAME...]  by which people ask for the server, beside those that it learns; * for any"},
     {"gdb", 0, false, nullptr, "accepted, without effect"},
     {"help", 'h', false, nullptr, "this text"},
 };
@@ -267,6 +269,16 @@ bool ServerConfiguration::check(std::string &error)
   httpsPortNumber = static_cast<unsigned short>(https);
   threadCount = threadNumber < 0 ? fileThreads : static_cast<int>(threadNumber);
   return true;
+}
+
+std::vector<std::string> ServerConfiguration::names() const
+{
+  std::vector<std::string> names;
+  std::istringstream words(serverNames);
+  for (std::string name; std::getline(words, name, ',');)
+    if (!name.empty())
+      names.push_back(name);
+  return names;
 }
 
 std::string ServerConfiguration::helpText()

@@ -31,6 +31,7 @@ struct ServerConfiguration {
   std::string accessLog;
   bool compression = true;
   std::string pidFile;
+  std::string serverNames; ///< with commas between them
   bool help = false;
   std::vector<std::string> unknown; ///< options that nobody knows, as they were given
 
@@ -63,6 +64,9 @@ struct ServerConfiguration {
 
   /// Checks what was given and fills in the numbers. False, with `error` saying what is wrong.
   bool check(std::string &error);
+
+  /// The server's names that are given.
+  std::vector<std::string> names() const;
 
   /// What --help prints.
   static std::string helpText();

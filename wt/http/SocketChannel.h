@@ -45,7 +45,10 @@ public:
   /// Begins to listen to the peer. `closed` is called when all is over.
   void start(std::function<void(SocketChannel &)> closed);
   const std::string &address() const { return address_; }
-  HttpConnection *connection() const { return connection_.get(); }
+  /// Whether it belongs to a page of a session.
+  bool isKnown() const { return connection_ && phase_ == Phase::Open && connection_->isKnown(); }
+  /// Whether it is open and waits for a request.
+  bool isIdle() const { return connection_ && connection_->idle(); }
   /// When expired() is to be called.
   TimePoint deadline() const;
   void expired();

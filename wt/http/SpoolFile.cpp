@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "http/SpoolFile.h"
 
+#include "http/SpoolFolder.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -28,15 +30,9 @@ SpoolFile::~SpoolFile()
     ::unlink(path_.c_str());
 }
 
-std::string SpoolFile::folder()
-{
-  const char *chosen = std::getenv("TMPDIR");
-  return chosen && chosen[0] == '/' ? chosen : "/tmp";
-}
-
 bool SpoolFile::create()
 {
-  std::string path = folder() + "/upload-XXXXXX";
+  std::string path = SpoolFolder::instance().path() + "/upload-XXXXXX";
   file_ = FileHandle(::mkostemp(&path[0], O_CLOEXEC));
   if (file_)
     path_ = path;

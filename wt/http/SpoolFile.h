@@ -12,7 +12,7 @@ namespace Wt
 namespace Net
 {
 
-/// A file of its own in the system's folder for temporary files, readable by this user only; removed with the
+/// A file of its own in this process's folder for uploads, readable by this user only; removed with the
 /// object unless released.
 class SpoolFile
 {
@@ -21,9 +21,6 @@ public:
   SpoolFile(SpoolFile &&other) noexcept;
   SpoolFile &operator=(SpoolFile &&other) noexcept;
   ~SpoolFile();
-
-  /// The folder that TMPDIR names, or /tmp.
-  static std::string folder();
 
   /// False if the file cannot be made.
   bool create();

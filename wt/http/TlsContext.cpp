@@ -6,6 +6,7 @@
 #include <openssl/err.h>
 #include <openssl/ssl.h>
 #include <openssl/x509.h>
+#include <openssl/x509v3.h>
 #include <sys/stat.h>
 
 namespace Wt
@@ -123,6 +124,28 @@ bool TlsContext::isSelfSigned() const
   const X509 *certificate = SSL_CTX_get0_certificate(context_);
   return certificate &&
          X509_name_cmp(X509_get_subject_name(certificate), X509_get_issuer_name(certificate)) == 0;
+}
+
+std::vector<std::string> TlsContext::names() const
+{
+  std::vector<std::string> names;
+  const X509 *certificate = SSL_CTX_get0_certificate(context_);
+  if (!certificate)
+    return names;
+  const auto add = [&names](const ASN1_STRING *text) {
+    names.emplace_back(reinterpret_cast<const char *>(ASN1_STRING_get0_data(text)),
+                       static_cast<std::size_t>(ASN1_STRING_length(text)));
+  };
+  auto *alternatives =
+      static_cast<GENERAL_NAMES *>(X509_get_ext_d2i(certificate, NID_subject_alt_name, nullptr, nullptr));
+  for (int i = 0; i < sk_GENERAL_NAME_num(alternatives); ++i)
+    if (const GENERAL_NAME *name = sk_GENERAL_NAME_value(alternatives, i); name->type == GEN_DNS)
+      add(name->d.dNSName);
+  GENERAL_NAMES_free(alternatives);
+  X509_NAME *subject = X509_get_subject_name(certificate);
+  for (int i = -1; (i = X509_NAME_get_index_by_NID(subject, NID_commonName, i)) >= 0;)
+    add(X509_NAME_ENTRY_get_data(X509_NAME_get_entry(subject, i)));
+  return names;
 }
 
 SSL *TlsContext::newSession(int socket) const

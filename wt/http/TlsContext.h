@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 typedef struct ssl_st SSL;
 typedef struct ssl_ctx_st SSL_CTX;
@@ -25,6 +26,8 @@ public:
 
   /// A server's end for that connected, non-blocking socket, or null. The caller frees it.
   SSL *newSession(int socket) const;
+  /// The names for which the certificate stands.
+  std::vector<std::string> names() const;
   /// Whether the certificate is signed by itself, so that browsers know it only by an exception.
   bool isSelfSigned() const;
 

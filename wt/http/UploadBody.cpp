@@ -58,7 +58,7 @@ std::vector<Engine::SpooledFile> UploadBody::takeFiles()
 bool UploadBody::addFile(Engine::SpooledFile description)
 {
   Spooled spooled;
-  if (!spooled.file.create())
+  if (files_.size() >= mostFiles || !spooled.file.create())
     return false;
   spooled.description = std::move(description);
   files_.push_back(std::move(spooled));

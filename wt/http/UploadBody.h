@@ -44,6 +44,7 @@ private:
     SpoolFile file;
   };
 
+  static constexpr std::size_t mostFiles = 16;
   static constexpr std::size_t longestTexts = 64 * 1024;
 
   Type type_;

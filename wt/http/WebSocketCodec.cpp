@@ -129,7 +129,7 @@ int WebSocketCodec::checkLength()
   if ((lengthBytes == 2 && left_ <= kLongestControl) || (lengthBytes == 8 && left_ <= 0xffff))
     return CloseCode::protocolError;
   position_ = 0;
-  if (!isControl() && left_ > maximumMessage - message_.size())
+  if (!isControl() && left_ > limit_ - std::min(limit_, message_.size()))
     return CloseCode::tooBig;
   return 0;
 }

@@ -33,6 +33,9 @@ class WebSocketCodec
 public:
   static constexpr std::size_t maximumMessage = 512 * 1024;
 
+  /// Of a page's first message, which says who it is.
+  static constexpr std::size_t maximumGreeting = 32 * 1024;
+
   /// Told of what the peer says; called from within receive().
   class Handler
   {
@@ -48,6 +51,11 @@ public:
   /// Takes the next bytes, whole or in pieces. Returns 0, or the code to close with when the peer breaks the
   /// rules.
   int receive(std::string_view bytes, Handler &handler);
+
+  /// How long messages may be from the next frame on; at first as long as a greeting.
+  void setLimit(std::size_t bytes) { limit_ = bytes; }
+  /// Bytes of a message that is not whole yet.
+  std::size_t unfinished() const { return message_.size(); }
 
   /// Complete frames, ready to be sent.
   static std::string textFrame(std::string_view message);
@@ -68,6 +76,7 @@ private:
   std::uint8_t headWanted_ = 2;
   bool inMessage_ = false;
   bool closed_ = false;
+  std::size_t limit_ = maximumGreeting;
   std::uint64_t left_ = 0;
   std::uint64_t position_ = 0;
   std::string message_;

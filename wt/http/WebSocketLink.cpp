@@ -11,8 +11,9 @@ namespace Wt
 namespace Net
 {
 
-WebSocketLink::WebSocketLink(NetworkLoop &loop, ByteChannel &channel)
-    : loop_(loop), channel_(&channel), deadline_(loop.now() + quietTime)
+WebSocketLink::WebSocketLink(HttpService &service, ByteChannel &channel)
+    : service_(service), loop_(service.loop), channel_(&channel),
+      deadline_(loop_.now() + service.limits.greeting)
 {
 }
 
@@ -67,7 +68,7 @@ void WebSocketLink::flush()
   if (!channel_ || closing_)
     return;
   if (overflown || channel_->queued() + frames.size() > longestQueue) {
-    Engine::log(Engine::LogLevel::Warning, "http", "A page that does not take its messages was dropped.");
+    service_.warnings.warn(loop_.now(), "A page that does not take its messages was dropped.");
     closing_ = true;
     channel_->abort();
     return;
@@ -88,18 +89,40 @@ void WebSocketLink::open(std::shared_ptr<Engine::TransportListener> listener)
 void WebSocketLink::received(std::string_view bytes)
 {
   pinged_ = false;
-  if (!closing_)
+  if (!closing_ && greeted_)
     deadline_ = loop_.now() + quietTime;
   const auto self = shared_from_this();
   const int failure = codec_.receive(bytes, *this);
-  if (failure != 0 && channel_ && !closing_) {
-    Engine::log(Engine::LogLevel::Warning, "http",
-                "A page's connection broke the rules of its protocol and was closed with code " +
-                    std::to_string(failure) + ".");
-    sayClose(failure, "");
-    channel_->closeAfterSending();
-    tellClosed(false);
-  }
+  if (failure != 0)
+    breakOff(failure, "broke the rules of its protocol");
+  else
+    countUnfinished();
+}
+
+/// A message that has begun has to become whole, and all that have begun must not fill the memory.
+void WebSocketLink::countUnfinished()
+{
+  const std::size_t size = codec_.unfinished();
+  service_.unfinished += size - counted_;
+  counted_ = size;
+  if (size == 0)
+    messageDeadline_ = NetworkLoop::TimePoint::max();
+  else if (messageDeadline_ == NetworkLoop::TimePoint::max())
+    messageDeadline_ = loop_.now() + service_.limits.body +
+                       std::chrono::seconds(WebSocketCodec::maximumMessage / service_.limits.bodyRate);
+  if (size > fairShare && service_.unfinished > service_.limits.unfinished)
+    breakOff(CloseCode::tooBig, "began a long message while there were too many");
+}
+
+void WebSocketLink::breakOff(int code, const char *reason)
+{
+  if (!channel_ || closing_)
+    return;
+  service_.warnings.warn(loop_.now(), std::string("A page's connection ") + reason +
+                                          " and was closed with code " + std::to_string(code) + ".");
+  sayClose(code, "");
+  channel_->closeAfterSending();
+  tellClosed(false);
 }
 
 void WebSocketLink::sayClose(int code, std::string_view reason)
@@ -119,6 +142,7 @@ void WebSocketLink::tellClosed(bool goodbye)
 void WebSocketLink::gone()
 {
   channel_ = nullptr;
+  service_.unfinished -= std::exchange(counted_, 0);
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     dead_ = true;
@@ -136,9 +160,9 @@ void WebSocketLink::expired()
 {
   if (!channel_)
     return;
-  if (closing_ || pinged_) {
+  if (closing_ || pinged_ || !greeted_ || messageDeadline_ <= loop_.now()) {
     channel_->abort();
-    deadline_ = NetworkLoop::TimePoint::max();
+    deadline_ = messageDeadline_ = NetworkLoop::TimePoint::max();
   } else {
     pinged_ = true;
     deadline_ = loop_.now() + quietTime;
@@ -148,17 +172,18 @@ void WebSocketLink::expired()
 
 void WebSocketLink::textMessage(std::string message)
 {
+  if (!std::exchange(greeted_, true)) {
+    codec_.setLimit(WebSocketCodec::maximumMessage);
+    if (!closing_)
+      deadline_ = loop_.now() + quietTime;
+  }
   if (listener_ && !closing_)
     listener_->received(std::move(message));
 }
 
 void WebSocketLink::ping(std::string_view payload)
 {
-  if (!channel_ || closing_)
-    return;
-  if (channel_->queued() > longestQueue)
-    channel_->abort();
-  else
+  if (channel_ && !closing_ && channel_->queued() < fewBytes)
     channel_->send(WebSocketCodec::pongFrame(payload));
 }
 

@@ -2,10 +2,11 @@
 #ifndef WT_HTTP_WEB_SOCKET_LINK_H_
 #define WT_HTTP_WEB_SOCKET_LINK_H_
 
-#include "http/NetworkLoop.h"
+#include "http/HttpService.h"
 #include "http/WebSocketCodec.h"
 #include "session/Transport.h"
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -33,8 +34,12 @@ public:
   static constexpr std::size_t longestQueue = 8 * 1024 * 1024;
   static constexpr std::chrono::seconds quietTime{60};
   static constexpr std::chrono::seconds closingTime{5};
+  /// A peer that has so much to read is not answered its pings.
+  static constexpr std::size_t fewBytes = 16 * 1024;
+  /// What a page may have begun to say while all pages together have begun too much.
+  static constexpr std::size_t fairShare = 64 * 1024;
 
-  WebSocketLink(NetworkLoop &loop, ByteChannel &channel);
+  WebSocketLink(HttpService &service, ByteChannel &channel);
   ~WebSocketLink() override;
 
   void send(std::string message) override;
@@ -47,15 +52,21 @@ public:
   void gone();
   /// The server stops.
   void shutDown();
-  NetworkLoop::TimePoint deadline() const { return deadline_; }
+  NetworkLoop::TimePoint deadline() const { return std::min(deadline_, messageDeadline_); }
   void expired();
+  /// Whether the page has said who it is.
+  bool greeted() const { return greeted_; }
 
 private:
+  HttpService &service_;
   NetworkLoop &loop_;
   ByteChannel *channel_; ///< null once gone
   std::shared_ptr<Engine::TransportListener> listener_;
   WebSocketCodec codec_;
   NetworkLoop::TimePoint deadline_;
+  NetworkLoop::TimePoint messageDeadline_ = NetworkLoop::TimePoint::max(); ///< of a message that has begun
+  std::size_t counted_ = 0; ///< this connection's part of the service's unfinished bytes
+  bool greeted_ = false;
   bool pinged_ = false;
   bool closing_ = false;
 
@@ -69,6 +80,8 @@ private:
 
   void wake(const std::lock_guard<std::mutex> &);
   void flush();
+  void countUnfinished();
+  void breakOff(int code, const char *reason);
   void sayClose(int code, std::string_view reason);
   void tellClosed(bool goodbye);
 

@@ -777,6 +777,10 @@ void Session::quit(const std::string &message)
 
 std::string Session::addResource(const std::string &id, std::shared_ptr<ResourceHandler> handler)
 {
+  {
+    const std::lock_guard<std::mutex> held(mutex_);
+    resourceIds_.insert(id);
+  }
   Resource &resource = resources_[id];
   resource.handler = std::move(handler);
   resource.rand = randomName(16);
@@ -792,8 +796,18 @@ void Session::refuse(const std::vector<SpooledFile> &files, ResourceResponse &re
   response.finish();
 }
 
+bool Session::hasResource(const std::string &id) const
+{
+  const std::lock_guard<std::mutex> held(mutex_);
+  return !dead_ && resourceIds_.count(id) > 0;
+}
+
 void Session::removeResource(const std::string &id)
 {
+  {
+    const std::lock_guard<std::mutex> held(mutex_);
+    resourceIds_.erase(id);
+  }
   resources_.erase(id);
 }
 

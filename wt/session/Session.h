@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -85,6 +86,8 @@ public:
   void requested(const std::string &resourceId, const std::string &rand, RequestHead head,
                  std::vector<SpooledFile> files, std::uint64_t tooLarge,
                  std::shared_ptr<ResourceResponse> response);
+  /// Thread safe.
+  bool hasResource(const std::string &id) const;
   void progress(const std::string &resourceId, const std::string &rand, std::uint64_t got,
                 std::uint64_t total);
   /// Ends the session as soon as its running handler lets go. `farewell` is a last message to the page.
@@ -201,6 +204,7 @@ private:
   std::size_t queuedMessages_ = 0;
   std::size_t queuedBytes_ = 0;
   std::map<std::string, std::pair<std::uint64_t, std::uint64_t>> progress_; ///< not yet told, by resource
+  std::set<std::string> resourceIds_;                                       ///< the keys of `resources_`
   std::string farewell_;
   Scheduler::TimePoint awaySince_;
   std::thread::id holderThread_;

@@ -66,6 +66,9 @@ public:
   virtual void resource(RequestHead head, std::vector<SpooledFile> files, std::uint64_t tooLarge,
                         std::shared_ptr<ResourceResponse> response) = 0;
 
+  /// Whether there is such a session with such a resource, so that a body for it is worth taking in.
+  virtual bool hasResource(const RequestHead &head) const = 0;
+
   /// Progress of an upload that is under way: bytes got of bytes announced.
   virtual void uploadProgress(const RequestHead &head, std::uint64_t got, std::uint64_t total) = 0;
 

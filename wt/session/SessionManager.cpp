@@ -275,6 +275,14 @@ void SessionManager::resource(RequestHead head, std::vector<SpooledFile> files, 
     Session::refuse(files, *response);
 }
 
+bool SessionManager::hasResource(const RequestHead &head) const
+{
+  const std::string *publicId = head.parameter("wtd");
+  const std::string *id = head.parameter("resource");
+  const auto session = publicId && id ? find(*publicId) : nullptr;
+  return session && session->hasResource(*id);
+}
+
 void SessionManager::uploadProgress(const RequestHead &head, std::uint64_t got, std::uint64_t total)
 {
   const std::string *publicId = head.parameter("wtd");

@@ -40,6 +40,7 @@ public:
                                                std::shared_ptr<Transport> transport) override;
   void resource(RequestHead head, std::vector<SpooledFile> files, std::uint64_t tooLarge,
                 std::shared_ptr<ResourceResponse> response) override;
+  bool hasResource(const RequestHead &head) const override;
   void uploadProgress(const RequestHead &head, std::uint64_t got, std::uint64_t total) override;
   std::size_t sessionCount() const override;
 

@@ -103,6 +103,11 @@ void FakeSessions::resource(Engine::RequestHead head, std::vector<Engine::Spoole
   requests.push_back(std::move(request));
 }
 
+bool FakeSessions::hasResource(const Engine::RequestHead &) const
+{
+  return knowsResources;
+}
+
 void FakeSessions::uploadProgress(const Engine::RequestHead &, std::uint64_t got, std::uint64_t total)
 {
   const std::lock_guard<std::mutex> lock(mutex);
@@ -120,8 +125,12 @@ MemoryConnection::MemoryConnection(const std::string &documentRoot, Net::Peer pe
               {128 * 1024},
               false,
               false,
+              {},
+              {},
+              {},
               0}
 {
+  service.names.add("switch");
   service.router.addEntryPoint("/");
   connection = std::make_shared<Net::HttpConnection>(service, channel, std::move(peer));
 }

@@ -76,12 +76,14 @@ public:
                                                        std::shared_ptr<Engine::Transport> transport) override;
   void resource(Engine::RequestHead head, std::vector<Engine::SpooledFile> files, std::uint64_t tooLarge,
                 std::shared_ptr<Engine::ResourceResponse> response) override;
+  bool hasResource(const Engine::RequestHead &head) const override;
   void uploadProgress(const Engine::RequestHead &head, std::uint64_t got, std::uint64_t total) override;
   std::size_t sessionCount() const override { return 0; }
 
   /// Called for each resource request, on the network thread; without it requests are kept in `requests`.
   std::function<void(ResourceRequest)> onResource;
   bool refusing = false;
+  bool knowsResources = true; ///< what hasResource() says
 
   mutable std::mutex mutex; ///< guards what follows while a network thread runs
   std::vector<Engine::RequestHead> pages;

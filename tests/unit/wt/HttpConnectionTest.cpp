@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HttpTestFolder.h"
+#include "http/SpoolFolder.h"
 #include "testing/MemoryNetwork.h"
 
 #include <filesystem>
@@ -46,6 +47,14 @@ std::string post(const std::string &body, const std::string &type, const std::st
 {
   return "POST /?wtd=abc&request=resource&resource=o1 HTTP/1.1\r\nHost: switch\r\nContent-Type: " + type +
          "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n" + more + "\r\n" + body;
+}
+
+/// The page has said who it is, and heard the answer.
+void greet(MemoryConnection &peer)
+{
+  peer.say(webSocketRequest("switch", "http://switch") + clientFrame(1, "hello"));
+  peer.heard();
+  peer.sessions.messages.clear();
 }
 
 std::string bodyOf(const std::string &response)
@@ -353,8 +362,7 @@ TEST_F(HttpConnectionTest, aHalfHeartedWebSocketRequestIsRefused)
 TEST_F(HttpConnectionTest, anOpenPageCostsNothingInTwentySecondsAndAPingAMinute)
 {
   auto peer = connect();
-  peer->say(webSocketRequest("switch", "http://switch"));
-  peer->heard();
+  greet(*peer);
   peer->wait(59s);
   EXPECT_EQ(peer->heard(), "");
   peer->wait(2s);
@@ -367,7 +375,7 @@ TEST_F(HttpConnectionTest, anOpenPageCostsNothingInTwentySecondsAndAPingAMinute)
 TEST_F(HttpConnectionTest, aPeerThatAnswersNoPingIsDropped)
 {
   auto peer = connect();
-  peer->say(webSocketRequest("switch", "http://switch"));
+  greet(*peer);
   peer->wait(61s);
   EXPECT_FALSE(peer->channel.aborted);
   peer->wait(61s);
@@ -472,8 +480,7 @@ TEST_F(HttpConnectionTest, whoBreaksTheRulesOfWebSocketsIsClosedWithTheReason)
   };
   for (const auto &item : cases) {
     auto peer = connect();
-    peer->say(webSocketRequest("switch", "http://switch"));
-    peer->heard();
+    greet(*peer);
     peer->say(item.first);
     const std::string answer = peer->heard();
     ASSERT_GE(answer.size(), 4u) << item.second;
@@ -484,6 +491,129 @@ TEST_F(HttpConnectionTest, whoBreaksTheRulesOfWebSocketsIsClosedWithTheReason)
     EXPECT_EQ(peer->sessions.closings, 1);
     EXPECT_TRUE(peer->sessions.messages.empty());
   }
+}
+
+TEST_F(HttpConnectionTest, whoDoesNotGreetGoesWithinSecondsWhateverElseItSays)
+{
+  auto peer = connect();
+  peer->say(webSocketRequest("switch", "http://switch"));
+  EXPECT_FALSE(peer->connection->isKnown());
+  for (int i = 0; i < 9; ++i) {
+    peer->say(clientFrame(10, ""));
+    peer->say(clientFrame(1, "a piece of a greeting", false).substr(0, i ? 0 : 8));
+    peer->wait(1s);
+  }
+  EXPECT_TRUE(peer->channel.aborted);
+}
+
+TEST_F(HttpConnectionTest, beforeTheGreetingAMessageIsShortAndLaterItMayBeLong)
+{
+  for (const std::string &greeting :
+       {clientFrame(1, std::string(40 * 1024, 'x')).substr(0, 10),
+        clientFrame(1, std::string(20 * 1024, 'x'), false) + clientFrame(0, std::string(20 * 1024, 'x'))}) {
+    auto peer = connect();
+    peer->say(webSocketRequest("switch", "http://switch"));
+    peer->heard();
+    peer->say(greeting);
+    EXPECT_THAT(peer->heard(), StartsWith("\x88\x02\x03\xf1"));
+    EXPECT_TRUE(peer->channel.closing);
+  }
+  auto page = connect();
+  greet(*page);
+  EXPECT_TRUE(page->connection->isKnown());
+  page->say(clientFrame(1, std::string(500 * 1024, 'x')));
+  EXPECT_EQ(page->sessions.messages.size(), 1u);
+}
+
+TEST_F(HttpConnectionTest, aMessageThatNeverBecomesWholeIsGivenUp)
+{
+  auto peer = connect();
+  greet(*peer);
+  const std::string frame = clientFrame(1, std::string(500 * 1024, 'x'));
+  for (std::size_t i = 0; i < 100 && !peer->channel.aborted; ++i) {
+    peer->say(std::string_view(frame).substr(i * 20, 20));
+    peer->wait(5s);
+  }
+  EXPECT_TRUE(peer->channel.aborted);
+}
+
+TEST_F(HttpConnectionTest, longMessagesThatHaveBegunMustNotFillTheMemory)
+{
+  auto peer = connect();
+  greet(*peer);
+  peer->service.unfinished = peer->service.limits.unfinished;
+  const std::string frame = clientFrame(1, std::string(500 * 1024, 'x'));
+  peer->say(frame.substr(0, 60 * 1024));
+  EXPECT_FALSE(peer->channel.closing);
+  peer->say(frame.substr(60 * 1024, 20 * 1024));
+  EXPECT_TRUE(peer->channel.closing);
+  peer->hangUp();
+  EXPECT_EQ(peer->service.unfinished, peer->service.limits.unfinished);
+}
+
+TEST_F(HttpConnectionTest, pingsOfAPeerThatReadsNothingAreNotAnswered)
+{
+  auto peer = connect();
+  greet(*peer);
+  peer->channel.holding = true;
+  for (int i = 0; i < 1000; ++i)
+    peer->say(clientFrame(9, std::string(125, 'p')));
+  EXPECT_LT(peer->channel.held.size(), 17u * 1024);
+  EXPECT_FALSE(peer->channel.aborted);
+  peer->takeHeld();
+  peer->channel.holding = false;
+  peer->heard();
+  peer->say(clientFrame(9, "again"));
+  EXPECT_EQ(peer->heard(), "\x8a\x05"
+                           "again");
+}
+
+TEST_F(HttpConnectionTest, aForeignNameIsRefusedInWords)
+{
+  for (const char *foreign : {"evil.example", "switch.evil.example", "switch:80:80", "[::1", "."}) {
+    auto peer = connect();
+    peer->say("GET / HTTP/1.1\r\nHost: " + std::string(foreign) + "\r\n\r\n");
+    const std::string answer = peer->heard();
+    EXPECT_THAT(answer, StartsWith("HTTP/1.1 421 Misdirected Request\r\n")) << foreign;
+    EXPECT_THAT(answer, HasSubstr("Use its numeric address"));
+    EXPECT_TRUE(peer->channel.closing);
+    EXPECT_TRUE(peer->sessions.pages.empty());
+    auto page = connect();
+    page->say(webSocketRequest(foreign, std::string("http://") + foreign));
+    EXPECT_THAT(page->heard(), StartsWith("HTTP/1.1 421")) << foreign;
+    EXPECT_TRUE(page->sessions.connections.empty());
+  }
+}
+
+TEST_F(HttpConnectionTest, anUnknownTransferCodingIsRefusedAndTheConnectionClosed)
+{
+  for (const char *coding :
+       {"identity", "gzip", "xchunked", "\"chunked\"", "chunked, identity", "gzip, chunked"}) {
+    auto peer = connect();
+    peer->say("POST /?request=resource HTTP/1.1\r\nHost: switch\r\nTransfer-Encoding: " +
+              std::string(coding) + "\r\n\r\n" + get("/"));
+    EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 501")) << coding;
+    EXPECT_TRUE(peer->channel.closing);
+    EXPECT_TRUE(peer->sessions.pages.empty());
+  }
+}
+
+TEST_F(HttpConnectionTest, aSharedPortGivesNothingOfASessionInTheClear)
+{
+  Net::Peer peer;
+  peer.sharedPort = true;
+  auto page = connect(peer);
+  page->say(webSocketRequest("switch", "http://switch"));
+  EXPECT_THAT(page->heard(), StartsWith("HTTP/1.1 403"));
+  EXPECT_TRUE(page->sessions.connections.empty());
+  auto download = connect(peer);
+  download->say(get("/?wtd=abc&request=resource&resource=o1"));
+  EXPECT_THAT(download->heard(), StartsWith("HTTP/1.1 403"));
+  EXPECT_TRUE(download->sessions.requests.empty());
+  peer.secure = true;
+  auto secure = connect(peer);
+  secure->say(webSocketRequest("switch", "https://switch"));
+  EXPECT_THAT(secure->heard(), StartsWith("HTTP/1.1 101"));
 }
 
 TEST_F(HttpConnectionTest, aMessageInPiecesWithAPingBetweenIsOneMessage)
@@ -549,6 +679,7 @@ TEST_F(HttpConnectionTest, aResourceOfKnownLengthIsSentAsItIs)
   EXPECT_THAT(answer, HasSubstr("Content-Type: text/csv\r\n"));
   EXPECT_THAT(answer, HasSubstr("X-Good: yes\r\n"));
   EXPECT_THAT(answer, HasSubstr("Content-Length: 5\r\n"));
+  EXPECT_THAT(answer, HasSubstr("Cache-Control: no-store\r\n"));
   EXPECT_THAT(answer, Not(HasSubstr("Set-Cookie")));
   EXPECT_THAT(answer, Not(HasSubstr("Bad Name")));
   EXPECT_THAT(answer, Not(HasSubstr("chunked")));
@@ -672,7 +803,7 @@ TEST_F(HttpConnectionTest, anUploadedFileIsSpooledAndItsTextsBecomeParameters)
   EXPECT_EQ(got.tooLarge, 0u);
   ASSERT_FALSE(peer->sessions.progress.empty());
   EXPECT_EQ(peer->sessions.progress.back().first, peer->sessions.progress.back().second);
-  EXPECT_EQ(peer->service.uploads, 0u);
+  EXPECT_TRUE(peer->service.uploads.empty());
 }
 
 TEST_F(HttpConnectionTest, anUploadInChunksIsTaken)
@@ -743,28 +874,23 @@ TEST_F(HttpConnectionTest, aBrokenFormIsRefusedAndLeavesNoFile)
       "",
   };
   for (const std::string &body : bodies) {
-    const HttpTestFolder spool;
-    ::setenv("TMPDIR", spool.path().c_str(), 1);
     auto peer = connect();
     peer->say(post(body + " ", kFormType));
     EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 400")) << body.substr(0, 60);
-    EXPECT_TRUE(std::filesystem::is_empty(spool.path()));
-    ::unsetenv("TMPDIR");
+    EXPECT_TRUE(std::filesystem::is_empty(Net::SpoolFolder::instance().path()));
   }
 }
 
 TEST_F(HttpConnectionTest, anUploadThatIsBrokenOffLeavesNoFile)
 {
-  const HttpTestFolder spool;
-  ::setenv("TMPDIR", spool.path().c_str(), 1);
+  const std::string spool = Net::SpoolFolder::instance().path();
   auto peer = connect();
   const std::string request = post(form(std::string(10000, 'a')), kFormType);
   peer->say(request.substr(0, 5000));
-  EXPECT_FALSE(std::filesystem::is_empty(spool.path()));
+  EXPECT_FALSE(std::filesystem::is_empty(spool));
   peer->hangUp();
-  EXPECT_TRUE(std::filesystem::is_empty(spool.path()));
-  EXPECT_EQ(peer->service.uploads, 0u);
-  ::unsetenv("TMPDIR");
+  EXPECT_TRUE(std::filesystem::is_empty(spool));
+  EXPECT_TRUE(peer->service.uploads.empty());
 }
 
 TEST_F(HttpConnectionTest, anUploadThatCreepsIsGivenUp)
@@ -782,10 +908,46 @@ TEST_F(HttpConnectionTest, anUploadThatCreepsIsGivenUp)
 TEST_F(HttpConnectionTest, onlySoManyUploadsRunAtATime)
 {
   auto peer = connect();
-  peer->service.uploads = peer->service.limits.uploads;
+  while (peer->service.uploads.size() < peer->service.limits.uploads)
+    peer->service.uploads.insert(std::to_string(peer->service.uploads.size()));
   peer->say(post(form("abc"), kFormType));
   EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 503"));
-  EXPECT_EQ(peer->service.uploads, peer->service.limits.uploads);
+  EXPECT_EQ(peer->service.uploads.size(), peer->service.limits.uploads);
+}
+
+TEST_F(HttpConnectionTest, aSessionHasOneUploadAtATime)
+{
+  auto peer = connect();
+  peer->service.uploads = {"abc"};
+  peer->say(post(form("abc"), kFormType));
+  EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 503"));
+  auto next = connect();
+  next->service.uploads = {"other"};
+  next->say(post(form("abc"), kFormType));
+  EXPECT_EQ(next->sessions.requests.size(), 1u);
+  EXPECT_EQ(next->service.uploads, std::set<std::string>{"other"});
+}
+
+TEST_F(HttpConnectionTest, noBodyIsTakenInForAResourceThatNobodyHas)
+{
+  auto peer = connect();
+  peer->sessions.knowsResources = false;
+  const std::string request = post(form("abc"), kFormType, "Expect: 100-continue\r\n");
+  peer->say(request.substr(0, request.find("\r\n\r\n") + 4));
+  EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 404"));
+  EXPECT_TRUE(peer->channel.closing);
+  EXPECT_TRUE(peer->service.uploads.empty());
+}
+
+TEST_F(HttpConnectionTest, aFormOfManyFilesIsRefusedAndLeavesNone)
+{
+  std::string body;
+  for (int i = 0; i < 40; ++i)
+    body += "--XyZ\r\nContent-Disposition: form-data; name=\"data\"; filename=\"a\"\r\n\r\nabc\r\n";
+  auto peer = connect();
+  peer->say(post(body + "--XyZ--\r\n", kFormType));
+  EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 400"));
+  EXPECT_TRUE(std::filesystem::is_empty(Net::SpoolFolder::instance().path()));
 }
 
 TEST_F(HttpConnectionTest, aClientThatWaitsForALeaveToSendGetsIt)

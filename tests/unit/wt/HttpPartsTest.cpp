@@ -1,12 +1,21 @@
 // SPDX-License-Identifier: MIT
+#include "HttpTestFolder.h"
+#include "base/Log.h"
 #include "http/ContentDisposition.h"
+#include "http/FileHandle.h"
+#include "http/HostNames.h"
+#include "http/LineLimit.h"
 #include "http/MultipartReader.h"
 #include "http/Router.h"
+#include "http/SpoolFolder.h"
 #include "http/UrlCodec.h"
 #include "http/WebSocketCodec.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 using namespace Wt::Net;
 
@@ -67,6 +76,68 @@ TEST(HttpRouterTest, withAListEverythingElseReachesTheApplication)
   EXPECT_EQ(chosen(router, "/resources/themes/a"), "file");
   EXPECT_EQ(chosen(router, "/resources2"), "entry /");
   EXPECT_EQ(chosen(router, "/style/x"), "file");
+}
+
+TEST(HttpHostNamesTest, everyAddressAndThisMachinesNamesAreOwn)
+{
+  char name[256] = {};
+  ASSERT_EQ(::gethostname(name, sizeof name - 1), 0);
+  const HostNames names;
+  for (const std::string &host :
+       {std::string(name), std::string(name) + ":8443", std::string(name) + ".", std::string("localhost"),
+        std::string("LocalHost:1"), std::string("192.0.2.1:443"), std::string("[2001:db8::1]"),
+        std::string("[::1]:8443")})
+    EXPECT_TRUE(names.isOwn(host)) << host;
+  for (const char *host : {"", "evil.example", "localhost.evil.example", "localhost:x", "localhost:1:2",
+                           "[::1", "[evil]", "[::1]x", "1.2.3.4.evil.example", "localhost:123456"})
+    EXPECT_FALSE(names.isOwn(host)) << host;
+}
+
+TEST(HttpHostNamesTest, namesAreAddedWholeOrByDomain)
+{
+  HostNames names;
+  names.add("Kvm.Example");
+  names.add("*.switch.example");
+  EXPECT_TRUE(names.isOwn("kvm.example:443"));
+  EXPECT_TRUE(names.isOwn("north.switch.example"));
+  EXPECT_FALSE(names.isOwn("a.north.switch.example"));
+  EXPECT_FALSE(names.isOwn("switch.example"));
+  EXPECT_FALSE(names.isOwn("x.kvm.example"));
+  names.add("*");
+  EXPECT_TRUE(names.isOwn("anything.example"));
+}
+
+TEST(HttpSpoolFolderTest, whatEndedServersLeftIsRemovedAndNothingElse)
+{
+  const HttpTestFolder parent;
+  for (const char *name : {"uploads-aB3dEf", "uploads-locked", "uploads-of-mine", "upload-aB3dEf"}) {
+    std::filesystem::create_directory(parent / name);
+    std::ofstream(parent / name + "/upload-1") << "x";
+  }
+  const FileHandle held(::open((parent / "uploads-locked").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  ASSERT_EQ(::flock(held.get(), LOCK_EX), 0);
+  ::setenv("TMPDIR", parent.path().c_str(), 1);
+  SpoolFolder::removeLeft();
+  ::unsetenv("TMPDIR");
+  EXPECT_FALSE(std::filesystem::exists(parent / "uploads-aB3dEf"));
+  for (const char *name : {"uploads-locked", "uploads-of-mine", "upload-aB3dEf"})
+    EXPECT_TRUE(std::filesystem::exists(parent / name + "/upload-1")) << name;
+}
+
+TEST(HttpLineLimitTest, warningsOfStrangersAreBoundedAndTheirNumberIsTold)
+{
+  std::vector<std::string> lines;
+  const auto former = Wt::Engine::setLogSink(
+      [&lines](Wt::Engine::LogLevel, std::string_view, std::string_view text) { lines.emplace_back(text); });
+  LineLimit limit;
+  const NetworkLoop::TimePoint now{};
+  for (int i = 0; i < 1000; ++i)
+    limit.warn(now, "somebody knocks");
+  EXPECT_EQ(lines.size(), LineLimit::kLinesPerMinute);
+  lines.clear();
+  limit.warn(now + std::chrono::minutes(1), "somebody knocks");
+  Wt::Engine::setLogSink(former);
+  EXPECT_EQ(lines, (std::vector<std::string>{"970 more warnings were left out.", "somebody knocks"}));
 }
 
 TEST(HttpRouterTest, theLongestEntryPointWins)

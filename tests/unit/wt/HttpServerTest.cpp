@@ -269,9 +269,51 @@ TEST_F(HttpServerTest, beyondTheLimitNewConnectionsAreClosed)
   for (HttpTestClient *page : {&one, &two}) {
     page->say(webSocketRequest("localhost", "http://localhost"));
     page->hearUntil("\r\n\r\n");
+    page->say(clientFrame(1, "hello"));
+    page->hear(7);
   }
   HttpTestClient three(port);
   EXPECT_TRUE(three.isClosed());
+}
+
+TEST_F(HttpServerTest, whoHasNotGreetedMakesRoomForOthers)
+{
+  HttpSettings chosen = settings(true, false);
+  chosen.maximumConnections = 4;
+  chosen.maximumPerAddress = 4; // of which three are left to it
+  const unsigned short port = start(chosen);
+  HttpTestClient page(port);
+  HttpTestClient silent(port);
+  for (HttpTestClient *one : {&page, &silent}) {
+    one->say(webSocketRequest("localhost", "http://localhost"));
+    EXPECT_THAT(one->hearUntil("\r\n\r\n"), StartsWith("HTTP/1.1 101"));
+  }
+  page.say(clientFrame(1, "hello"));
+  page.hear(7);
+  std::vector<std::unique_ptr<HttpTestClient>> mute;
+  for (int i = 0; i < 6; ++i)
+    mute.push_back(std::make_unique<HttpTestClient>(port));
+  EXPECT_TRUE(silent.isClosed());
+  EXPECT_THAT(HttpTestClient(port).get("/"), StartsWith("HTTP/1.1 200"));
+  page.say(clientFrame(1, "alive"));
+  EXPECT_EQ(page.hear(7), "\x81\x05"
+                          "alive");
+}
+
+TEST_F(HttpServerTest, theNamesOfItsCertificateAreItsOwn)
+{
+  HttpSettings chosen = settings(false, true);
+  writeCertificate(chosen.certificateChain, chosen.privateKey, "kvm.example");
+  chosen.names = {"other.example"};
+  HttpTestClient client(start(chosen), HttpTestClient::Tls);
+  const auto answer = [&client](const std::string &name) {
+    client.say("HEAD / HTTP/1.1\r\nHost: " + name + "\r\n\r\n");
+    return client.hearUntil("\r\n\r\n");
+  };
+  for (const char *name : {"kvm.example", "KVM.example:8443", "alternative.kvm.example", "other.example",
+                           "localhost", "127.0.0.1"})
+    EXPECT_THAT(answer(name), StartsWith("HTTP/1.1 200")) << name;
+  EXPECT_THAT(answer("another.example"), StartsWith("HTTP/1.1 421"));
 }
 
 TEST_F(HttpServerTest, manyPagesAtOnceAreAllAnswered)

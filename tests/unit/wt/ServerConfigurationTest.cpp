@@ -42,6 +42,13 @@ TEST(ServerConfigurationTest, optionsMayHaveTheirValueBehindASignOrABlankOrInThe
   EXPECT_TRUE(c.unknown.empty());
 }
 
+TEST(ServerConfigurationTest, theServersNamesAreAList)
+{
+  EXPECT_THAT(parsed({"--servername=kvm.example,,*.switch.example"}).names(),
+              ElementsAre("kvm.example", "*.switch.example"));
+  EXPECT_TRUE(parsed({}).names().empty());
+}
+
 TEST(ServerConfigurationTest, theLastOfAnOptionWins)
 {
   EXPECT_EQ(parsed({"--docroot=/a", "--docroot=/b"}).documentRoot, "/b");
