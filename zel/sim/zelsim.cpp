@@ -165,7 +165,7 @@ int serve(const Options &options)
   if (store.wasEmpty())
     makeFleet(world);
   startStory(world);
-  if (!store.commit(problem))
+  if (!store.commit(problem) || !store.settle(problem))
     return fail("database " + options.database + ": " + problem);
 
   Commands commands;

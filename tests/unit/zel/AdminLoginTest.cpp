@@ -4,8 +4,11 @@
 #include "ZelReqUtil.h"
 #include "ZelRspUtil.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <utility>
 
 namespace
 {
@@ -103,26 +106,101 @@ TEST_F(AdminLogin, loginsLogoutsAndFailuresRaiseAlerts)
   EXPECT_TRUE(hasAlert("unacknowledgedAlerts", "Failed administrator login of mallory from 192.0.2.7."));
 }
 
-TEST_F(AdminLogin, thereIsALimitOfSessions)
+TEST_F(AdminLogin, whenAllPlacesAreTakenTheOldestSessionGivesWay)
 {
-  int result = 0;
-  unsigned logins = 0;
-  while (result == 0 && logins < 600) {
-    result = logInAdministrator("operator", "operator-1");
-    logins += result == 0;
-  }
-  EXPECT_EQ(512u, logins);
-  EXPECT_EQ(8, result);
+  unsigned first = 0, logins = 0;
+  ASSERT_EQ(0, logInAdministrator("operator", "operator-1", &first));
+  while (logins < 512 && logInAdministrator("operator", "operator-1") == 0)
+    ++logins;
+  EXPECT_EQ(512u, logins) << "a full list is no wrong password";
+  EXPECT_EQ(512u, rows("adminSession"));
+  EXPECT_EQ(1103, logInAdministrator("operator", "wrong"));
+  EXPECT_EQ(512u, rows("adminSession")) << "nobody gives way to a wrong password";
 }
 
-TEST_F(AdminLogin, sessionsOfAClosedConnectionEndAWhileLater)
+class AdminSessions : public AdminLogin
 {
-  ASSERT_EQ(0, logInAdministrator("operator", "operator-1"));
+protected:
+  AdminSessions() { EXPECT_EQ(0, logInAdministrator("operator", "operator-1")); }
+
+  std::size_t sessions() const { return lines(store.control({"list", "adminSession"}).text); }
+  void passSeconds(unsigned seconds)
+  {
+    ASSERT_FALSE(store.control({"jump", std::to_string(seconds)}).failed);
+  }
+  void hangUp()
+  {
+    ZelClient_close(client);
+    client = nullptr;
+  }
+
+private:
+  static std::size_t lines(const std::string &text)
+  {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+  }
+};
+
+TEST_F(AdminSessions, ofAClosedPageEndAWhileLater)
+{
+  hangUp();
+  passSeconds(540);
+  EXPECT_EQ(1u, sessions());
+  passSeconds(70);
+  EXPECT_EQ(0u, sessions());
+}
+
+TEST_F(AdminSessions, ofClientsThatTheStoreDropsEndLikewise)
+{
+  ASSERT_FALSE(store.control({"drop"}).failed);
+  passSeconds(540);
+  EXPECT_EQ(1u, sessions());
+  passSeconds(70);
+  EXPECT_EQ(0u, sessions());
+}
+
+TEST_F(AdminSessions, goOnOverAConnectionThatIsMadeAnew)
+{
   reconnect();
-  pass(60);
+  passSeconds(3600);
+  EXPECT_EQ(1u, sessions());
   EXPECT_EQ(1u, rows("adminSession"));
-  pass(600);
+  hangUp();
+  passSeconds(610);
+  EXPECT_EQ(0u, sessions()) << "and end with that one";
+}
+
+TEST_F(AdminSessions, goOnAfterTheStoreWasStartedAgain)
+{
+  store.restart();
+  reconnect();
+  passSeconds(3600);
+  EXPECT_EQ(1u, rows("adminSession"));
+  hangUp();
+  passSeconds(610);
+  EXPECT_EQ(0u, sessions());
+}
+
+TEST_F(AdminSessions, areNotTakenOverByWhoComesMuchLater)
+{
+  hangUp();
+  passSeconds(300);
+  reconnect();
+  passSeconds(310);
   EXPECT_EQ(0u, rows("adminSession"));
+}
+
+TEST_F(AdminSessions, oneRenewedConnectionKeepsOneSession)
+{
+  ZelClient_s *other = ZelClient_new();
+  std::swap(client, other);
+  ASSERT_EQ(0, logInAdministrator("operator", "operator-1"));
+  std::swap(client, other);
+  ASSERT_EQ(2u, sessions());
+  ZelClient_close(other);
+  reconnect();
+  passSeconds(700);
+  EXPECT_EQ(1u, sessions());
 }
 
 } // namespace

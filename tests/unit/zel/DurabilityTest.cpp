@@ -6,12 +6,16 @@
 #include "ZelObj.h"
 #include "ZelReqUtil.h"
 #include "ZelRspUtil.h"
+#include "data/WriteAheadLog.h"
 
 #include <atomic>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
 #include <string>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
@@ -81,6 +85,48 @@ TEST(Durability, ofAcknowledgedWritesSurvivesAHundredKills)
     }
   }
   EXPECT_GT(acknowledged[0], kKills / 2);
+}
+
+TEST(Durability, theDatabaseIsForItsOwnerOnly)
+{
+  const TestStore store;
+  for (const char *end : {"", "-wal"}) {
+    struct stat file {
+    };
+    ASSERT_EQ(0, ::stat((store.database() + end).c_str(), &file)) << end;
+    EXPECT_EQ(0600u, file.st_mode & 0777u) << end;
+  }
+}
+
+TEST(Durability, aLostLogOfWritesLosesNoAccounts)
+{
+  TestStore store;
+  store.kill();
+  std::filesystem::remove(store.database() + "-wal");
+  store.restart();
+  EXPECT_EQ("operator", store.get("user", 2, "name"));
+  EXPECT_EQ("is_true", store.get("user", 2, "passwordIsInitialized"));
+}
+
+TEST(Durability, aDamagedLogOfWritesIsTold)
+{
+  TestStore store;
+  ASSERT_TRUE(store.set("rx", 1, "notes", "x"));
+  const std::string log = store.database() + "-wal";
+  store.kill();
+  EXPECT_EQ("", zelsim::damageOfLog(log));
+  std::filesystem::resize_file(log, std::filesystem::file_size(log) - 100);
+  EXPECT_NE("", zelsim::damageOfLog(log));
+  {
+    std::fstream file(log, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(2000);
+    file << "garbage";
+  }
+  EXPECT_NE("", zelsim::damageOfLog(log));
+  std::ofstream(log, std::ios::trunc | std::ios::binary) << std::string(5000, 'x');
+  EXPECT_NE("", zelsim::damageOfLog(log));
+  store.restart();
+  EXPECT_EQ("operator", store.get("user", 2, "name"));
 }
 
 } // namespace

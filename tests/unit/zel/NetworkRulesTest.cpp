@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StoreTest.h"
 
+#include <ctime>
+
 namespace
 {
 
@@ -89,12 +91,25 @@ TEST_F(TimeServer, theAddressHasToBeOne)
   EXPECT_EQ(0, set("swx", 1, {{"primaryNtpIpAddress", ""}}));
 }
 
-TEST_F(TimeServer, theTimeOfTheSwitchGoesOnAndJumps)
+TEST_F(TimeServer, aJumpLeavesTheTimeOfTheSwitchAndMovesThePast)
 {
   const unsigned before = number("swx", 1, "currentSysTime");
-  EXPECT_GT(before, 1700000000u);
-  pass(100);
-  EXPECT_GE(number("swx", 1, "currentSysTime"), before + 100);
+  EXPECT_NEAR(static_cast<double>(std::time(nullptr)), before, 2);
+  const unsigned start = number("userSession", 1, "sessionStartTime");
+  pass(3600);
+  EXPECT_LT(number("swx", 1, "currentSysTime"), before + 60);
+  EXPECT_EQ(start - 3600, number("userSession", 1, "sessionStartTime")) << "it has lasted an hour more";
+  store.restart();
+  reconnect();
+  EXPECT_EQ(start - 3600, number("userSession", 1, "sessionStartTime"));
+  EXPECT_NEAR(static_cast<double>(std::time(nullptr)), number("swx", 1, "currentSysTime"), 2);
+}
+
+TEST_F(TimeServer, aSessionThatBeginsAfterAJumpBeginsNow)
+{
+  pass(3600);
+  ASSERT_EQ(0, logInAdministrator("operator", "operator-1"));
+  EXPECT_NEAR(static_cast<double>(std::time(nullptr)), number("adminSession", 1, "sessionStartTime"), 2);
 }
 
 class SystemSettings : public StoreTest

@@ -462,7 +462,13 @@ constexpr Parameter kAdminSessionRows[] = {
     integer("sessionStartTime", 0, kAnyNumber).with(kReadOnly),
     integer("client", 0, INT64_MAX)
         .with(kReadOnly | kVolatile | kUncounted)
-        .that("the connection that logged in"),
+        .that("the connection that its person works over"),
+    integer("process", 0, INT32_MAX)
+        .with(kReadOnly | kUncounted)
+        .that("the process that this connection belongs to"),
+    integer("leftAt", 0, kAnyNumber)
+        .with(kReadOnly | kUncounted)
+        .that("when the connection ended; 0 while it stands"),
 };
 
 constexpr Parameter kUserRows[] = {

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "data/Journal.h"
 
+#include "data/WriteAheadLog.h"
+
+#include <cstdio>
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace zelsim
 {
@@ -21,12 +27,28 @@ bool runPrepared(sqlite3_stmt *statement)
   return result == SQLITE_DONE;
 }
 
+// The hashes of all accounts are in there. The files beside it take the mode of the database.
+void keepPrivate(const std::string &path)
+{
+  if (path == ":memory:")
+    return;
+  const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (file < 0)
+    return;
+  ::fchmod(file, 0600);
+  ::close(file);
+}
+
 } // namespace
 
 std::unique_ptr<Journal> Journal::open(const std::string &path, std::string &problem)
 {
   std::unique_ptr<Journal> journal(new Journal);
   std::string why;
+  keepPrivate(path);
+  if (const std::string damage = damageOfLog(path + "-wal"); !damage.empty())
+    std::fprintf(stderr, "zelsim: database %s: %s; what was written last may be lost\n", path.c_str(),
+                 damage.c_str());
   if (sqlite3_open_v2(path.c_str(), &journal->database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
                       nullptr) != SQLITE_OK) {
     why = journal->database_ ? sqlite3_errmsg(journal->database_) : "out of memory";
@@ -105,6 +127,11 @@ bool Journal::checkVersion(std::string &problem)
   if (!sound)
     problem = "is damaged";
   return sound;
+}
+
+bool Journal::checkpoint(std::string &problem)
+{
+  return run("PRAGMA wal_checkpoint(TRUNCATE)", problem);
 }
 
 bool Journal::prepare(std::string &problem)

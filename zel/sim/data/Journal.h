@@ -18,6 +18,8 @@ namespace zelsim
 /// The database behind the store: a row per record, its values as one JSON object. What write() has
 /// returned true for survives the death of the process. A loss of power may take the last commits, in the
 /// order of their coming, and never a part of one.
+/// Its files are for their owner only. A log of writes that doesn't read to its end is told on stderr: the
+/// database is whole, but may be of an earlier moment.
 class Journal
 {
 public:
@@ -41,6 +43,9 @@ public:
   };
   /// All of the changes, durably, or none of them: false and `problem`.
   bool write(const std::vector<Change> &changes, std::string &problem);
+
+  /// Brings everything into the database itself, so that it doesn't hang on the log beside it.
+  bool checkpoint(std::string &problem);
 
 private:
   Journal() = default;

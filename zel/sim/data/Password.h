@@ -22,6 +22,31 @@ std::string hashPassword(std::string_view password);
 /// that is for the rules to say.
 bool verifyPassword(std::string_view password, std::string_view kept);
 
+/// A piece of the work above that was done ahead, on another thread. verifyPassword() with the same password
+/// and kept form, and hashPassword() of the same password, take its result instead of their time while a
+/// PreparedPassword of it lives on the same thread.
+struct PasswordWork {
+  std::string password;
+  std::string kept; // to be verified against; empty: a new hash is wanted
+  bool matches = false;
+  std::string hash;
+
+  /// Fills `matches` or `hash`. For any thread.
+  void carryOut();
+};
+
+class PreparedPassword
+{
+public:
+  explicit PreparedPassword(const PasswordWork *work);
+  ~PreparedPassword();
+  PreparedPassword(const PreparedPassword &) = delete;
+  PreparedPassword &operator=(const PreparedPassword &) = delete;
+};
+
+/// A kept form that no password matches, to take the time for an account that isn't there.
+const std::string &nobodysPassword();
+
 } // namespace zelsim
 
 #endif // ZEL_SIM_DATA_PASSWORD_H_

@@ -451,6 +451,11 @@ std::string Store::bodyOf(const Resource &resource, const Record &record) const
   return body + '}';
 }
 
+bool Store::settle(std::string &problem)
+{
+  return !journal_ || journal_->checkpoint(problem);
+}
+
 bool Store::commit(std::string &problem)
 {
   std::set<std::pair<const Resource *, unsigned>> dirty;

@@ -88,6 +88,8 @@ public:
   /// Puts all uncommitted writes into the database. When that fails, takes them all back, and `problem`
   /// says why.
   bool commit(std::string &problem);
+  /// Has what was committed so far stand in the database itself. For a start, when nobody waits.
+  bool settle(std::string &problem);
 
   /// For the server, which answers from rows of the catalogue. ---------------------------------------
 

@@ -98,7 +98,14 @@ void Clock::jump(Milliseconds distance)
   if (distance <= 0)
     return;
   runUntil(realNow() + distance, std::chrono::steady_clock::time_point::max());
-  origin_ += distance;
+  // What is still to come comes so much earlier.
+  std::multimap<Milliseconds, Entry> entries;
+  while (!entries_.empty()) {
+    auto node = entries_.extract(entries_.begin());
+    node.key() -= distance;
+    entries.insert(entries.end(), std::move(node));
+  }
+  entries_.swap(entries);
 }
 
 } // namespace zelsim

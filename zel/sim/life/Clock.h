@@ -12,9 +12,9 @@ namespace zelsim
 
 /// The simulated switch's time, and what is to happen in it.
 ///
-/// Simulated time runs with the real one, plus every jump that was asked for. Actions run on the server's
-/// loop, in the order of their times, and may schedule more. A jump runs every action on its way at that
-/// action's own time: inside it, now() says what it would have said without the jump.
+/// Simulated time runs with the real one. Actions run on the server's loop, in the order of their times, and
+/// may schedule more. A jump runs every action on its way at that action's own time, as if the time had gone
+/// by; when it is over it is the present again, and everything that is still to come has moved nearer.
 class Clock
 {
 public:
@@ -43,7 +43,8 @@ public:
   /// Milliseconds until the next action is due, 0 if one is, -1 if there is none.
   Milliseconds untilNext() const;
 
-  /// Moves simulated time forward and runs what is due on the way.
+  /// Has all happen that is due within `distance`, now. For jumpAhead() (Jump.h), which moves the dates that
+  /// the store keeps as well.
   void jump(Milliseconds distance);
 
 private:
@@ -57,7 +58,7 @@ private:
   bool runUntil(Milliseconds end, std::chrono::steady_clock::time_point deadline);
 
   std::chrono::steady_clock::time_point started_;
-  Milliseconds origin_;        // simulated time at started_, jumps included
+  Milliseconds origin_;        // simulated time at started_
   Milliseconds standing_ = -1; // the time that stands while an action of the past runs, or -1
   Id lastId_ = 0;
   Id runningId_ = 0;

@@ -53,8 +53,11 @@ void startStory(World &world)
   resumeDevices(world);
   resumeUpdates(world);
   followManagedSetting(world);
-  endSessionsOfClient(world, 0);
-  world.clientGone = [&world](std::uint64_t client) { endSessionsOfClient(world, client); };
+  resumeAdminSessions(world);
+  world.clientCame = [&world](std::uint64_t client, std::int64_t process) {
+    noteClient(world, client, process);
+  };
+  world.clientGone = [&world](std::uint64_t client) { noteClientGone(world, client); };
   setLiveliness(world, world.settings.liveliness);
 }
 

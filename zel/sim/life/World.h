@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <random>
 #include <string>
 
@@ -29,6 +30,12 @@ struct Settings {
   std::string settingsRoot = "/data/settings"; // where settings archives are written
 };
 
+/// A connection of a client.
+struct Client {
+  std::int64_t process; // that it belongs to
+  std::int64_t since;   // in the switch's time
+};
+
 /// What rules and life work on. One per process, used on the server's loop only.
 struct World {
   Settings settings;
@@ -38,8 +45,10 @@ struct World {
   /// For life: the same seed gives the same numbers. Never for secrets.
   std::mt19937_64 random;
   Story *story = nullptr; // what the life keeps for itself; the clock's actions own it
-  /// Told by the server of every connection that has ended.
+  /// Told by the server of every connection of a client and the process behind it, and of its end.
+  std::function<void(std::uint64_t client, std::int64_t process)> clientCame;
   std::function<void(std::uint64_t client)> clientGone;
+  std::map<std::uint64_t, Client> clients; // those that are connected
   Faults *faults = nullptr; // the server's, for a switch that restarts; null where there is no server
 
   World(Settings switchSettings, Store &records)

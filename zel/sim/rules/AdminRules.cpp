@@ -11,20 +11,28 @@ namespace zelsim
 namespace
 {
 
+// What the password of a login is compared with. An account that isn't there takes the time of one that is,
+// so that nobody learns from it which names there are.
+std::string keptFor(const World &world, std::string_view username)
+{
+  const unsigned user = world.store.findText("user", "name", username);
+  const std::string kept = user ? world.store.text("user", user, "password") : std::string();
+  return kept.empty() ? nobodysPassword() : kept;
+}
+
 Problem authenticate(const World &world, const Call &call)
 {
   const std::string name = call.text("username");
   if (name.empty() || !call.has("password"))
     return kCredentialsMissing;
+  const std::string password = call.text("password");
+  const bool matches = verifyPassword(password, keptFor(world, name));
   const unsigned user = world.store.findText("user", "name", name);
   if (!user)
     return kNotAuthenticated;
-  const std::string kept = world.store.text("user", user, "password");
-  const std::string password = call.text("password");
-  if (password.empty() && !world.store.flag("user", user, "allowBlankPassword"))
-    return kNotAuthenticated;
-  const bool nothingKept = password.empty() && kept.empty();
-  if (!nothingKept && !verifyPassword(password, kept))
+  const bool nothingKept = world.store.text("user", user, "password").empty();
+  const bool mayBeBlank = world.store.flag("user", user, "allowBlankPassword");
+  if (password.empty() ? !mayBeBlank || !(nothingKept || matches) : nothingKept || !matches)
     return kNotAuthenticated;
   if (!world.store.flag("user", user, "accountEnable"))
     return kAccountNotEnabled;
@@ -42,11 +50,15 @@ AlertKind alertOf(const std::string &sessionType, AlertKind nevo, AlertKind rap,
 Problem checkLogin(World &world, const Call &call)
 {
   const Problem problem = authenticate(world, call);
-  if (problem)
-    raiseAlertLater(world,
-                    alertOf(call.text("sessionType"), AlertKind::NevoFailedAdminLogin,
-                            AlertKind::RapFailedAdminLogin, AlertKind::SetupPortFailedAdminLogin),
-                    ownEid(world), call.text("username"), call.text("ipAddress"));
+  if (!problem) {
+    // Whoever has the right password must not be told otherwise, which is how a refusal would show.
+    makeRoomForAdminSession(world);
+    return kOk;
+  }
+  raiseAlertLater(world,
+                  alertOf(call.text("sessionType"), AlertKind::NevoFailedAdminLogin,
+                          AlertKind::RapFailedAdminLogin, AlertKind::SetupPortFailedAdminLogin),
+                  ownEid(world), call.text("username"), call.text("ipAddress"));
   return problem;
 }
 
@@ -57,6 +69,8 @@ Problem beginSession(World &world, Call &call)
   store.setNumber("adminSession", call.index, "userIndex", user);
   store.setNumber("adminSession", call.index, "sessionStartTime", world.clock.now());
   store.setNumber("adminSession", call.index, "client", static_cast<std::int64_t>(call.client));
+  if (const auto client = world.clients.find(call.client); client != world.clients.end())
+    store.setNumber("adminSession", call.index, "process", client->second.process);
   json_object_set_new(call.answer, "userIndex", json_integer(user));
   raiseAlert(world,
              alertOf(store.text("adminSession", call.index, "sessionType"), AlertKind::NevoAdminLogin,
@@ -74,22 +88,17 @@ Problem endSession(World &world, Call &call)
   return kOk;
 }
 
-// A page that was closed, or an interface that ended, logs nobody out. Its sessions go a while after its
-// connection: a connection that only broke down is made anew, and its person is still there.
-constexpr Clock::Milliseconds kLingerTime = 10 * 60 * 1000;
-
 } // namespace
 
-void endSessionsOfClient(World &world, std::uint64_t client)
+bool passwordWorkOfLogin(const World &world, const json_t *params, PasswordWork &work)
 {
-  const auto number = static_cast<std::int64_t>(client);
-  for (const unsigned session : world.store.indexes("adminSession"))
-    if (world.store.number("adminSession", session, "client") == number)
-      world.clock.after(kLingerTime, [&world, session, number] {
-        if (world.store.exists("adminSession", session) &&
-            world.store.number("adminSession", session, "client") == number)
-          world.store.remove("adminSession", session);
-      });
+  const char *name = json_string_value(json_object_get(params, "username"));
+  const json_t *password = json_object_get(params, "password");
+  if (!name || !*name || !json_is_string(password))
+    return false;
+  work.password.assign(json_string_value(password), json_string_length(password));
+  work.kept = keptFor(world, name);
+  return true;
 }
 
 void registerAdminRules(Rules &rules)

@@ -130,6 +130,12 @@ void Peer::release(Time when)
   marks_.clear();
   if (held_.empty())
     return;
+  if (hasOutput()) {
+    // Behind what was on its way when this answer was put off.
+    output_ += held_;
+    held_.clear();
+    return;
+  }
   output_.swap(held_);
   held_.clear();
   sent_ = 0;

@@ -73,7 +73,13 @@ public:
   void finish() { finishing_ = true; }
   bool isFinishing() const { return finishing_; }
 
-  bool wantsToRead() const { return !finishing_ && !hasOutput() && !hasHeld(); }
+  /// A request whose answer takes more than this turn. Nothing behind it is looked at before it is taken up
+  /// again.
+  void suspend(std::string_view request) { suspended_ = request; }
+  bool isSuspended() const { return !suspended_.empty(); }
+  std::string resume() { return std::exchange(suspended_, {}); }
+
+  bool wantsToRead() const { return !finishing_ && !hasOutput() && !hasHeld() && !isSuspended(); }
 
 private:
   ssize_t sendSome();
@@ -89,6 +95,7 @@ private:
     std::size_t begin;
     bool depends;
   };
+  std::string suspended_;
   std::string held_; // frames of this turn
   std::vector<Mark> marks_;
   std::string output_;

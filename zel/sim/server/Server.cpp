@@ -25,6 +25,7 @@ namespace
 constexpr std::uint64_t kListenerId = 1;
 constexpr std::uint64_t kControlId = 2;
 constexpr std::uint64_t kSignalId = 3;
+constexpr std::uint64_t kDeskId = 4;
 constexpr std::uint64_t kFirstPeerId = 16;
 
 constexpr int kEventsPerTurn = 128;
@@ -40,6 +41,13 @@ void closeAndForget(int &fd)
   if (fd >= 0)
     ::close(fd);
   fd = -1;
+}
+
+std::int64_t processBehind(int fd)
+{
+  ucred credentials{};
+  socklen_t size = sizeof credentials;
+  return ::getsockopt(fd, SOL_SOCKET, SO_PEERCRED, &credentials, &size) == 0 ? credentials.pid : 0;
 }
 
 } // namespace
@@ -80,7 +88,8 @@ bool Server::listen(std::string &problem)
   ::sigprocmask(SIG_BLOCK, &signals, nullptr);
   epoll_ = ::epoll_create1(EPOLL_CLOEXEC);
   signals_ = ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
-  if (epoll_ < 0 || signals_ < 0 || !watch(signals_, kSignalId)) {
+  if (epoll_ < 0 || signals_ < 0 || !watch(signals_, kSignalId) || !desk_.open() ||
+      !watch(desk_.fd(), kDeskId)) {
     problem = std::strerror(errno);
     return false;
   }
@@ -170,6 +179,10 @@ void Server::turn(int ready)
       faults_.quit = true;
       continue;
     }
+    if (id == kDeskId) {
+      takeUpSuspended();
+      continue;
+    }
     auto entry = peers_.find(id);
     if (entry == peers_.end())
       continue;
@@ -206,8 +219,11 @@ void Server::accept(int listener, bool isControl)
       continue;
     }
     peers_[id] = Entry{std::make_unique<Peer>(fd, id, isControl), EPOLLIN};
-    if (!isControl)
-      peers_[id].peer->attach(publisher_.file());
+    if (isControl)
+      continue;
+    peers_[id].peer->attach(publisher_.file());
+    if (world_.clientCame)
+      world_.clientCame(id, processBehind(fd));
   }
 }
 
@@ -216,8 +232,9 @@ void Server::serve(Peer &peer)
   bool hadHeld = peer.hasHeld();
   std::string_view text;
   bool tooLong = false;
-  for (int i = 0;
-       i < kFramesPerTurn && !peer.isFinishing() && !peer.isDelayed() && peer.nextFrame(text, tooLong); ++i) {
+  for (int i = 0; i < kFramesPerTurn && !peer.isFinishing() && !peer.isDelayed() && !peer.isSuspended() &&
+                  peer.nextFrame(text, tooLong);
+       ++i) {
     peer.consume(text);
     answerFrame(peer, text);
   }
@@ -229,8 +246,10 @@ void Server::serve(Peer &peer)
   }
   if (peer.hasHeld() && !hadHeld)
     touched_.push_back(peer.id());
+  if (peer.isSuspended())
+    setInterest(peers_[peer.id()]);
   // With answers on their way, flush() is where it goes on.
-  if (!peer.hasHeld() && !peer.isFinishing() && peer.hasWholeFrame())
+  if (!peer.hasHeld() && !peer.isFinishing() && !peer.isSuspended() && peer.hasWholeFrame())
     backlog_.push_back(peer.id());
 }
 
@@ -240,24 +259,39 @@ void Server::answerFrame(Peer &peer, std::string_view text)
     answerCommand(peer, text);
     return;
   }
-  if (faults_.silent)
+  if (!faults_.silent)
+    answerRequest(peer, text, nullptr);
+}
+
+void Server::answerRequest(Peer &peer, std::string_view text, const PasswordWork *prepared)
+{
+  Request request;
+  std::vector<Problem> problems;
+  const Problem malformed = request.parse(text);
+  PasswordWork work;
+  if (!malformed && !prepared && PasswordDesk::workOf(world_, request, work)) {
+    peer.suspend(text);
+    desk_.submit({peer.id(), std::move(work)});
     return;
-  answerRequest(peer, text);
+  }
+  std::string &out = peer.begin();
+  if (malformed)
+    problems.push_back(malformed);
+  else
+    carryOut(request, peer, out, problems);
+  if (!problems.empty())
+    appendErrors(out, problems);
+  peer.end(world_.store.hasUncommitted());
   if (faults_.cut > 0) {
     --faults_.cut;
     peer.cutInTheMiddle();
   }
 }
 
-void Server::answerRequest(Peer &peer, std::string_view text)
+void Server::carryOut(const Request &request, Peer &peer, std::string &out, std::vector<Problem> &problems)
 {
-  Request request;
-  std::string &out = peer.begin();
-  std::vector<Problem> problems;
   int delayMs = 0;
-  if (Problem problem = request.parse(text)) {
-    problems.push_back(problem);
-  } else if (Problem ordered = followOrders(faults_, request, world_.store, delayMs)) {
+  if (Problem ordered = followOrders(faults_, request, world_.store, delayMs)) {
     problems.push_back(ordered);
   } else {
     if (request.method != Method::Get)
@@ -267,9 +301,23 @@ void Server::answerRequest(Peer &peer, std::string_view text)
     keepKnownDetails(problems);
   }
   peer.delay(std::chrono::milliseconds(delayMs));
-  if (!problems.empty())
-    appendErrors(out, problems);
-  peer.end(world_.store.hasUncommitted());
+}
+
+void Server::takeUpSuspended()
+{
+  PasswordDesk::Piece piece;
+  while (desk_.take(piece)) {
+    auto entry = peers_.find(piece.client);
+    if (entry == peers_.end() || !entry->second.peer->isSuspended())
+      continue;
+    Peer &peer = *entry->second.peer;
+    const std::string text = peer.resume();
+    const bool hadHeld = peer.hasHeld();
+    const PreparedPassword prepared(&piece.work);
+    answerRequest(peer, text, &piece.work);
+    if (!hadHeld)
+      touched_.push_back(peer.id());
+  }
 }
 
 void Server::answerCommand(Peer &peer, std::string_view text)
@@ -418,9 +466,14 @@ void Server::dropStalled()
 
 void Server::drop(std::uint64_t id)
 {
+  const auto entry = peers_.find(id);
+  if (entry == peers_.end())
+    return;
+  const bool isControl = entry->second.peer->isControl();
   publisher_.hangUp();
-  peers_.erase(id);
-  if (world_.clientGone)
+  peers_.erase(entry);
+  desk_.cancel(id);
+  if (!isControl && world_.clientGone)
     world_.clientGone(id);
 }
 

@@ -5,6 +5,7 @@
 #include "control/Commands.h"
 #include "data/Faults.h"
 #include "life/World.h"
+#include "server/PasswordDesk.h"
 #include "server/Peer.h"
 #include "server/Publisher.h"
 #include "server/Reader.h"
@@ -60,7 +61,9 @@ private:
   void accept(int listener, bool isControl);
   void serve(Peer &peer);
   void answerFrame(Peer &peer, std::string_view text);
-  void answerRequest(Peer &peer, std::string_view text);
+  void answerRequest(Peer &peer, std::string_view text, const PasswordWork *prepared);
+  void carryOut(const Request &request, Peer &peer, std::string &out, std::vector<Problem> &problems);
+  void takeUpSuspended();
   void answerCommand(Peer &peer, std::string_view text);
   void commit();
   void release();
@@ -82,6 +85,7 @@ private:
   Reader reader_;
   Publisher publisher_;
   Writer writer_;
+  PasswordDesk desk_;
 
   int epoll_ = -1;
   int listener_ = -1;

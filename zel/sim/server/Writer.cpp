@@ -166,10 +166,11 @@ Problem Writer::setRecord(Call &call)
 
 Problem Writer::createRecord(Call &call, unsigned wantedIndex)
 {
-  if (world_.store.count(call.resource.name) >= call.resource.capacity)
-    return kCapacityReached;
+  // A check may make room.
   if (Problem problem = world_.rules.runChecks(world_, call))
     return problem;
+  if (world_.store.count(call.resource.name) >= call.resource.capacity)
+    return kCapacityReached;
   call.index = world_.store.create(call.resource.name, wantedIndex);
   if (call.index == 0)
     return {kNotUnique, "index"};
