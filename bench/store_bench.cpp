@@ -162,16 +162,131 @@ void measureWrites(unsigned clients, unsigned writesEach)
               at(all, 0.99) / 1000);
 }
 
-double measureFleet(unsigned fleet, double &seconds)
+// A read of every receiver by its index, as a view does that shows thousands of selected ones. Milliseconds.
+double readIndexes(ZelClient_s *client, const char *resource, const std::vector<const char *> &select,
+                   unsigned count)
+{
+  json_t *request = ZelReqUtil_newGetResource(resource);
+  json_t *indexes = json_array();
+  for (unsigned index = 1; index <= count; ++index)
+    json_array_append_new(indexes, json_integer(index));
+  json_object_set_new(request, "query", json_pack("{s:o}", "index", indexes));
+  for (const char *parameter : select)
+    ZelObj_setSelect(request, parameter);
+  const Time start = std::chrono::steady_clock::now();
+  json_t *response = ZelReqUtil_submit(request, client);
+  const double time = micros(start) / 1000;
+  if (ZelRspUtil_numEntries(response) != static_cast<int>(count))
+    std::fprintf(stderr, "store_bench: a read of %s has too few rows\n", resource);
+  ZelReqUtil_free(request);
+  ZelRspUtil_free(response);
+  return time;
+}
+
+struct IndexRead {
+  const char *figure;
+  const char *resource;
+  std::vector<const char *> select;
+};
+
+const std::vector<IndexRead> &indexReads()
+{
+  static const std::vector<IndexRead> reads = {
+      {"names", "rx", {"name"}},
+      {"timings", "rx", {"inputVideoTiming", "outputVideoTiming", "monPrefVideoTiming"}},
+      {"usb_state", "rxUsbDiag", {}}};
+  return reads;
+}
+
+void measureIndexReads(ZelClient_s *client, unsigned fleet)
+{
+  for (const IndexRead &read : indexReads()) {
+    std::vector<double> samples;
+    for (unsigned i = 0; i < 11; ++i) {
+      writeOne(client, 1, 5000 + i); // what the client holds of receivers is not right any more
+      samples.push_back(readIndexes(client, read.resource, read.select, fleet));
+    }
+    std::printf("  \"read_%u_%s_median_ms\": %.1f,\n", fleet, read.figure, at(samples, 0.5));
+  }
+}
+
+// One SET for each record, one after the other, as saving the settings of a selection does.
+void measureBulkWrites(ZelClient_s *client, unsigned fleet)
+{
+  std::vector<double> samples;
+  for (unsigned index = 1; index <= fleet; ++index) {
+    const Time start = std::chrono::steady_clock::now();
+    writeOne(client, index, index + 9000);
+    samples.push_back(micros(start) / 1000);
+  }
+  std::printf("  \"bulk_set_median_ms\": %.3f,\n  \"bulk_set_p99_ms\": %.3f,\n", at(samples, 0.5),
+              at(samples, 0.99));
+}
+
+// How long somebody who asks for one value waits while others read and reset thousands of devices.
+void measureWaiting(unsigned fleet)
+{
+  std::atomic<bool> busy{true};
+  std::thread others([&busy, fleet] {
+    Client client(ZelClient_new());
+    for (unsigned i = 0; i < 5; ++i)
+      for (const IndexRead &read : indexReads())
+        readIndexes(client.get(), read.resource, read.select, fleet);
+    for (unsigned index = 1; index <= fleet; ++index) {
+      json_t *request = ZelReqUtil_newSetResource("rx");
+      ZelReqUtil_setIntegerParam(request, "index", index);
+      ZelReqUtil_setStringParam(request, "reset", "cold_reboot");
+      ZelRspUtil_free(ZelReqUtil_submit(request, client.get()));
+      ZelReqUtil_free(request);
+    }
+    std::this_thread::sleep_for(std::chrono::seconds(7)); // until they are back
+    busy = false;
+  });
+  Client client(ZelClient_new());
+  std::vector<double> samples;
+  while (busy) {
+    const Time start = std::chrono::steady_clock::now();
+    readOne(client.get(), "swx", 1, "currentSysTime");
+    samples.push_back(micros(start) / 1000);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  others.join();
+  std::printf("  \"wait_beside_bulk_p99_ms\": %.1f,\n  \"wait_beside_bulk_most_ms\": %.1f,\n",
+              at(samples, 0.99), at(samples, 1));
+}
+
+void saveAndLoad(ZelClient_s *client, const std::string &folder)
+{
+  for (const char *action : {"zip", "unzip"}) {
+    json_t *request = ZelReqUtil_newSetResource("swxControl");
+    ZelReqUtil_setIntegerParam(request, "index", 1);
+    ZelReqUtil_setStringParam(request, "settingsAction", action);
+    ZelReqUtil_setStringParam(request, "settingsFilename", (folder + "/settings.tar.gz").c_str());
+    ZelReqUtil_setStringParam(request, "settingsPassword", "");
+    json_t *response = ZelReqUtil_submit(request, client);
+    if (!succeeded(response))
+      std::fprintf(stderr, "store_bench: %s failed\n", action);
+    ZelReqUtil_free(request);
+    ZelRspUtil_free(response);
+  }
+}
+
+void measureFleet(unsigned fleet)
 {
   TestStore::Options options;
   options.fleet = fleet;
-  Time start = std::chrono::steady_clock::now();
+  const Time start = std::chrono::steady_clock::now();
   TestStore store(options);
-  seconds = micros(start) / 1e6;
+  const double seconds = micros(start) / 1e6;
   Client client(ZelClient_new());
   readList(client.get());
-  return residentMb(store.pid());
+  std::printf("  \"fleet_devices\": %u,\n  \"fleet_start_s\": %.2f,\n  \"resident_fleet_mb\": %.1f,\n",
+              2 * fleet, seconds, residentMb(store.pid()));
+  measureIndexReads(client.get(), fleet);
+  measureBulkWrites(client.get(), fleet);
+  measureWaiting(fleet);
+  saveAndLoad(client.get(), store.settingsDirectory());
+  std::printf("  \"resident_after_save_and_load_mb\": %.1f\n", residentMb(store.pid()));
 }
 
 } // namespace
@@ -193,8 +308,6 @@ int main()
     Client client(ZelClient_new());
     measureLists(client.get());
   }
-  double seconds = 0;
-  double resident = measureFleet(2500, seconds);
-  std::printf("  \"fleet_devices\": 5000,\n  \"fleet_start_s\": %.2f,\n  \"resident_fleet_mb\": %.1f\n}\n",
-              seconds, resident);
+  measureFleet(2500);
+  std::printf("}\n");
 }

@@ -5,9 +5,10 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <getopt.h>
 #include <string>
 #include <vector>
+
 namespace
 {
 
@@ -27,10 +28,17 @@ void printHelp()
               "%s"
               "\n"
               "Examples:\n"
-              "  zelctl get rx 1 status\n"
-              "  zelctl set rx 1 upgradePercent 37\n"
+              "  zelctl table rx\n"
+              "  zelctl get rx \"Desk 3 Traffic\" status\n"
+              "  zelctl login rokafor \"Crisis Room 1\" && zelctl connect \"Crisis Room 1\" \"Map Server\"\n"
+              "  zelctl offline rx 2 30\n"
+              "  zelctl fail SET rx/name 11 name      the next change of a receiver's name is refused\n"
+              "  zelctl fail GET swx any 4 always && zelctl fail off\n"
+              "  zelctl delay SET edidControl 2000 5  five pulls or pushes take two seconds each\n"
               "  zelctl slow 500 && zelctl slow off\n"
               "  zelctl jump 3600\n"
+              "\n"
+              "A record is named by its index, its EID or its name.\n"
               "\n"
               "Ends with 0 if the command was carried out, 1 if it was refused, 2 if no store answered.\n",
               commands.help().c_str());
@@ -48,18 +56,26 @@ std::string defaultControlPath()
 
 int main(int argc, char **argv)
 {
-  int first = 1;
+  const option options[] = {
+      {"control", required_argument, nullptr, 'c'}, {"help", no_argument, nullptr, 'h'}, {}};
   std::string path = defaultControlPath();
-  if (argc > 2 && std::strcmp(argv[1], "--control") == 0) {
-    path = argv[2];
-    first = 3;
+  // The "+": what follows the command belongs to it, whatever it begins with.
+  for (int found = 0; (found = ::getopt_long(argc, argv, "+", options, nullptr)) != -1;) {
+    if (found == '?')
+      return 1;
+    if (found == 'h') {
+      printHelp();
+      return 0;
+    }
+    path = optarg;
   }
-  if (first >= argc || std::strcmp(argv[first], "--help") == 0 || std::strcmp(argv[first], "help") == 0) {
+  const std::vector<std::string> words(argv + optind, argv + argc);
+  if (words.empty() || words[0] == "help") {
     printHelp();
-    return first >= argc ? 1 : 0;
+    return words.empty() ? 1 : 0;
   }
   zelsim::Outcome outcome;
-  if (!zelsim::sendCommand(path, std::vector<std::string>(argv + first, argv + argc), outcome)) {
+  if (!zelsim::sendCommand(path, words, outcome)) {
     std::fprintf(stderr, "zelctl: no store answers at %s\n", path.c_str());
     return 2;
   }

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <malloc.h>
 #include <string>
 #include <vector>
 
@@ -167,6 +168,7 @@ int serve(const Options &options)
   startStory(world);
   if (!store.commit(problem) || !store.settle(problem))
     return fail("database " + options.database + ": " + problem);
+  ::malloc_trim(0);
 
   Commands commands;
   addServerCommands(commands, faults);

@@ -3,10 +3,13 @@
 
 #include "control/FaultCommands.h"
 #include "control/Names.h"
+#include "control/SessionCommands.h"
 #include "data/JsonText.h"
 #include "life/Jump.h"
 #include "rules/ErrorText.h"
 #include "rules/Validate.h"
+
+#include <algorithm>
 
 namespace zelsim
 {
@@ -76,9 +79,12 @@ Outcome set(World &world, const Words &words)
   Place place;
   if (std::string wrong = findPlace(world, words, place); !wrong.empty())
     return {true, wrong};
-  // Whoever holds the control channel may write what clients may not.
   Parameter row = place.resource->parameters[place.position];
-  row.flags &= ~(kReadOnly | kComputed);
+  if (row.is(kComputed) || row.is(kCommand))
+    return {true, std::string(row.name) + (row.is(kComputed) ? " is computed: nothing keeps a value of it"
+                                                             : " is a command: only a client can give it")};
+  // Whoever holds the control channel may write what clients may not.
+  row.flags &= ~kReadOnly;
   Json given;
   if (row.type == Type::Object || row.type == Type::List)
     given.reset(json_loadb(words[3].data(), words[3].size(), 0, nullptr));
@@ -95,14 +101,82 @@ Outcome set(World &world, const Words &words)
   return {};
 }
 
+// Rows of texts in columns; the first column is of numbers.
+std::string columnsOf(const std::vector<Words> &rows)
+{
+  std::vector<std::size_t> widths;
+  for (const Words &row : rows)
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths.resize(std::max(widths.size(), i + 1));
+      widths[i] = std::max(widths[i], row[i].size());
+    }
+  std::string out;
+  for (const Words &row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += row[i];
+      if (i + 1 < row.size())
+        line.append(widths[i] - row[i].size() + 2, ' ');
+    }
+    out += line + '\n';
+  }
+  return out;
+}
+
+Outcome listColumns(const World &world, const Resource &resource, const Words &parameters)
+{
+  std::vector<Words> rows = {{"index"}};
+  std::vector<int> positions;
+  for (const std::string &name : parameters) {
+    positions.push_back(resource.position(name));
+    if (positions.back() < 0)
+      return {true, std::string(resource.name) + " has no parameter \"" + name + "\""};
+    rows[0].push_back(name);
+  }
+  for (const auto &[index, record] : world.store.records(resource)) {
+    Words row = {std::to_string(index)};
+    for (const int position : positions)
+      row.push_back(shown(world, {&resource, index, position}, position));
+    rows.push_back(row);
+  }
+  return {false, columnsOf(rows)};
+}
+
 Outcome listRecords(World &world, const Words &words)
 {
-  if (!findResource(words[0]))
+  const Resource *resource = findResource(words[0]);
+  if (!resource)
     return {true, "unknown resource \"" + words[0] + "\""};
+  if (words.size() > 1)
+    return listColumns(world, *resource, Words(words.begin() + 1, words.end()));
   std::string out;
   for (unsigned index : world.store.indexes(words[0]))
     out += std::to_string(index) + "\n";
   return {false, out};
+}
+
+// What tells the records of a resource apart at a glance.
+Outcome table(World &world, const Words &words)
+{
+  const Resource *resource = findResource(words[0]);
+  if (!resource)
+    return {true, "unknown resource \"" + words[0] + "\""};
+  Words telling;
+  for (const char *name :
+       {"eid", "name", "fullName", "username", "userIndex", "rxIndex", "txIndex", "mode", "status", "usage",
+        "firmwareVersion", "location", "severity", "alertMsg", "filename"})
+    if (resource->position(name) >= 0)
+      telling.emplace_back(name);
+  return listColumns(world, *resource, telling);
+}
+
+Outcome describe(const Words &words)
+{
+  if (words.empty())
+    return {false, describeCatalogue()};
+  const Resource *resource = findResource(words[0]);
+  return resource ? Outcome{false, describeResource(*resource)}
+                  : Outcome{true, "unknown resource \"" + words[0] + "\""};
 }
 
 Outcome jump(World &world, const Words &words)
@@ -118,15 +192,17 @@ Outcome jump(World &world, const Words &words)
 
 void addServerCommands(Commands &commands, Faults &faults)
 {
-  commands.add("get", "RESOURCE INDEX [PARAMETER]",
-               "show a record or one parameter (index 0: the only record)", 2, 3, get);
-  commands.add("set", "RESOURCE INDEX PARAMETER VALUE", "write a parameter, read-only ones as well", 4, 4,
-               set);
-  commands.add("list", "RESOURCE", "show the indexes of a resource's records", 1, 1, listRecords);
-  commands.add("describe", "", "show all resources with types, limits and defaults", 0, 0,
-               [](World &, const Words &) {
-                 return Outcome{false, describeCatalogue()};
-               });
+  commands.add("get", "RESOURCE RECORD [PARAMETER]",
+               "show a record or one parameter (record 0: the only one)", 2, 3, get);
+  commands.add("set", "RESOURCE RECORD PARAMETER VALUE",
+               "write a parameter, read-only ones as well; what follows from it elsewhere does not happen", 4,
+               4, set);
+  commands.add("list", "RESOURCE [PARAMETER...]",
+               "show the records: their indexes, or a column for each parameter", 1, 64, listRecords);
+  commands.add("table", "RESOURCE", "show the records with what tells them apart", 1, 1, table);
+  commands.add("describe", "[RESOURCE]", "show types, limits and defaults of one resource or all", 0, 1,
+               [](World &, const Words &words) { return describe(words); });
+  addSessionCommands(commands);
   addFaultCommands(commands, faults);
   commands.add("jump", "SECONDS", "have happen now what would within so much time", 1, 1, jump);
   commands.add("quit", "", "end the store", 0, 0, [&faults](World &, const Words &) {

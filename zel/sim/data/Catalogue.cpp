@@ -51,7 +51,7 @@ struct FlagName {
 
 constexpr FlagName kFlagNames[] = {{kReadOnly, "read only"},
                                    {kUnique, "unique"},
-                                   {kSecret, "write only, kept as a hash"},
+                                   {kSecret, "never in an answer"},
                                    {kVolatile, "not kept over a restart"},
                                    {kRequired, "required by CREATE"},
                                    {kLookup, "finds the record"},
@@ -206,19 +206,23 @@ bool isDataName(std::string_view name)
   return all.count(name) != 0;
 }
 
+std::string describeResource(const Resource &resource)
+{
+  std::string out = std::string(resource.name) + " (" + methodsOf(resource) + "; ";
+  out += resource.single ? "one record" : "at most " + std::to_string(resource.capacity) + " records";
+  for (const std::uint8_t id : resource.changeIds)
+    if (id != 0)
+      out += "; change number " + std::to_string(id);
+  out += std::string(")") + (*resource.about ? " - " : "") + resource.about + '\n';
+  describeMembers(out, resource.parameters, resource.parameterCount, 2);
+  return out;
+}
+
 std::string describeCatalogue()
 {
   std::string out;
-  for (std::size_t i = 0; i < kCatalogueSize; ++i) {
-    const Resource &resource = kCatalogue[i];
-    out += std::string(resource.name) + " (" + methodsOf(resource) + "; ";
-    out += resource.single ? "one record)" : "at most " + std::to_string(resource.capacity) + " records)";
-    if (*resource.about)
-      out += std::string(" - ") + resource.about;
-    out += '\n';
-    describeMembers(out, resource.parameters, resource.parameterCount, 2);
-    out += '\n';
-  }
+  for (std::size_t i = 0; i < kCatalogueSize; ++i)
+    out += describeResource(kCatalogue[i]) + '\n';
   return out;
 }
 

@@ -181,7 +181,8 @@ bool hasSecrets(const Parameter &parameter);
 /// Whether something in the catalogue is called so: a parameter, a member of one, or "index".
 bool isDataName(std::string_view name);
 
-/// The whole catalogue as text, for `zelsim --describe`.
+/// One resource as text, and the whole catalogue, for `zelctl describe` and `zelsim --describe`.
+std::string describeResource(const Resource &resource);
 std::string describeCatalogue();
 
 /// The table (CatalogueTable.cpp).

@@ -3,6 +3,7 @@
 
 #include "data/FleetHistory.h"
 #include "data/FleetNames.h"
+#include "data/FleetScenes.h"
 #include "data/MonitorBlock.h"
 #include "data/Password.h"
 #include "rules/Device.h"
@@ -14,10 +15,10 @@
 namespace zelsim
 {
 
-const char kFirmwareOfFleet[] = "4.2.1";
-
 namespace
 {
+
+constexpr char kFirmwareOfFleet[] = "4.2.1"; // that new devices run
 
 constexpr unsigned kLabDevices = 16; // of each kind
 constexpr unsigned kLabSwitches = 3;
@@ -105,23 +106,6 @@ void makeTransmitter(World &world, const Plan &plan, unsigned index)
   attach(world, {&kTransmitters, index}, plan);
 }
 
-// What makes the small lab look lived in: restricted modes, devices that are off, a word about some.
-void furnishLab(World &world)
-{
-  Store &store = world.store;
-  store.setText("rx", 7, "modeAllowed", "private_mode");
-  store.setText("rx", 8, "modeAllowed", "share_mode");
-  store.setText("tx", 10, "modeAllowed", "share_mode");
-  store.setText("tx", 12, "modeAllowed", "private_mode");
-  store.setText("rx", 1, "location", "Row A, seat 1");
-  store.setText("rx", 1, "description", "Dispatch desk with two phones");
-  store.setText("tx", 1, "location", "Rack 2, unit 14");
-  store.setText("tx", 1, "notes", "Restart only with the shift lead");
-  store.setText("rx", 15, "status", "offline");
-  store.setText("tx", 15, "status", "offline");
-  store.setText("rx", 16, "keyboardLayout", "fr");
-}
-
 void giveTargets(World &world, unsigned userIndex, unsigned transmitterCount)
 {
   const Json targets(json_array());
@@ -147,8 +131,8 @@ void makeLibrary(World &world)
                monitorBlock(models[i], 0x1000 + i), false);
 }
 
-void makeFirmwareSource(World &world, const char *protocol, const char *location, const char *file,
-                        const char *type, const char *version)
+unsigned makeFirmwareSource(World &world, const char *protocol, const char *location, const char *file,
+                            const char *type, const char *version)
 {
   const unsigned index = world.store.create("upgrade");
   world.store.setText("upgrade", index, "protocol", protocol);
@@ -156,6 +140,20 @@ void makeFirmwareSource(World &world, const char *protocol, const char *location
   world.store.setText("upgrade", index, "filename", file);
   world.store.setText("upgrade", index, "deviceType", type);
   world.store.setText("upgrade", index, "version", version);
+  return index;
+}
+
+void makeSources(World &world)
+{
+  makeFirmwareSource(world, "ftp", "10.20.30.5", "firmware/rx-4.3.0.bin", "rx", "4.3.0");
+  // This one asks for a password that nobody has told the switch.
+  const unsigned guarded =
+      makeFirmwareSource(world, "https", "files.example.net", "tx-4.3.0.bin", "none", "");
+  world.store.setText("upgrade", guarded, "username", "updates");
+  if (!world.settings.fleet)
+    return;
+  makeFirmwareSource(world, "tftp", "10.20.30.5", "swx-4.3.0.bin", "swx", "4.3.0");
+  makeFirmwareSource(world, "ftp", "10.20.30.6", "old/rx-4.2.9-missing.bin", "none", "");
 }
 
 } // namespace
@@ -212,13 +210,15 @@ void makeFleet(World &world)
   }
   if (!world.settings.fleet)
     furnishLab(world);
+  else if (!world.settings.sessions)
+    furnishFleet(world);
   makeAccounts(world, false);
   for (const unsigned user : world.store.indexes("user"))
     if (!world.store.flag("user", user, "allTargetAccess"))
       giveTargets(world, user, plan.devices);
+  furnishPeople(world);
   makeLibrary(world);
-  makeFirmwareSource(world, "ftp", "10.20.30.5", "firmware/rx-4.3.0.bin", "rx", "4.3.0");
-  makeFirmwareSource(world, "https", "files.example.net", "tx-4.3.0.bin", "none", "");
+  makeSources(world);
   makeHistory(world);
 }
 

@@ -15,9 +15,6 @@ void makeAccounts(World &world, bool onlyFirst);
 /// Gives a switch its addresses, as if assigned by the network.
 void assignAddresses(World &world, unsigned swxIndex);
 
-/// The firmware version that new devices run.
-extern const char firmwareOfFleet[];
-
 } // namespace zelsim
 
 #endif // ZEL_SIM_DATA_FLEET_H_

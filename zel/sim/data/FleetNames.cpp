@@ -49,6 +49,17 @@ const char *const kTransmitterNames[] = {
 
 const char *const kSwitchNames[] = {"Control Room", "Equipment Room", "Annex"};
 
+const char *const kFirstNames[] = {
+    "Ada",   "Bruno", "Carla", "Dario", "Elif",  "Femi",   "Greta", "Hugo",  "Ines",  "Jonas",  "Katja",
+    "Leon",  "Mira",  "Nils",  "Olga",  "Petra", "Quinn",  "Rosa",  "Sven",  "Tilda", "Umar",   "Vera",
+    "Wanda", "Xenia", "Yusuf", "Zora",  "Anton", "Britta", "Cyril", "Doris", "Emil",  "Frieda", "Goran"};
+
+const char *const kLastNames[] = {"Abel",   "Bakker", "Castro", "Dahl",   "Ekman",  "Fischer", "Grant",
+                                  "Haas",   "Ivanov", "Jansen", "Keller", "Larsen", "Meyer",   "Nowak",
+                                  "Ortiz",  "Peters", "Quiroz", "Rossi",  "Sato",   "Tanner",  "Ulrich",
+                                  "Vargas", "Walsh",  "Young",  "Zeman",  "Arnold", "Berg",    "Conti",
+                                  "Duarte", "Engel",  "Fabre"};
+
 template <std::size_t N>
 std::string nameOf(const char *const (&names)[N], unsigned number, const char *general)
 {
@@ -76,6 +87,16 @@ std::string transmitterName(unsigned number)
 std::string switchName(unsigned number)
 {
   return nameOf(kSwitchNames, number, "Rack ");
+}
+
+Person personOf(unsigned number)
+{
+  const std::string first = kFirstNames[number % std::size(kFirstNames)];
+  const std::string last = kLastNames[number / std::size(kFirstNames) * 7 % std::size(kLastNames)];
+  std::string login = first.substr(0, 2) + last;
+  for (char &letter : login)
+    letter = static_cast<char>(letter | ('a' - 'A'));
+  return {login, first + ' ' + last};
 }
 
 std::string fleetEid(unsigned family, unsigned number)

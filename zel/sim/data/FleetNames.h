@@ -30,6 +30,13 @@ std::string receiverName(unsigned number);
 std::string transmitterName(unsigned number);
 std::string switchName(unsigned number);
 
+/// Somebody at a desk of a large fleet, numbered from 0. People far apart in number may have the same login.
+struct Person {
+  std::string login;
+  std::string fullName;
+};
+Person personOf(unsigned number);
+
 /// The EID of a device: `family` tells the kinds of device apart, `number` counts from 1.
 std::string fleetEid(unsigned family, unsigned number);
 

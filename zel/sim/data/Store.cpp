@@ -17,6 +17,7 @@ namespace
 // "changeStatus" has a record for each number that an interface may ask for.
 constexpr unsigned kChangeCounters = 20;
 constexpr const char *kChangeStatus = "changeStatus";
+constexpr std::size_t kKeptUndo = 4096;
 // Making a lookup costs about as much as so many searches.
 constexpr unsigned kSearchesBeforeLookup = 8;
 constexpr const char *kLastChange = "lastChange";
@@ -472,6 +473,9 @@ bool Store::commit(std::string &problem)
     rollback(0);
     return false;
   }
+  // A new fleet writes a hundred thousand values before its first commit; nothing after it comes near that.
+  if (undo_.capacity() > kKeptUndo)
+    std::vector<Undo>().swap(undo_);
   undo_.clear();
   touched_.clear();
   return true;

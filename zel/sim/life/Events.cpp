@@ -103,15 +103,75 @@ void loseSwitch(World &world)
     takeOffline(world, {&kSwitches, index}, absence(world));
 }
 
+// Somebody types a wrong password at a free receiver.
+void mistypePassword(World &world)
+{
+  const unsigned user = anyRecord(world, "user"), rx = anyRecord(world, "rx");
+  if (user && rx && !mayLogIn(world, user, rx))
+    raiseAlert(world, AlertKind::FailedUserLogin, deviceEid(world, {&kReceivers, rx}), userLabel(world, user),
+               deviceLabel(world, {&kReceivers, rx}));
+}
+
+// Somebody wants a transmitter that the switch doesn't let them have.
+void failToConnect(World &world)
+{
+  const unsigned session = anyRecord(world, "userSession"), tx = anyRecord(world, "tx");
+  const auto rx = static_cast<unsigned>(world.store.number("userSession", session, "rxIndex"));
+  if (session && tx && mayConnect(world, rx, tx, "private_mode"))
+    raiseAlert(world, AlertKind::KvmSessionConnectionFailure, deviceEid(world, {&kReceivers, rx}),
+               deviceLabel(world, {&kReceivers, rx}), deviceLabel(world, {&kTransmitters, tx}));
+}
+
+struct Door {
+  AlertKind login;
+  AlertKind failure;
+  AlertKind logout;
+  const char *from;
+};
+
+constexpr Door kDoors[] = {
+    {AlertKind::NevoAdminLogin, AlertKind::NevoFailedAdminLogin, AlertKind::NevoAdminLogout, "10.20.30.77"},
+    {AlertKind::RapAdminLogin, AlertKind::RapFailedAdminLogin, AlertKind::RapAdminLogout, "10.20.30.91"},
+    {AlertKind::SetupPortAdminLogin, AlertKind::SetupPortFailedAdminLogin, AlertKind::SetupPortAdminLogout,
+     "setup port"},
+};
+
+// An administrator comes by one of the doors, sometimes with a wrong password, and is gone some minutes
+// later.
+void visitAsAdministrator(World &world)
+{
+  const unsigned user = world.store.findText("user", "role", "admin");
+  const std::string name = userLabel(world, user);
+  const Door &door = kDoors[drawn(world, std::size(kDoors))];
+  if (drawn(world, 5) == 0) {
+    raiseAlert(world, door.failure, ownEid(world), name, door.from);
+    return;
+  }
+  raiseAlert(world, door.login, ownEid(world), name, door.from);
+  const AlertKind logout = door.logout;
+  world.clock.after(5 * absence(world),
+                    [&world, logout, name] { raiseAlert(world, logout, ownEid(world), name); });
+}
+
 struct Turn {
   unsigned weight;
   void (*happens)(World &);
 };
 
+// Of a thousand things that happen. A small lab has some 240 in a calm hour.
 constexpr Turn kTurns[] = {
-    {26, logSomebodyIn},      {10, logSomebodyOut}, {28, connectSomebody},
-    {12, disconnectSomebody}, {7, loseDevice},      {1, loseSwitch},
-    {6, haveFault},           {10, haveReport},     {1, tidyAlerts},
+    {280, logSomebodyIn},
+    {110, logSomebodyOut},
+    {300, connectSomebody},
+    {140, disconnectSomebody},
+    {25, loseDevice},
+    {1, loseSwitch},
+    {5, haveFault},
+    {80, haveReport},
+    {12, mistypePassword},
+    {10, failToConnect},
+    {27, visitAsAdministrator},
+    {10, tidyAlerts},
 };
 
 constexpr unsigned totalWeight()
@@ -175,7 +235,7 @@ void haveReport(World &world)
   const Report &report = kReports[drawn(world, std::size(kReports))];
   const DeviceKind *kind = drawn(world, 2) ? &kReceivers : &kTransmitters;
   const unsigned index = anyRecord(world, kind->resource);
-  if (index)
+  if (index && deviceStatus(world, {kind, index}) == "ready")
     raiseAlert(world, report.kind, deviceEid(world, {kind, index}), deviceLabel(world, {kind, index}),
                report.message);
 }

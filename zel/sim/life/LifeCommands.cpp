@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "control/Commands.h"
+#include "control/Names.h"
 #include "life/DeviceLife.h"
 #include "life/Story.h"
 #include "life/UpgradeLife.h"
 #include "rules/Alerts.h"
+#include "rules/ErrorText.h"
 #include "rules/Management.h"
 
-#include <charconv>
+#include <cstring>
 
 namespace zelsim
 {
@@ -16,20 +18,12 @@ namespace
 
 using Words = std::vector<std::string>;
 
-bool readNumber(const std::string &text, unsigned &number)
-{
-  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
-  return parsed.ec == std::errc() && parsed.ptr == text.data() + text.size();
-}
-
 // The device that two words name, such as "rx" and "3"; its index is 0 if there is none.
 Device deviceOf(const World &world, const Words &words)
 {
-  unsigned index = 0;
-  for (const DeviceKind *kind : kDeviceKinds)
-    if (words[0] == kind->resource && readNumber(words[1], index) && world.store.exists(words[0], index))
-      return {kind, index};
-  return {&kSwitches, 0};
+  Device device = {&kSwitches, 0};
+  std::string wrong;
+  return findDevice(world, words[0], words[1], device, wrong) ? device : Device{&kSwitches, 0};
 }
 
 Outcome noDevice(const Words &words)
@@ -69,7 +63,7 @@ Outcome reset(World &world, const Words &words)
   if (!hasWord("cold_reboot factory_default factory_default_partial", word))
     return {true, "\"" + word + "\" is no way to reset"};
   if (const Problem problem = mayReset(world, device, word))
-    return {true, "not possible now (error " + std::to_string(problem.number) + ")"};
+    return {true, "not possible now: " + describeProblem(problem)};
   beginReset(world, device, word);
   return {};
 }
@@ -100,7 +94,10 @@ Outcome alert(World &world, const Words &words)
       return instance ? Outcome{false, std::to_string(instance) + "\n"}
                       : Outcome{true, "that kind is disabled"};
     }
-  return {true, "there is no kind of alert \"" + words[0] + "\""};
+  std::string known;
+  for (std::size_t i = 0; i < count; ++i)
+    known += "\n  " + std::string(kinds[i].enable).substr(std::strlen("enableAlert"));
+  return {true, "there is no kind of alert \"" + words[0] + "\"; the kinds are" + known};
 }
 
 Outcome liveliness(World &world, const Words &words)
@@ -126,12 +123,12 @@ Outcome happenOften(World &world, const Words &words)
 
 void addLifeCommands(Commands &commands)
 {
-  commands.add("offline", "rx|tx|swx INDEX [SECONDS]", "take a device off line, for good or for so long", 2,
+  commands.add("offline", "rx|tx|swx DEVICE [SECONDS]", "take a device off line, for good or for so long", 2,
                3, offline);
-  commands.add("online", "rx|tx|swx INDEX", "bring a device that is off line up", 2, 2, online);
-  commands.add("reset", "rx|tx|swx INDEX [WORD]", "reset a device: cold_reboot or a factory_default", 2, 3,
+  commands.add("online", "rx|tx|swx DEVICE", "bring a device that is off line up", 2, 2, online);
+  commands.add("reset", "rx|tx|swx DEVICE [WORD]", "reset a device: cold_reboot or a factory_default", 2, 3,
                reset);
-  commands.add("fail-update", "rx|tx|swx INDEX [WORD]", "have a device's next firmware update fail", 2, 3,
+  commands.add("fail-update", "rx|tx|swx DEVICE [WORD]", "have a device's next firmware update fail", 2, 3,
                failUpdate);
   commands.add("alert", "KIND [EID [TEXT [TEXT]]]", "raise an alert, such as FanFault", 1, 4, alert);
   commands.add("enroll", "ADDRESS", "put the switch under the manager at that address", 1, 1,

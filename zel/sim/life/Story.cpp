@@ -20,7 +20,7 @@ namespace
 
 // At liveliness 1 something happens so often, for every so many receivers.
 constexpr Clock::Milliseconds kCalmPeriod = 15000;
-constexpr std::size_t kReceiversPerEvent = 64;
+constexpr std::size_t kReceiversPerEvent = 512;
 
 void actAll(World &world)
 {
