@@ -55,6 +55,20 @@ TEST_F(DbSessions, tellHowLongTheyLast)
   EXPECT_EQ(word, "1:01:01:01");
 }
 
+TEST_F(DbSessions, haveNotLastedAtAllWhereTheyBeganAheadOfThisClock)
+{
+  store.setRecords("connection",
+                   R"([{"index": 31, "rxIndex": 1, "txIndex": 6, "sessionStartTime": 1000090062}])");
+  store.setRecords("userSession",
+                   R"([{"index": 21, "rxIndex": 1, "userIndex": 3, "sessionStartTime": 2000000000}])");
+  EXPECT_EQ(Db_db.getSessionDurationFromRxIndex(1, word, errors), 0U);
+  EXPECT_EQ(word, "0:00");
+  EXPECT_EQ(Db_db.getSessionDurationFromTxIndex(6, word, errors), 0U);
+  EXPECT_EQ(word, "0:00");
+  EXPECT_EQ(Db_db.getLoginDurationFromRxIndex(1, word, errors), 0U);
+  EXPECT_EQ(word, "0:00");
+}
+
 TEST_F(DbSessions, failWithoutAMessageWhereThereIsNone)
 {
   EXPECT_EQ(Db_db.getSessionModeFromRxIndex(9, word, errors), 1U);

@@ -217,8 +217,8 @@ TEST_F(HostileServer, thatSendsManyTaggedAnswersFillsABoundedMemory)
   ZelClient_s *client = ZelClient_new();
   for (unsigned i = 1; i <= 300; ++i)
     ZelRspUtil_free(ZelReq_connectionRetrieveByIndex(client, i));
-  EXPECT_LE(zelclient::answerCacheUse().bytes, 4u * 1024 * 1024);
-  EXPECT_LE(zelclient::answerCacheUse().entries, 8192u);
+  EXPECT_LE(zelclient::answerCacheUse().bytes, 16u * 1024 * 1024);
+  EXPECT_LE(zelclient::answerCacheUse().entries, 40960u);
   EXPECT_TRUE(ZelClient_isValid(client));
   ZelClient_close(client);
 }

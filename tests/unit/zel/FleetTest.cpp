@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StoreTest.h"
+#include "ZelObj.h"
 #include "ZelReq.h"
+#include "ZelReqUtil.h"
 #include "ZelRspUtil.h"
 #include "rules/Form.h"
 
@@ -91,18 +93,58 @@ TEST_F(LargeFleet, hasFiveThousandDevicesWithEidsOfTheirOwn)
     EXPECT_TRUE(!eid.empty() && zelsim::hasForm(eid, zelsim::Form::EidOrEmpty)) << eid;
 }
 
-TEST_F(LargeFleet, needsLittleMemory)
+// Resident kilobytes of a process.
+unsigned long residentOf(pid_t pid)
 {
-  std::ifstream status("/proc/" + std::to_string(store.pid()) + "/status");
+  std::ifstream status("/proc/" + std::to_string(pid) + "/status");
   std::string word;
   unsigned long kilobytes = 0;
   while (status >> word)
     if (word == "VmRSS:")
       status >> kilobytes;
-  EXPECT_GT(kilobytes, 0u);
+  return kilobytes;
+}
+
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-  EXPECT_LT(kilobytes, 60u * 1024);
+constexpr unsigned long kMostMemory = 40 * 1024;
+#else
+constexpr unsigned long kMostMemory = 4096 * 1024;
 #endif
+
+TEST_F(LargeFleet, needsLittleMemoryAlsoAfterSettingsWereSavedAndLoaded)
+{
+  EXPECT_GT(residentOf(store.pid()), 0u);
+  EXPECT_LT(residentOf(store.pid()), kMostMemory);
+  ASSERT_EQ(0, set("swxControl", 1, {{"settingsAction", "zip"}, {"settingsPassword", ""}}));
+  ASSERT_EQ(0, set("swxControl", 1,
+                   {{"settingsAction", "unzip"},
+                    {"settingsFilename", store.settingsDirectory() + "/settings.tar.gz"},
+                    {"settingsPassword", ""}}));
+  EXPECT_LT(residentOf(store.pid()), kMostMemory);
+}
+
+// The rows of a read of every receiver by its index.
+unsigned rowsOfAllIndexes(ZelClient_s *client, const char *resource, const char *select)
+{
+  json_t *request = ZelReqUtil_newGetResource(resource);
+  json_t *indexes = json_array();
+  for (unsigned index = 2600; index > 0; --index)
+    json_array_append_new(indexes, json_integer(index));
+  json_object_set_new(request, "query", json_pack("{s:o}", "index", indexes));
+  if (select)
+    ZelObj_setSelect(request, select);
+  json_t *response = ZelReqUtil_submit(request, client);
+  const auto count = static_cast<unsigned>(ZelRspUtil_numEntries(response));
+  ZelReqUtil_free(request);
+  ZelRspUtil_free(response);
+  return count;
+}
+
+TEST_F(LargeFleet, answersAReadOfThousandsOfIndexesEachOnce)
+{
+  EXPECT_EQ(2500u, rowsOfAllIndexes(client, "rx", "name"));
+  EXPECT_EQ(2500u, rowsOfAllIndexes(client, "rx", "inputVideoTiming"));
+  EXPECT_EQ(2500u, rowsOfAllIndexes(client, "rxUsbDiag", nullptr));
 }
 
 TEST_F(LargeFleet, connectsAcrossItsSwitches)

@@ -63,6 +63,11 @@ TEST_F(MonitorLibrary, protectsItsBuiltInRecord)
   EXPECT_EQ(0, remove("edid", 2));
 }
 
+TEST_F(MonitorLibrary, hasANameForEveryRecord)
+{
+  EXPECT_EQ(13, set("edid", 2, {{"name", ""}}));
+}
+
 TEST_F(MonitorLibrary, pullsAMonitorAndFindsItByName)
 {
   ASSERT_EQ(0, pull("rxIndex", 2, "M2026-01-01_12:00:00"));

@@ -104,6 +104,60 @@ TEST_F(SettingsFile, takesEffectAtTheNextRestart)
   EXPECT_EQ(0, logInAdministrator("operator", "operator-1"));
 }
 
+TEST_F(SettingsFile, canBeLoadedWhateverTheSwitchHasWrittenItself)
+{
+  const std::string longName(40, 'n');
+  ASSERT_EQ(0, set("rx", 2, {{"name", longName}}));
+  const std::string description = "Monitor attributes pulled from receiver " + longName;
+  ASSERT_EQ(
+      0,
+      set("edidControl", 0,
+          {{"edidAction", "pull"}, {"rxIndex", 2u}, {"edidName", "M1"}, {"edidDescription", description}}));
+  EXPECT_EQ(description.substr(0, 64), text("edid", rows("edid"), "description"));
+  ASSERT_EQ(0, save(""));
+  EXPECT_EQ(0, load(path("settings.tar.gz"), ""));
+}
+
+TEST_F(SettingsFile, isNotWrittenIfItCouldNotBeLoaded)
+{
+  for (unsigned user = 1; user <= 2; ++user)
+    ASSERT_TRUE(store.set("user", user, "role", "user"));
+  EXPECT_EQ(1, save(""));
+  EXPECT_FALSE(std::filesystem::exists(path("settings.tar.gz")));
+}
+
+TEST_F(SettingsFile, keepsThePasswordsOfFirmwareSourcesForThisSwitchOnly)
+{
+  ASSERT_EQ(0, set("upgrade", 1, {{"username", "loader"}, {"password", "source-secret"}}));
+  ASSERT_EQ(0, save(""));
+  std::string archived;
+  zelsim::unpackSettings(contentOf(path("settings.tar.gz")), "", archived);
+  EXPECT_EQ(std::string::npos, archived.find("source-secret"));
+  EXPECT_EQ(std::string::npos, archived.find("settingsKey"));
+  ASSERT_EQ(0, set("upgrade", 1, {{"password", "other"}}));
+  ASSERT_EQ(0, load(path("settings.tar.gz"), ""));
+  restartSwitch();
+  EXPECT_EQ("source-secret", text("upgrade", 1, "password"));
+
+  ASSERT_TRUE(store.set("systemGlobals", 0, "settingsKey", "that of another switch"));
+  ASSERT_EQ(0, load(path("settings.tar.gz"), ""));
+  restartSwitch();
+  EXPECT_EQ("", text("upgrade", 1, "password"));
+  EXPECT_EQ("loader", text("upgrade", 1, "username"));
+}
+
+TEST_F(SettingsFile, holdsTheMonitorsThatTransmittersWereGiven)
+{
+  ASSERT_EQ(0, set("edidControl", 0, {{"edidAction", "push"}, {"txIndex", 4u}, {"edidIndex", 6u}}));
+  const std::string pushed = store.get("tx", 4, "edidData");
+  ASSERT_EQ(0, save(""));
+  ASSERT_EQ(0, set("edidControl", 0, {{"edidAction", "push"}, {"txIndex", 4u}, {"edidIndex", 2u}}));
+  ASSERT_NE(pushed, store.get("tx", 4, "edidData"));
+  ASSERT_EQ(0, load(path("settings.tar.gz"), ""));
+  restartSwitch();
+  EXPECT_EQ(pushed, store.get("tx", 4, "edidData"));
+}
+
 TEST_F(SettingsFile, thatIsNoneIsRefused)
 {
   EXPECT_EQ(7, load(store.directory() + "/nothing", ""));
