@@ -311,6 +311,18 @@ TEST(NevoPathDeathTest, knowsNoOtherBrands)
                 "resources/themes/unknown/\\|/data/settings/icons/unknown/icon00.png");
 }
 
+TEST(NevoPathDeathTest, looksForIconsWhereTheSettingsAreKept)
+{
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  setenv("NEVO_SETTINGS_DIR", "/srv/switch", 1);
+  EXPECT_EQ(NevoPath_settingsBase(), "/srv/switch/");
+  EXPECT_EXIT(tellPaths("halden"), ExitedWithCode(0), "\\|/srv/switch/icons/halden/icon00.png");
+  setenv("NEVO_SETTINGS_DIR", "relative", 1);
+  EXPECT_EQ(NevoPath_settingsBase(), "/data/settings/");
+  unsetenv("NEVO_SETTINGS_DIR");
+  EXPECT_EQ(NevoPath_settingsBase(), "/data/settings/");
+}
+
 TEST(Server, endsWithZeroAndAClearWordWhereItsPortIsTaken)
 {
   const BusyPort port;

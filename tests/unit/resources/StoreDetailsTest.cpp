@@ -27,7 +27,8 @@ std::set<std::string> detailsOfStore()
 {
   std::set<std::string> names = {"index"};
   for (std::size_t i = 0; i < zelsim::kCatalogueSize; ++i)
-    addNames(zelsim::kCatalogue[i].parameters, zelsim::kCatalogue[i].parameterCount, names);
+    if (zelsim::kCatalogue[i].methods != 0)
+      addNames(zelsim::kCatalogue[i].parameters, zelsim::kCatalogue[i].parameterCount, names);
   return names;
 }
 

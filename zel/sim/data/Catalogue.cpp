@@ -200,7 +200,8 @@ bool isDataName(std::string_view name)
   static const auto all = [] {
     std::unordered_set<std::string_view> names = {"index"};
     for (std::size_t i = 0; i < kCatalogueSize; ++i)
-      addNames(kCatalogue[i].parameters, kCatalogue[i].parameterCount, names);
+      if (kCatalogue[i].methods != 0)
+        addNames(kCatalogue[i].parameters, kCatalogue[i].parameterCount, names);
     return names;
   }();
   return all.count(name) != 0;

@@ -178,7 +178,7 @@ std::string defaultJson(const Parameter &parameter);
 /// Whether a nested parameter has secret members, at any depth.
 bool hasSecrets(const Parameter &parameter);
 
-/// Whether something in the catalogue is called so: a parameter, a member of one, or "index".
+/// Whether something that clients can name is called so: a parameter, a member of one, or "index".
 bool isDataName(std::string_view name);
 
 /// One resource as text, and the whole catalogue, for `zelctl describe` and `zelsim --describe`.
