@@ -106,7 +106,8 @@ void Main_findSecurePort(int argc, char *argv[])
   const std::string http = optionValue(argc, argv, "--http-port", "80");
   const std::string https = optionValue(argc, argv, "--https-port", "443");
   const bool bySecurePort = !optionValue(argc, argv, "--https-address", "").empty();
-  Main_securePort = bySecurePort && http != https ? std::atoi(https.c_str()) : 0;
+  Main_securePort =
+      bySecurePort && http != https ? static_cast<int>(std::strtol(https.c_str(), nullptr, 10)) : 0;
 }
 
 std::string Main_secureHost(const std::string &host)
