@@ -203,7 +203,7 @@ TEST_F(HttpConnectionTest, otherMethodsAreNotAllowed)
 {
   for (const char *method : {"PUT", "DELETE", "OPTIONS", "POST", "PATCH"}) {
     auto peer = connect();
-    peer->say(std::string(method) + " / HTTP/1.1\r\nHost: a\r\n\r\n");
+    peer->say(std::string(method) + " / HTTP/1.1\r\nHost: switch\r\n\r\n");
     EXPECT_THAT(peer->heard(), StartsWith("HTTP/1.1 405")) << method;
   }
 }
@@ -212,7 +212,7 @@ TEST_F(HttpConnectionTest, aBodyThatNobodyAskedForEndsTheConnection)
 {
   folder.write("a.txt", "first");
   auto peer = connect();
-  peer->say("GET /a.txt HTTP/1.1\r\nHost: a\r\nContent-Length: 100\r\n\r\nGET /b.txt");
+  peer->say("GET /a.txt HTTP/1.1\r\nHost: switch\r\nContent-Length: 100\r\n\r\nGET /b.txt");
   const std::string answer = peer->heard();
   EXPECT_THAT(answer, HasSubstr("Connection: close"));
   EXPECT_EQ(bodyOf(answer), "first");
@@ -812,7 +812,7 @@ TEST_F(HttpConnectionTest, anUploadInChunksIsTaken)
   const std::string body = form("abc");
   char size[16];
   std::snprintf(size, sizeof size, "%zx\r\n", body.size());
-  peer->say("POST /?request=resource HTTP/1.1\r\nHost: a\r\nContent-Type: " + std::string(kFormType) +
+  peer->say("POST /?request=resource HTTP/1.1\r\nHost: switch\r\nContent-Type: " + std::string(kFormType) +
             "\r\nTransfer-Encoding: chunked\r\n\r\n" + size + body + "\r\n0\r\n\r\n");
   ASSERT_EQ(peer->sessions.requests.size(), 1u);
   EXPECT_EQ(readFile(peer->sessions.requests[0].files.at(0).spoolPath), "abc");
@@ -832,7 +832,7 @@ TEST_F(HttpConnectionTest, aTooLargeUploadIsNotReadAndItsSizeIsTold)
 {
   auto peer = connect();
   peer->service.maximumBody = 1000;
-  peer->say("POST /?request=resource HTTP/1.1\r\nHost: a\r\nContent-Type: " + std::string(kFormType) +
+  peer->say("POST /?request=resource HTTP/1.1\r\nHost: switch\r\nContent-Type: " + std::string(kFormType) +
             "\r\nContent-Length: 5000000000\r\n\r\nbeginning");
   ASSERT_EQ(peer->sessions.requests.size(), 1u);
   EXPECT_EQ(peer->sessions.requests[0].tooLarge, 5000000000u);
@@ -847,7 +847,7 @@ TEST_F(HttpConnectionTest, anUploadInChunksIsStoppedAtTheLimit)
 {
   auto peer = connect();
   peer->service.maximumBody = 1000;
-  peer->say("POST /?request=resource HTTP/1.1\r\nHost: a\r\nContent-Type: x/y\r\nTransfer-Encoding: "
+  peer->say("POST /?request=resource HTTP/1.1\r\nHost: switch\r\nContent-Type: x/y\r\nTransfer-Encoding: "
             "chunked\r\n\r\n");
   for (int i = 0; i < 20; ++i)
     peer->say("64\r\n" + std::string(100, 'x') + "\r\n");

@@ -172,7 +172,7 @@ TEST_F(ServerTest, aPageThatGetsNoSessionIsToldInTheWordsOfTheServersStrings)
 
 TEST_F(ServerTest, theConfigurationFileLimitsTheConnections)
 {
-  const std::string limits[] = {"<max-connections>2</max-connections>",
+  const std::string limits[] = {"<max-connections>3</max-connections>", // of which one address has two
                                 "<max-connections-per-address>2</max-connections-per-address>"};
   for (const std::string &limit : limits) {
     const std::string file = folder.write("limits.xml", "<server><application-settings location=\"*\">" +
