@@ -84,7 +84,8 @@ NevoApplication::~NevoApplication()
   inactivityTimer.reset();
   modeChangeCheckTimer.reset();
   redirectCheckTimer.reset();
-  replacedRedirectTimers.clear();
+  firstRedirectCheckTimer.reset();
+  loginTurnTimer.reset();
   initPasswordDialog.reset();
   bannerDialog.reset();
   loginDialog.reset();

@@ -118,6 +118,7 @@ private:
   /// The timers
   void startTimer(std::unique_ptr<Wt::WTimer> &timer, int milliseconds, void (NevoApplication::*handler)());
   void startInactivityTimer();
+  void waitForLoginTurn();
   void startRedirectCheckTimer();
   void relaxRedirectCheckTimer();
   void stopRedirectCheckTimer();
@@ -147,8 +148,9 @@ private:
   std::unique_ptr<Wt::WTimer> inactivityTimer;
   std::unique_ptr<Wt::WTimer> modeChangeCheckTimer;
   std::unique_ptr<Wt::WTimer> redirectCheckTimer;
-  std::vector<std::unique_ptr<Wt::WTimer>> replacedRedirectTimers;
-  std::string initialManagedSetting; ///< "managedSetting" when the page was built
+  std::unique_ptr<Wt::WTimer> firstRedirectCheckTimer; ///< goes on after another one was started
+  std::unique_ptr<Wt::WTimer> loginTurnTimer;          ///< while a login waits for others
+  std::string initialManagedSetting;                   ///< "managedSetting" when the page was built
 };
 
 #endif // APP_NEVO_APPLICATION_H_

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Clock.h"
 #include "Db.h"
+#include "LoginLockout.h"
 #include "NevoApplication.h"
 #include "Security.h"
 #include "Text.h"
@@ -15,21 +15,19 @@
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WTimer>
-#include <atomic>
+#include <ctime>
 
 namespace
 {
 
 // The lockout belongs to the process: one person's failures lock the login for every browser.
-std::atomic<int> sLoginFailureCount(0);
-std::atomic<std::time_t> sLoginLockoutTimeSec(0);
+int sLoginFailureCount = 0;
+std::time_t sLoginLockoutTimeSec = 0;
 
-const int kFailuresBeforeLockout = 4;
-const unsigned long kLockoutSeconds = 300;
-
-bool lockedOut()
+LoginLockout &lockout()
 {
-  return static_cast<unsigned long>(Clock_now() - sLoginLockoutTimeSec) < kLockoutSeconds;
+  static LoginLockout instance(sLoginFailureCount, sLoginLockoutTimeSec, LoginLockout::stateFileOfProcess());
+  return instance;
 }
 
 } // namespace
@@ -62,6 +60,7 @@ void NevoApplication::showLogin()
 {
   redirectToHttps();
   startRedirectCheckTimer();
+  loginTurnTimer.reset();
   initPasswordDialog.reset();
   bannerDialog.reset();
   loginFailureMsgBox.reset();
@@ -90,20 +89,23 @@ void NevoApplication::loginButtonClickedHandler()
   startInactivityTimer();
   const std::string password = loginDialog->passwordGet().toUTF8();
   const std::string username = loginDialog->usernameGet().toUTF8();
-  if (lockedOut()) {
+  loginTurnTimer.reset();
+  LoginLockout::Attempt attempt(lockout());
+  if (attempt.verdict() == LoginLockout::Verdict::LockedOut) {
     showLoginLockout();
+    return;
+  }
+  if (attempt.verdict() == LoginLockout::Verdict::Wait) {
+    waitForLoginTurn();
     return;
   }
   bool passwordIsInitialized = false;
   if (Security_loginNevoUser(username.c_str(), password.c_str(), loggedInUserIndex, passwordIsInitialized) !=
       0) {
-    if (++sLoginFailureCount > kFailuresBeforeLockout)
-      sLoginLockoutTimeSec = Clock_now();
     showLoginFailure();
     return;
   }
-  sLoginLockoutTimeSec = 0;
-  sLoginFailureCount = 0;
+  attempt.succeeded();
   loginDialog->clearFields();
   loginDialog.reset();
   inactivityTimer.reset();
@@ -141,13 +143,13 @@ void NevoApplication::showLoginLockout()
                         text("There have been 5 successive login failures. You are locked out "
                              "for 5 minutes."),
                         text("Ok")));
-  sLoginFailureCount = 0;
   loginLockoutMsgBox->show();
 }
 
 void NevoApplication::forgotPasswordClickedHandler()
 {
   startInactivityTimer();
+  loginTurnTimer.reset();
   showFrontDoorNotice(
       forgotPasswordMsgBox,
       new WMsgBoxSimple(WMsgBoxSimple::MsgInfo, text("Forgot Password"),

@@ -13,6 +13,7 @@ namespace
 const int kLoginPageMilliseconds = 180000;
 const int kRedirectCheckMilliseconds = 2000;
 const int kRelaxedRedirectCheckMilliseconds = 5000;
+const int kLoginTurnMilliseconds = 200;
 const int kModeChangeCheckMilliseconds = 10000;
 
 } // namespace
@@ -28,18 +29,31 @@ void NevoApplication::startTimer(std::unique_ptr<Wt::WTimer> &timer, int millise
 
 void NevoApplication::startInactivityTimer()
 {
-  inactivityTimer.reset(new Wt::WTimer());
-  inactivityTimer->setSingleShot(true);
-  inactivityTimer->setInterval(kLoginPageMilliseconds);
-  inactivityTimer->timeout().connect(this, &NevoApplication::restartWebApp);
+  if (!inactivityTimer) {
+    inactivityTimer.reset(new Wt::WTimer());
+    inactivityTimer->setSingleShot(true);
+    inactivityTimer->setInterval(kLoginPageMilliseconds);
+    inactivityTimer->timeout().connect(this, &NevoApplication::restartWebApp);
+  }
   inactivityTimer->start();
+}
+
+/// As many passwords are being tried as may be: this one is tried again in a moment.
+void NevoApplication::waitForLoginTurn()
+{
+  loginTurnTimer.reset(new Wt::WTimer());
+  loginTurnTimer->setSingleShot(true);
+  loginTurnTimer->setInterval(kLoginTurnMilliseconds);
+  loginTurnTimer->timeout().connect(this, &NevoApplication::loginButtonClickedHandler);
+  loginTurnTimer->start();
 }
 
 void NevoApplication::startRedirectCheckTimer()
 {
-  // An earlier timer goes on: two of them only make the same check twice.
-  if (redirectCheckTimer)
-    replacedRedirectTimers.push_back(std::move(redirectCheckTimer));
+  // An earlier timer goes on until the session ends: two of them only make the same check twice. The same
+  // goes for more of them, so that there never are more than two.
+  if (redirectCheckTimer && !firstRedirectCheckTimer)
+    firstRedirectCheckTimer = std::move(redirectCheckTimer);
   startTimer(redirectCheckTimer, kRedirectCheckMilliseconds, &NevoApplication::redirectToHttps);
 }
 

@@ -332,6 +332,35 @@ TEST_F(Lockout, countsOneFailureForOnePressOfEnter)
   EXPECT_EQ(store_.loginCount(), 5U);
 }
 
+// ---- The check that sends a page in the clear to the secure port
+
+TEST_F(Login, checksForAPageInTheClearTwiceAtMostHoweverOftenItIsComeBackTo)
+{
+  visitor_.head.scheme = "http";
+  visitor_.open();
+  for (int i = 0; i < 20; ++i) {
+    visitor_.click(visitor_.link("Forgot my password"));
+    visitor_.click(visitor_.button("Ok"));
+  }
+  visitor_.resetCounters();
+  visitor_.advance(2s);
+  EXPECT_LE(visitor_.operationsReceived(), 2U);
+  EXPECT_GE(visitor_.operationsReceived(), 1U);
+}
+
+TEST_F(Login, goesOnWithItsFirstCheckForAPageInTheClearWhenSomebodyIsIn)
+{
+  visitor_.head.scheme = "http";
+  openWithoutFormerFailures();
+  visitor_.failToLogIn();
+  store_.acceptLogins();
+  visitor_.logIn();
+  ASSERT_TRUE(visitor_.shows("Dashboard"));
+  visitor_.page().redirected.clear();
+  visitor_.advance(2s);
+  EXPECT_THAT(visitor_.location(), HasSubstr("https://"));
+}
+
 // ---- Three minutes at the login
 
 TEST_F(Login, startsThePageOverAfterThreeMinutesWithoutASign)
