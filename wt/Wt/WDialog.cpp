@@ -186,15 +186,12 @@ WDialog::DialogCode WDialog::exec(const WAnimation &animation)
 {
   if (execution_)
     throw WException("WDialog::exec(): the dialog runs already");
-  WApplication *application = WApplication::instance();
   Execution execution;
   execution_ = &execution;
   animateShow(animation);
   try {
-    if (Engine::Session::current()->dialogExecuted(this) && execution.running && execution.alive)
-      throw WException("WDialog::exec(): a test must end the dialog");
-    while (execution.running && execution.alive)
-      application->waitForEvent();
+    Engine::Session::current()->waitForDialog(*this,
+                                              [&execution] { return execution.running && execution.alive; });
   } catch (...) {
     if (execution.alive)
       execution_ = nullptr;

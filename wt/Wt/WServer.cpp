@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WServer.h"
 
+#include "base/HeapWatch.h"
 #include "base/Log.h"
 #include "http/HttpServer.h"
 #include "http/PoolScheduler.h"
@@ -49,6 +50,7 @@ struct WServer::Impl {
   std::unique_ptr<Engine::PoolScheduler> scheduler;
   std::shared_ptr<Engine::SessionManager> sessions;
   std::unique_ptr<Net::HttpServer> http;
+  Engine::HeapWatch heap;
   bool pidWritten = false;
   std::unique_ptr<WLocalizedStrings> strings;
 
@@ -210,11 +212,14 @@ bool WServer::start()
   return true;
 }
 
-/// Looks for dead sessions now and then, for programs that do not do so themselves.
+/// Looks for dead sessions now and then, for programs that do not do so themselves, and gives the system back
+/// what the ended ones have left free.
 void WServer::reap()
 {
   impl_->scheduler->after(std::chrono::milliseconds(kReaperMilliseconds), [this] {
     expireSessions();
+    if (impl_->heap.freed(::mallinfo2().fordblks))
+      ::malloc_trim(0);
     reap();
   });
 }

@@ -49,6 +49,45 @@ bool shallow(std::string_view text)
   return true;
 }
 
+/// The code unit of the escape "\\uXXXX" at that place, or -1 if there is none.
+int escapedUnit(std::string_view text, std::size_t at)
+{
+  if (at + 6 > text.size() || text[at] != '\\' || text[at + 1] != 'u')
+    return -1;
+  int unit = -1;
+  const char *const digits = text.data() + at + 2;
+  const auto parsed = std::from_chars(digits, digits + 4, unit, 16);
+  return parsed.ptr == digits + 4 ? unit : -1;
+}
+
+bool highSurrogate(int unit)
+{
+  return unit >= 0xd800 && unit < 0xdc00;
+}
+
+bool lowSurrogate(int unit)
+{
+  return unit >= 0xdc00 && unit < 0xe000;
+}
+
+/// The text without escapes of characters that no text has: NUL, and one half of a pair of surrogates.
+/// Programs that type for their users send such, and a page is not to end for it.
+std::string withoutOddCharacters(std::string_view text)
+{
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const int unit = escapedUnit(text, i);
+    const bool pair = highSurrogate(unit) && lowSurrogate(escapedUnit(text, i + 6));
+    // An escaped backslash is no beginning of an escape.
+    const std::size_t length = pair ? 12 : unit >= 0 ? 6 : text[i] == '\\' ? 2 : 1;
+    if (pair || !(unit == 0 || highSurrogate(unit) || lowSurrogate(unit)))
+      result += text.substr(i, length);
+    i += length;
+  }
+  return result;
+}
+
 std::string text(const json_t *value)
 {
   return std::string(json_string_value(value), json_string_length(value));
@@ -210,8 +249,17 @@ bool readHello(const json_t *hello, ClientMessage &message)
          readInt(json_object_get(hello, "h"), message.screenHeight);
 }
 
+bool readVisibility(const json_t *value, ClientMessage &message)
+{
+  message.kind = ClientMessage::Visibility;
+  message.visible = json_integer_value(value) == 1;
+  return json_is_integer(value) && (message.visible || json_integer_value(value) == 0);
+}
+
 bool readBody(json_t *root, ClientMessage &message)
 {
+  if (const json_t *visible = json_object_get(root, "vis"))
+    return json_object_size(root) == 1 && readVisibility(visible, message);
   if (const json_t *hello = json_object_get(root, "hello"))
     return readHello(hello, message);
   if (!readNumber(json_object_get(root, "a"), message.seen))
@@ -243,9 +291,11 @@ bool ClientMessage::decode(std::string_view textOfMessage, ClientMessage &messag
   message = ClientMessage();
   if (!shallow(textOfMessage))
     return false;
+  const std::string clean =
+      textOfMessage.find("\\u") == textOfMessage.npos ? std::string() : withoutOddCharacters(textOfMessage);
+  const std::string_view json = clean.empty() ? textOfMessage : clean;
   json_error_t error;
-  const JsonHolder root(
-      json_loadb(textOfMessage.data(), textOfMessage.size(), JSON_REJECT_DUPLICATES, &error));
+  const JsonHolder root(json_loadb(json.data(), json.size(), JSON_REJECT_DUPLICATES, &error));
   return root && json_is_object(root.get()) && readBody(root.get(), message);
 }
 

@@ -18,7 +18,7 @@ namespace Engine
 
 /// A message of the browser's runtime, as PROTOCOL.md has them.
 struct ClientMessage {
-  enum Kind { Hello, Resume, Events, Seen };
+  enum Kind { Hello, Resume, Events, Seen, Visibility };
 
   struct Event {
     Dom::Element::Id element = 0;
@@ -34,7 +34,8 @@ struct ClientMessage {
   int screenWidth = 0;
   int screenHeight = 0;
 
-  std::string token; ///< Resume
+  std::string token;   ///< Resume
+  bool visible = true; ///< Visibility: somebody sees the page
 
   std::uint64_t number = 0; ///< Events
   std::uint64_t seen = 0;   ///< Resume, Events, Seen

@@ -34,6 +34,9 @@ public:
   virtual void cancel(TimerId id) = 0;
 
   virtual TimePoint now() const = 0;
+
+  /// The processor time that the calling thread has used.
+  virtual std::chrono::nanoseconds processorTime() const;
 };
 
 } // namespace Engine

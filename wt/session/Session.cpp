@@ -9,11 +9,10 @@
 #include "session/WidgetAccess.h"
 
 #include <Wt/WApplication>
+#include <Wt/WContainerWidget>
 #include <Wt/WEnvironment>
 #include <Wt/WException>
 #include <Wt/WTimer>
-#include <algorithm>
-#include <cstdio>
 
 namespace Wt
 {
@@ -23,7 +22,9 @@ namespace Engine
 namespace
 {
 
-const char kReloadMessage[] = "{\"reload\":true}";
+/// While nobody sees a page its repeating timers tick together, so often.
+const std::chrono::seconds kBeat(30);
+
 const char kFailureText[] = "An internal error has ended this session. Reload the page to begin a new one.";
 
 thread_local Session *currentSession = nullptr;
@@ -41,53 +42,19 @@ private:
   Session *former_;
 };
 
-WException killedException()
-{
-  return WException("session was killed");
-}
-
 } // namespace
 
 struct Session::Environment : public WEnvironment {
 };
 
-struct Session::ResourceRequest {
-  std::string resourceId;
-  std::string rand;
-  RequestHead head;
-  std::vector<SpooledFile> files;
-  std::uint64_t tooLarge = 0;
-  std::shared_ptr<ResourceResponse> response;
-
-  ~ResourceRequest()
-  {
-    if (response)
-      refuse(files, *response);
-  }
-
-  void serve(ResourceHandler &handler)
-  {
-    const auto answer = std::move(response);
-    try {
-      handler.serve(std::move(head), std::move(files), tooLarge, answer);
-    } catch (const std::exception &e) {
-      log(LogLevel::Error, "session", std::string("a resource failed: ") + e.what());
-      // Has no effect on an answer that is under way.
-      answer->setStatus(500);
-      answer->finish();
-    }
-  }
-};
-
-Session::Session(Scheduler &scheduler, const SessionConfig &config, Origin origin,
+Session::Session(std::shared_ptr<TurnQueue> turns, const SessionConfig &config, Origin origin,
                  std::function<void(Session &)> ended)
-    : scheduler_(scheduler), config_(config), origin_(std::move(origin)), ended_(std::move(ended)),
-      awaySince_(scheduler.now()), timers_(scheduler, [this](TimerSet::Ticket ticket) -> Scheduler::Task {
-        return [weak = weak_from_this(), ticket] {
-          if (const auto self = weak.lock())
-            self->enqueueTick(ticket);
-        };
-      })
+    : turns_(std::move(turns)), scheduler_(turns_->scheduler()), config_(config), origin_(std::move(origin)),
+      ended_(std::move(ended)),
+      queue_(turns_, config,
+             [this]() -> Scheduler::Task { return [self = shared_from_this()] { self->runTurn(); }; }),
+      pageEvents_(scheduler_, page_, origin_.publicId),
+      timers_(scheduler_, [this] { return enqueuing(SessionWork::Alarm); })
 {
 }
 
@@ -108,57 +75,45 @@ __attribute__((noinline)) Session *Session::makeCurrent(Session *session) noexce
 // --- The queue
 // -------------------------------------------------------------------------------------------------
 
-bool Session::full(const Work &work) const
+void Session::enqueue(SessionWork work)
 {
-  return work.kind == Work::Message && (queuedMessages_ >= config_.maxQueuedMessages ||
-                                        queuedBytes_ + work.text.size() > config_.maxQueuedBytes);
-}
-
-void Session::enqueue(Work work)
-{
-  std::unique_lock<std::mutex> held(mutex_);
-  if (dead_ || killed_)
-    return;
-  if (full(work)) {
-    held.unlock();
+  switch (queue_.push(work)) {
+  case SessionQueue::Pushed::Yes:
+    break;
+  case SessionQueue::Pushed::Killed:
+    work.refuse();
+    break;
+  case SessionQueue::Pushed::Full:
     log(LogLevel::Warning, "session", publicId() + " ended: its page sends more than it handles");
     kill(kReloadMessage);
-    return;
+    break;
   }
-  if (work.kind == Work::Message) {
-    ++queuedMessages_;
-    queuedBytes_ += work.text.size();
-  }
-  queue_.push_back(std::move(work));
-  schedule(held);
 }
 
-void Session::enqueueTick(TimerSet::Ticket ticket)
+void Session::enqueueTick(TimerSet::Ticket ticket, bool gathered)
 {
-  Work work;
-  work.kind = Work::Tick;
+  SessionWork work;
+  work.kind = SessionWork::Tick;
   work.number = ticket;
+  work.gathered = gathered;
   enqueue(std::move(work));
 }
 
-void Session::schedule(std::unique_lock<std::mutex> &)
+Scheduler::Task Session::enqueuing(SessionWork::Kind kind)
 {
-  if (scheduled_ || holder_ != Holder::Nobody || dead_)
-    return;
-  scheduled_ = true;
-  scheduler_.post([self = shared_from_this()] { self->run(); });
+  return [weak = weak_from_this(), kind] {
+    SessionWork work;
+    work.kind = kind;
+    if (const auto self = weak.lock())
+      self->enqueue(std::move(work));
+  };
 }
 
-void Session::run()
+/// Runs the fiber, on a worker.
+void Session::runTurn()
 {
-  {
-    std::unique_lock<std::mutex> held(mutex_);
-    scheduled_ = false;
-    if (holder_ != Holder::Nobody || dead_)
-      return;
-    holder_ = Holder::Worker;
-    holderThread_ = std::this_thread::get_id();
-  }
+  if (!queue_.beginTurn())
+    return;
   {
     const CurrentScope scope(this);
     if (!fiber_)
@@ -169,68 +124,18 @@ void Session::run()
       fiber_->trim();
   }
   const bool finished = fiber_->finished();
-  std::unique_lock<std::mutex> held(mutex_);
-  dead_ = finished;
-  release(held);
-  held.unlock();
+  queue_.endTurn(finished);
   if (finished)
     ended_(*this);
 }
 
-void Session::release(std::unique_lock<std::mutex> &held)
+/// On the fiber.
+SessionWork Session::next()
 {
-  holder_ = Holder::Nobody;
-  holderThread_ = std::thread::id();
-  if (!dead_ && (!queue_.empty() || killed_))
-    schedule(held);
-  released_.notify_all();
-}
-
-Session::Work Session::next()
-{
-  for (;;) {
-    {
-      std::unique_lock<std::mutex> held(mutex_);
-      if (killed_)
-        throw killedException();
-      if (!queue_.empty()) {
-        Work work = std::move(queue_.front());
-        queue_.pop_front();
-        if (work.kind == Work::Message) {
-          --queuedMessages_;
-          queuedBytes_ -= work.text.size();
-        }
-        return work;
-      }
-    }
+  SessionWork work;
+  while (!queue_.take(work))
     fiber_->suspend();
-  }
-}
-
-bool Session::lock(bool &alreadyHeld)
-{
-  std::unique_lock<std::mutex> held(mutex_);
-  alreadyHeld = holder_ != Holder::Nobody && holderThread_ == std::this_thread::get_id();
-  if (alreadyHeld)
-    return true;
-  released_.wait(held, [this] { return holder_ == Holder::Nobody || killed_ || dead_; });
-  if (killed_ || dead_)
-    return false;
-  holder_ = Holder::Lock;
-  holderThread_ = std::this_thread::get_id();
-  return true;
-}
-
-void Session::unlock()
-{
-  std::unique_lock<std::mutex> held(mutex_);
-  release(held);
-}
-
-bool Session::heldByThisThread() const
-{
-  const std::unique_lock<std::mutex> held(mutex_);
-  return holder_ != Holder::Nobody && holderThread_ == std::this_thread::get_id();
+  return work;
 }
 
 // --- What others ask for, from any thread
@@ -238,8 +143,8 @@ bool Session::heldByThisThread() const
 
 void Session::begin(std::shared_ptr<Transport> transport, std::uint64_t connection, ClientMessage hello)
 {
-  Work work;
-  work.kind = Work::Begin;
+  SessionWork work;
+  work.kind = SessionWork::Begin;
   work.number = connection;
   work.transport = std::move(transport);
   work.hello = std::move(hello);
@@ -249,24 +154,21 @@ void Session::begin(std::shared_ptr<Transport> transport, std::uint64_t connecti
 void Session::resume(std::shared_ptr<Transport> transport, std::uint64_t connection, std::uint64_t seen,
                      std::string scheme)
 {
-  Work work;
-  work.kind = Work::Attach;
+  SessionWork work;
+  work.kind = SessionWork::Attach;
   work.number = connection;
   work.seen = seen;
   work.text = std::move(scheme);
   work.transport = std::move(transport);
-  {
-    // While the page is back it does not expire, even if the session is too busy to take note.
-    const std::lock_guard<std::mutex> held(mutex_);
-    away_ = false;
-  }
+  // While the page is back it does not expire, even if the session is too busy to take note.
+  awaySince_ = 0;
   enqueue(std::move(work));
 }
 
 void Session::received(std::uint64_t connection, std::string message)
 {
-  Work work;
-  work.kind = Work::Message;
+  SessionWork work;
+  work.kind = SessionWork::Message;
   work.number = connection;
   work.text = std::move(message);
   enqueue(std::move(work));
@@ -274,8 +176,8 @@ void Session::received(std::uint64_t connection, std::string message)
 
 void Session::closed(std::uint64_t connection, bool goodbye)
 {
-  Work work;
-  work.kind = Work::Detach;
+  SessionWork work;
+  work.kind = SessionWork::Detach;
   work.number = connection;
   work.seen = goodbye;
   enqueue(std::move(work));
@@ -283,70 +185,49 @@ void Session::closed(std::uint64_t connection, bool goodbye)
 
 void Session::post(std::function<void()> function)
 {
-  Work work;
-  work.kind = Work::Call;
+  SessionWork work;
+  work.kind = SessionWork::Call;
   work.call = std::move(function);
   enqueue(std::move(work));
 }
 
-void Session::requested(const std::string &resourceId, const std::string &rand, RequestHead head,
-                        std::vector<SpooledFile> files, std::uint64_t tooLarge,
-                        std::shared_ptr<ResourceResponse> response)
+bool Session::hasResource(const std::string &id, const std::string &secret) const
 {
-  Work work;
-  work.kind = Work::Request;
-  work.request = std::make_shared<ResourceRequest>();
-  work.request->resourceId = resourceId;
-  work.request->rand = rand;
-  work.request->head = std::move(head);
-  work.request->files = std::move(files);
-  work.request->tooLarge = tooLarge;
-  work.request->response = std::move(response);
+  return resources_.has(id, secret);
+}
+
+void Session::requested(std::shared_ptr<ResourceRequest> request)
+{
+  SessionWork work;
+  work.kind = SessionWork::Request;
+  work.request = std::move(request);
   enqueue(std::move(work));
 }
 
-void Session::progress(const std::string &resourceId, const std::string &rand, std::uint64_t got,
-                       std::uint64_t total)
+void Session::progress(const std::string &resourceId, std::uint64_t got, std::uint64_t total)
 {
-  const std::string key = resourceId + ' ' + rand;
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    const auto known = progress_.find(key);
-    if (known != progress_.end()) {
-      known->second = {got, total};
-      return;
-    }
-    if (progress_.size() >= 64)
-      return;
-    progress_.emplace(key, std::make_pair(got, total));
-  }
-  Work work;
-  work.kind = Work::Progress;
-  work.text = key;
+  if (!resources_.noteProgress(resourceId, {got, total}))
+    return;
+  SessionWork work;
+  work.kind = SessionWork::Progress;
+  work.text = resourceId;
   enqueue(std::move(work));
 }
 
 void Session::kill(const std::string &farewell)
 {
-  std::unique_lock<std::mutex> held(mutex_);
-  if (killed_ || dead_)
-    return;
-  killed_ = true;
-  farewell_ = farewell;
-  schedule(held);
-  released_.notify_all();
+  queue_.kill(farewell);
 }
 
 bool Session::expired(Scheduler::TimePoint now) const
 {
-  const std::lock_guard<std::mutex> held(mutex_);
-  return away_ && config_.timeout.count() >= 0 && now - awaySince_ >= config_.timeout;
-}
-
-bool Session::dead() const
-{
-  const std::lock_guard<std::mutex> held(mutex_);
-  return dead_;
+  const Scheduler::TimePoint::rep since = awaySince_;
+  if (since == 0)
+    return false;
+  std::chrono::seconds limit = config_.timeout;
+  if (!entered_ && (limit.count() < 0 || limit > config_.doorTimeout))
+    limit = config_.doorTimeout;
+  return limit.count() >= 0 && now.time_since_epoch() - Scheduler::TimePoint::duration(since) >= limit;
 }
 
 // --- The life on the fiber
@@ -355,52 +236,30 @@ bool Session::dead() const
 void Session::live()
 {
   try {
-    loop();
+    for (;;) {
+      SessionWork work = next();
+      handle(work);
+    }
   } catch (const std::exception &e) {
     failed(e.what());
   } catch (...) {
     failed("an exception of unknown type");
   }
-  farewell();
+  channel_.end(queue_.farewell());
   destroyApplication();
-  std::deque<Work> rest;
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    rest.swap(queue_);
-  }
-}
-
-void Session::loop()
-{
-  for (;;) {
-    Work work = next();
-    handle(work);
-  }
+  for (SessionWork &left : queue_.drop())
+    left.refuse();
 }
 
 /// A handler ended with an exception. That is the rule when the session was killed, and a fault otherwise.
 void Session::failed(const char *what)
 {
-  const std::string text = ownText("Wt.Page.Failed", kFailureText);
-  const std::lock_guard<std::mutex> held(mutex_);
-  if (killed_)
+  if (queue_.killed())
     return;
-  killed_ = true;
-  farewell_ = "{\"quit\":{\"text\":";
-  Dom::appendJsonString(farewell_, text);
-  farewell_ += ",\"now\":true}}";
-  released_.notify_all();
-  log(LogLevel::Fatal, "session", publicId() + " ended by an exception: " + what);
-}
-
-void Session::farewell()
-{
-  std::string message;
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    message = farewell_;
-  }
-  channel_.end(message);
+  std::string farewell = "{\"quit\":{\"text\":";
+  Dom::appendJsonString(farewell, ownText("Wt.Page.Failed", kFailureText));
+  if (queue_.kill(farewell + ",\"now\":true}}"))
+    log(LogLevel::Fatal, "session", publicId() + " ended by an exception: " + what);
 }
 
 void Session::createApplication()
@@ -412,13 +271,14 @@ void Session::createApplication()
 
 void Session::destroyApplication()
 {
-  pending_.clear();
+  parts_.clear();
   timers_.clear();
+  setSeen(true);
   WApplication *application = application_;
   if (!application)
     return;
   try {
-    pending_.push_back([application] { application->finalize(); });
+    parts_.add([application] { application->finalize(); });
     notify(OtherEvent);
     delete application;
   } catch (const std::exception &e) {
@@ -433,13 +293,13 @@ void Session::destroyApplication()
 
 void Session::waitForEvent()
 {
-  if (!heldByThisThread() || !fiber_ || fiber_->finished())
+  if (!queue_.heldByThisThread() || !fiber_ || fiber_->finished())
     throw WException("this thread cannot wait for events of the session");
-  drain();
+  parts_.run();
   flush();
   endIfQuitting();
   for (;;) {
-    Work work = next();
+    SessionWork work = next();
     if (handle(work))
       return;
   }
@@ -447,35 +307,46 @@ void Session::waitForEvent()
 
 void Session::processEvents()
 {
-  Work work;
-  work.kind = Work::FollowUp;
-  drain();
+  SessionWork work;
+  work.kind = SessionWork::FollowUp;
+  parts_.run();
   enqueue(std::move(work));
   waitForEvent();
 }
 
+void Session::waitForDialog(WDialog &, const std::function<bool()> &runs)
+{
+  WApplication *application = application_;
+  while (runs())
+    application->waitForEvent();
+}
+
 /// True if it was an event that a waiting handler looks for.
-bool Session::handle(Work &work)
+bool Session::handle(SessionWork &work)
 {
   switch (work.kind) {
-  case Work::Begin:
+  case SessionWork::Begin:
     return handleBegin(work);
-  case Work::Attach:
+  case SessionWork::Attach:
     return handleAttach(work);
-  case Work::Message:
+  case SessionWork::Message:
     return handleMessage(work);
-  case Work::Detach:
+  case SessionWork::Detach:
     return handleDetach(work);
-  case Work::Tick:
-    return handleTick(work.number);
-  case Work::Request:
+  case SessionWork::Alarm:
+    return handleAlarm();
+  case SessionWork::Tick:
+    return handleTick(work);
+  case SessionWork::Beat:
+    return handleBeat();
+  case SessionWork::Request:
     return handleRequest(work);
-  case Work::Progress:
+  case SessionWork::Progress:
     return handleProgress(work);
-  case Work::Call:
-    pending_.push_back(std::move(work.call));
+  case SessionWork::Call:
+    parts_.add(std::move(work.call));
     break;
-  case Work::FollowUp:
+  case SessionWork::FollowUp:
     break;
   }
   notify(OtherEvent);
@@ -483,7 +354,7 @@ bool Session::handle(Work &work)
   return true;
 }
 
-bool Session::handleBegin(Work &work)
+bool Session::handleBegin(SessionWork &work)
 {
   channel_.open(std::move(work.transport), work.number, origin_.token);
   environment_ = std::make_unique<Environment>();
@@ -504,38 +375,32 @@ bool Session::handleBegin(Work &work)
   return true;
 }
 
-bool Session::handleAttach(Work &work)
+bool Session::handleAttach(SessionWork &work)
 {
-  if (!channel_.resume(std::move(work.transport), work.number, work.seen)) {
-    violation("it resumes with an update that it cannot have seen");
-    return false;
+  if (!channel_.resume(work.transport, work.number, work.seen)) {
+    work.refuse();
+    return violation("it resumes with an update that it cannot have seen");
   }
   page_.seen(work.seen);
   if (!work.text.empty())
     environment_->urlScheme_ = work.text;
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    away_ = false;
-  }
+  awaySince_ = 0;
+  setSeen(true);
   for (const TimerSet::Ticket ticket : timers_.wake())
-    enqueueTick(ticket);
+    enqueueTick(ticket, true);
   flush();
   return false;
 }
 
-bool Session::handleDetach(Work &work)
+bool Session::handleDetach(SessionWork &work)
 {
   if (work.number != channel_.connection())
     return false;
   channel_.lost();
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    away_ = true;
-    awaySince_ = scheduler_.now();
-  }
+  awaySince_ = scheduler_.now().time_since_epoch().count();
   if (!work.seen)
     return false;
-  pending_.push_back([this] {
+  parts_.add([this] {
     if (application_)
       application_.load()->unload();
   });
@@ -544,27 +409,26 @@ bool Session::handleDetach(Work &work)
   return true;
 }
 
-bool Session::handleMessage(Work &work)
+bool Session::handleMessage(SessionWork &work)
 {
   if (work.number != channel_.connection())
     return false;
   ClientMessage message;
-  if (!ClientMessage::decode(work.text, message)) {
-    violation("it sends what is no message");
-    return false;
-  }
+  if (!ClientMessage::decode(work.text, message))
+    return violation("it sends what is no message");
   switch (message.kind) {
   case ClientMessage::Seen:
     if (!channel_.acknowledged(message.seen))
-      violation("it acknowledges an update that it was not sent");
-    else
-      page_.seen(message.seen);
+      return violation("it acknowledges an update that it was not sent");
+    page_.seen(message.seen);
+    return false;
+  case ClientMessage::Visibility:
+    setSeen(message.visible);
     return false;
   case ClientMessage::Events:
     return handleEvents(message);
   default:
-    violation("it says hello twice");
-    return false;
+    return violation("it says hello twice");
   }
 }
 
@@ -572,8 +436,7 @@ bool Session::handleEvents(ClientMessage &message)
 {
   switch (channel_.received(message.number, message.seen)) {
   case Channel::Violation:
-    violation("its messages are out of order");
-    return false;
+    return violation("its messages are out of order");
   case Channel::Ignore:
     return false;
   case Channel::Process:
@@ -581,44 +444,72 @@ bool Session::handleEvents(ClientMessage &message)
   }
   page_.seen(message.seen);
   const bool user = !message.events.empty();
-  // Values first, then what the user changed, then the rest in the browser's order.
-  std::stable_partition(message.events.begin(), message.events.end(),
-                        [](const ClientMessage::Event &event) { return event.data.name == "change"; });
-  auto events = std::move(message.events);
-  pending_.push_back(
-      [this, values = std::make_shared<ClientMessage>(std::move(message))] { applyValues(*values); });
-  for (ClientMessage::Event &event : events)
-    pending_.push_back(
-        [this, event = std::make_shared<ClientMessage::Event>(std::move(event))] { dispatchDom(*event); });
+  pageEvents_.gather(std::move(message), parts_);
   notify(user ? UserEvent : OtherEvent);
   channel_.send(std::string());
   endIfQuitting();
   return true;
 }
 
-bool Session::handleTick(TimerSet::Ticket ticket)
+bool Session::handleAlarm()
 {
-  if (!channel_.connected()) {
+  for (const TimerSet::Ticket ticket : timers_.due())
+    enqueueTick(ticket, false);
+  return false;
+}
+
+bool Session::handleTick(SessionWork &work)
+{
+  const TimerSet::Ticket ticket = work.number;
+  const WTimer *timer = timers_.running(ticket);
+  if (!timer)
+    return false;
+  if (!channel_.connected() || (beat_ && !work.gathered && !timer->isSingleShot())) {
     timers_.rest(ticket);
     return false;
   }
-  if (!timers_.take(ticket))
-    return false;
-  pending_.push_back([this, ticket] {
-    if (WTimer *timer = timers_.running(ticket))
-      timer->tick();
+  timers_.take(ticket);
+  parts_.add([this, ticket] {
+    if (WTimer *running = timers_.running(ticket))
+      running->tick();
   });
   notify(TimerEvent);
   endIfQuitting();
   return true;
 }
 
-bool Session::handleRequest(Work &work)
+bool Session::handleBeat()
 {
-  const Resource *found = resource(work.request->resourceId, work.request->rand);
-  if (!found)
+  if (!beat_)
     return false;
-  pending_.push_back([this, handler = found->handler, request = std::move(work.request)] {
+  beat_ = scheduler_.after(kBeat, enqueuing(SessionWork::Beat));
+  for (const TimerSet::Ticket ticket : timers_.wake())
+    enqueueTick(ticket, true);
+  return false;
+}
+
+/// Somebody sees the page, or nobody does.
+void Session::setSeen(bool seen)
+{
+  if (seen == (beat_ == 0))
+    return;
+  if (!seen) {
+    beat_ = scheduler_.after(kBeat, enqueuing(SessionWork::Beat));
+    return;
+  }
+  scheduler_.cancel(beat_);
+  beat_ = 0;
+  if (channel_.connected())
+    for (const TimerSet::Ticket ticket : timers_.wake())
+      enqueueTick(ticket, true);
+}
+
+bool Session::handleRequest(SessionWork &work)
+{
+  const auto handler = resources_.find(work.request->resourceId);
+  if (!handler)
+    return false;
+  parts_.add([this, handler, request = std::move(work.request)] {
     if (handler->wantsLock())
       request->serve(*handler);
     else
@@ -632,28 +523,24 @@ bool Session::handleRequest(Work &work)
   return false;
 }
 
-bool Session::handleProgress(Work &work)
+bool Session::handleProgress(SessionWork &work)
 {
-  std::pair<std::uint64_t, std::uint64_t> told;
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    told = progress_[work.text];
-    progress_.erase(work.text);
-  }
-  const std::size_t blank = work.text.find(' ');
-  const Resource *found = resource(work.text.substr(0, blank), work.text.substr(blank + 1));
-  if (!found)
+  const ResourceTable::Bytes bytes = resources_.takeProgress(work.text);
+  const auto handler = resources_.find(work.text);
+  if (!handler)
     return false;
-  pending_.push_back([handler = found->handler, told] { handler->progress(told.first, told.second); });
+  parts_.add([handler, bytes] { handler->progress(bytes.first, bytes.second); });
   notify(OtherEvent);
   endIfQuitting();
   return true;
 }
 
-void Session::violation(const std::string &what)
+/// False: what the page has sent is no event.
+bool Session::violation(const std::string &what)
 {
   log(LogLevel::Warning, "session", publicId() + " ended: its page breaks the protocol: " + what);
   kill(kReloadMessage);
+  return false;
 }
 
 void Session::notify(int eventType)
@@ -663,49 +550,16 @@ void Session::notify(int eventType)
     initialized_ = true;
     application->initialize();
   }
-  application->notify(EventAccess::makeEvent(eventType, this));
-  pending_.clear();
+  application->notify(EventAccess::makeEvent(eventType, &parts_));
+  // Of an event that notify() did not pass on nothing happens.
+  parts_.clear();
+  timers_.settle();
 }
 
-void Session::deliver(const WEvent &)
+void Session::deliver(const WEvent &event)
 {
-  drain();
+  static_cast<EventParts *>(EventAccess::context(event))->run();
   flush();
-}
-
-void Session::drain()
-{
-  while (!pending_.empty()) {
-    const auto event = std::move(pending_.front());
-    pending_.pop_front();
-    event();
-  }
-}
-
-void Session::applyValues(const ClientMessage &message)
-{
-  if (message.hasFocus)
-    page_.focusReported(page_.find(message.focus) ? message.focus : 0);
-  for (const auto &value : message.values) {
-    Dom::Element *element = page_.find(value.first);
-    if (element && element->attached() && element->owner() && page_.valueAccepted(value.first, message.seen))
-      element->owner()->domValue(*element, value.second);
-  }
-}
-
-void Session::dispatchDom(const ClientMessage::Event &event)
-{
-  Dom::Element *element = page_.find(event.element);
-  const std::string &name = event.data.name;
-  const std::string listener = '@' + name;
-  const std::string behaviour = '!' + name.substr(0, name.find(':'));
-  if (!element || !element->attached() || !element->owner()) {
-    log(LogLevel::Info, "session", publicId() + ": event '" + name + "' for a widget that is gone");
-  } else if (!element->get(listener.c_str()) && !element->get(behaviour.c_str())) {
-    log(LogLevel::Info, "session", publicId() + ": event '" + name + "' that nobody listens to");
-  } else {
-    element->owner()->domEvent(*element, event.data);
-  }
 }
 
 void Session::flush()
@@ -715,6 +569,7 @@ void Session::flush()
   if (!themeSent_)
     sendTheme();
   page_.render();
+  noteEntrance();
   if (redirecting_ && !quitting_) {
     std::string url;
     Dom::appendJsonString(url, redirect_);
@@ -722,8 +577,20 @@ void Session::flush()
     redirecting_ = false;
   }
   channel_.send(page_.takeUpdate(channel_.nextUpdate()));
-  if (channel_.unacknowledgedBytes() > config_.maxUnacknowledgedBytes)
+  const PageLimits &limits = entered_ ? config_.page : config_.doorPage;
+  if (channel_.unacknowledgedBytes() > limits.unacknowledgedBytes)
     violation("it acknowledges nothing");
+}
+
+void Session::noteEntrance()
+{
+  const WApplication *application = application_;
+  const WContainerWidget *all = WidgetAccess::domRoot(application);
+  // A program may have deleted its root.
+  if (entered_ || !all || all->indexOf(application->root()) < 0 || application->root()->count() == 0)
+    return;
+  entered_ = true;
+  queue_.enter();
 }
 
 void Session::sendTheme()
@@ -737,12 +604,8 @@ void Session::sendTheme()
 
 void Session::push()
 {
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    if (holder_ != Holder::Lock || holderThread_ != std::this_thread::get_id())
-      return;
-  }
-  flush();
+  if (queue_.lockedByThisThread())
+    flush();
 }
 
 void Session::endIfQuitting()
@@ -772,77 +635,9 @@ void Session::quit(const std::string &message)
   quitMessage_ = message;
 }
 
-// --- Resources
-// -----------------------------------------------------------------------------------------------------
-
 std::string Session::addResource(const std::string &id, std::shared_ptr<ResourceHandler> handler)
 {
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    resourceIds_.insert(id);
-  }
-  Resource &resource = resources_[id];
-  resource.handler = std::move(handler);
-  resource.rand = randomName(16);
-  return deploymentPath() + "?wtd=" + publicId() + "&request=resource&resource=" + id +
-         "&rand=" + resource.rand;
-}
-
-void Session::refuse(const std::vector<SpooledFile> &files, ResourceResponse &response)
-{
-  for (const SpooledFile &file : files)
-    std::remove(file.spoolPath.c_str());
-  response.setStatus(404);
-  response.finish();
-}
-
-bool Session::hasResource(const std::string &id) const
-{
-  const std::lock_guard<std::mutex> held(mutex_);
-  return !dead_ && resourceIds_.count(id) > 0;
-}
-
-void Session::removeResource(const std::string &id)
-{
-  {
-    const std::lock_guard<std::mutex> held(mutex_);
-    resourceIds_.erase(id);
-  }
-  resources_.erase(id);
-}
-
-const Session::Resource *Session::resource(const std::string &id, const std::string &rand) const
-{
-  const auto found = resources_.find(id);
-  return found != resources_.end() && found->second.rand == rand ? &found->second : nullptr;
-}
-
-// --- Tests
-// -----------------------------------------------------------------------------------------------------------
-
-bool Session::dialogExecuted(WDialog *dialog)
-{
-  if (!dialogExecuted_)
-    return false;
-  dialogExecuted_(dialog);
-  return true;
-}
-
-void Session::enterTest(std::function<void(WDialog *)> dialogExecuted)
-{
-  dialogExecuted_ = std::move(dialogExecuted);
-  const std::lock_guard<std::mutex> held(mutex_);
-  holder_ = Holder::Worker;
-  holderThread_ = std::this_thread::get_id();
-  makeCurrent(this);
-}
-
-void Session::leaveTest()
-{
-  makeCurrent(nullptr);
-  timers_.clear();
-  const std::lock_guard<std::mutex> held(mutex_);
-  killed_ = dead_ = true;
+  return deploymentPath() + "?wtd=" + publicId() + resources_.add(id, std::move(handler));
 }
 
 } // namespace Engine

@@ -3,25 +3,20 @@
 #define WT_SESSION_SESSION_H_
 
 #include "session/Channel.h"
-#include "session/ClientMessage.h"
+#include "session/EventParts.h"
 #include "session/Fiber.h"
 #include "session/Page.h"
+#include "session/PageEvents.h"
 #include "session/RequestHead.h"
-#include "session/ResourceHandler.h"
-#include "session/Scheduler.h"
+#include "session/ResourceTable.h"
 #include "session/SessionConfig.h"
+#include "session/SessionQueue.h"
 #include "session/TimerSet.h"
 
 #include <atomic>
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <map>
 #include <memory>
-#include <mutex>
-#include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace Wt
@@ -38,11 +33,10 @@ namespace Engine
  * One browser page and its application object.
  *
  * Whatever happens to a session is put into its queue, from any thread, and taken out on the session's fiber,
- * one thing at a time; a worker runs the fiber while there is something to take. Having the fiber (or, on a
- * thread of one's own, the lock) is the right to touch the application and its widgets. A handler that waits,
- * in waitForEvent(), takes from the queue itself, on top of its own stack. When the session is killed,
- * waiting handlers are unwound by a WException, the application is destroyed on the fiber, and the fiber
- * ends.
+ * one thing at a time; a worker runs the fiber while there is something to take, and lets go of it when its
+ * turn is over. SessionQueue says who has the session when. A handler that waits, in waitForEvent(), takes
+ * from the queue itself, on top of its own stack. When the session is killed, waiting handlers are unwound by
+ * a WException, the application is destroyed on the fiber, and the fiber ends.
  */
 class Session : public std::enable_shared_from_this<Session>
 {
@@ -52,11 +46,12 @@ public:
     EntryPoint entryPoint;
     std::string token;
     std::string publicId;
+    std::uint64_t number = 0; ///< sessions are numbered as they are made
   };
 
-  Session(Scheduler &scheduler, const SessionConfig &config, Origin origin,
+  Session(std::shared_ptr<TurnQueue> turns, const SessionConfig &config, Origin origin,
           std::function<void(Session &)> ended);
-  ~Session();
+  virtual ~Session();
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
 
@@ -68,10 +63,8 @@ public:
   const std::string &publicId() const { return origin_.publicId; }
   const std::string &token() const { return origin_.token; }
   const std::string &deploymentPath() const { return origin_.entryPoint.path; }
+  const std::string &clientAddress() const { return origin_.head.clientAddress; }
   const SessionConfig &config() const { return config_; }
-
-  /// Answers a request that no resource takes.
-  static void refuse(const std::vector<SpooledFile> &files, ResourceResponse &response);
 
   /// From any thread
 
@@ -83,23 +76,24 @@ public:
   void closed(std::uint64_t connection, bool goodbye);
   /// Runs a function within the session, as an event of its own.
   void post(std::function<void()> function);
-  void requested(const std::string &resourceId, const std::string &rand, RequestHead head,
-                 std::vector<SpooledFile> files, std::uint64_t tooLarge,
-                 std::shared_ptr<ResourceResponse> response);
-  /// Thread safe.
-  bool hasResource(const std::string &id) const;
-  void progress(const std::string &resourceId, const std::string &rand, std::uint64_t got,
-                std::uint64_t total);
+  /// True if the session has that resource, and `secret` is the one of its URLs.
+  bool hasResource(const std::string &id, const std::string &secret) const;
+  void requested(std::shared_ptr<ResourceRequest> request);
+  void progress(const std::string &resourceId, std::uint64_t got, std::uint64_t total);
   /// Ends the session as soon as its running handler lets go. `farewell` is a last message to the page.
   void kill(const std::string &farewell = std::string());
   /// True if its browser has been away for longer than the configured time.
   bool expired(Scheduler::TimePoint now) const;
-  bool dead() const;
+  bool killed() const { return queue_.killed(); }
+  std::uint64_t number() const { return origin_.number; }
+  /// True once the application has shown more than dialogs; until then the page is at the door.
+  bool entered() const { return entered_; }
+  /// True while the page has no connection.
+  bool away() const { return awaySince_ != 0; }
 
   /// Waits until no other thread has the session; false if it is dead. True at once if this thread has it.
-  bool lock(bool &alreadyHeld);
-  void unlock();
-  bool heldByThisThread() const;
+  bool lock(bool &alreadyHeld) { return queue_.lock(alreadyHeld); }
+  void unlock() { queue_.unlock(); }
 
   /// Within the session
 
@@ -112,8 +106,8 @@ public:
   void waitForEvent();
   /// The same, but waits for no event: an empty one follows at once.
   void processEvents();
-  /// True if the session is a test's, which was told of the dialog and must have ended it.
-  bool dialogExecuted(WDialog *dialog);
+  /// Handles events as long as a dialog that somebody waits for runs.
+  virtual void waitForDialog(WDialog &dialog, const std::function<bool()> &runs);
   /// Delivers the current event: what WApplication::notify does at last.
   void deliver(const WEvent &event);
   /// Sends what has changed, unless that will happen anyway at the end of the event that is being handled.
@@ -121,111 +115,74 @@ public:
 
   TimerSet &timers() { return timers_; }
 
-  /// Gives a resource a URL of this session. Adding it again gives it a new URL.
+  /// A URL of the resource in this session. Adding it again gives another one; the former ones stay good.
   std::string addResource(const std::string &id, std::shared_ptr<ResourceHandler> handler);
-  void removeResource(const std::string &id);
+  void removeResource(const std::string &id) { resources_.remove(id); }
 
   void redirect(const std::string &url);
   void quit(const std::string &message);
   bool quitting() const { return quitting_; }
 
-  /// For tests whose application lives on their own thread, without a fiber: this thread works for the
-  /// session until leaveTest(). Such a session cannot wait for events; `dialogExecuted` is called for each
-  /// dialog that would wait.
-  void enterTest(std::function<void(WDialog *)> dialogExecuted);
-  void leaveTest();
-
 private:
   struct Environment;
-  struct ResourceRequest; ///< until it is answered
-  struct Work {
-    enum Kind { Begin, Attach, Message, Detach, Call, Tick, Request, Progress, FollowUp };
-    Kind kind = Call;
-    std::uint64_t number = 0; ///< connection, or ticket
-    std::uint64_t seen = 0;
-    std::string text;
-    std::shared_ptr<Transport> transport;
-    std::function<void()> call;
-    std::shared_ptr<ResourceRequest> request;
-    ClientMessage hello;
-  };
-  struct Resource {
-    std::shared_ptr<ResourceHandler> handler;
-    std::string rand;
-  };
-  enum class Holder { Nobody, Worker, Lock };
 
-  /// The queue
-  void enqueue(Work work);
-  void enqueueTick(TimerSet::Ticket ticket);
-  bool full(const Work &work) const;
-  void schedule(std::unique_lock<std::mutex> &held);
-  void run();
-  void release(std::unique_lock<std::mutex> &held);
-  Work next();
+  void enqueue(SessionWork work);
+  void enqueueTick(TimerSet::Ticket ticket, bool gathered);
+  /// A function that puts that kind of work into the queue, if the session still lives then.
+  Scheduler::Task enqueuing(SessionWork::Kind kind);
+  void runTurn();
+  SessionWork next();
 
   /// The life on the fiber
   void live();
-  void loop();
   void createApplication();
   void destroyApplication();
   void failed(const char *what);
-  void farewell();
 
   /// Handling
-  bool handle(Work &work);
-  bool handleAttach(Work &work);
-  bool handleBegin(Work &work);
-  bool handleMessage(Work &work);
-  bool handleDetach(Work &work);
-  bool handleProgress(Work &work);
+  bool handle(SessionWork &work);
+  bool handleAttach(SessionWork &work);
+  bool handleBegin(SessionWork &work);
+  bool handleMessage(SessionWork &work);
+  bool handleDetach(SessionWork &work);
+  bool handleProgress(SessionWork &work);
   bool handleEvents(ClientMessage &message);
-  bool handleTick(TimerSet::Ticket ticket);
-  bool handleRequest(Work &work);
-  void violation(const std::string &what);
+  bool handleAlarm();
+  bool handleTick(SessionWork &work);
+  bool handleBeat();
+  bool handleRequest(SessionWork &work);
+  void setSeen(bool seen);
+  bool violation(const std::string &what);
   void notify(int eventType);
-  void drain();
-  void dispatchEvent(const ClientMessage::Event &event);
-  void applyValues(const ClientMessage &message);
-  void dispatchDom(const ClientMessage::Event &event);
   void flush();
+  void noteEntrance();
   void sendTheme();
   void endIfQuitting();
-  const Resource *resource(const std::string &id, const std::string &rand) const;
 
+  const std::shared_ptr<TurnQueue> turns_;
   Scheduler &scheduler_;
   const SessionConfig &config_;
-  Origin origin_;
-  std::function<void(Session &)> ended_;
+  const Origin origin_;
+  const std::function<void(Session &)> ended_;
 
-  mutable std::mutex mutex_;
-  std::condition_variable released_;
-  std::deque<Work> queue_;
-  std::size_t queuedMessages_ = 0;
-  std::size_t queuedBytes_ = 0;
-  std::map<std::string, std::pair<std::uint64_t, std::uint64_t>> progress_; ///< not yet told, by resource
-  std::set<std::string> resourceIds_;                                       ///< the keys of `resources_`
-  std::string farewell_;
-  Scheduler::TimePoint awaySince_;
-  std::thread::id holderThread_;
-  Holder holder_ = Holder::Nobody;
-  bool scheduled_ = false;
-  bool killed_ = false;
-  bool dead_ = false;
-  bool away_ = false;
+  /// What any thread may touch
+  SessionQueue queue_;
+  ResourceTable resources_;
   std::atomic<WApplication *> application_{nullptr};
+  std::atomic<Scheduler::TimePoint::rep> awaySince_{0}; ///< 0 while the page is there
+  std::atomic<bool> entered_{false};
 
   /// What only the holder touches
   std::unique_ptr<Environment> environment_;
   Page page_;
+  PageEvents pageEvents_;
   Channel channel_;
   TimerSet timers_;
-  std::map<std::string, Resource> resources_;
-  std::deque<std::function<void()>> pending_; ///< what is left of the current event
+  EventParts parts_; ///< what is left of the current event
   std::unique_ptr<Fiber> fiber_;
-  std::function<void(WDialog *)> dialogExecuted_;
   std::string redirect_;
   std::string quitMessage_;
+  Scheduler::TimerId beat_ = 0; ///< of the ticks while nobody sees the page; 0 while somebody does
   unsigned resumptions_ = 0;
   bool redirecting_ = false;
   bool quitting_ = false;

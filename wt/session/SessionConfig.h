@@ -16,6 +16,13 @@ class WServer;
 namespace Engine
 {
 
+/// What one page may hold of the server's memory.
+struct PageLimits {
+  std::size_t queuedMessages;      ///< messages that wait while the session is busy
+  std::size_t queuedBytes;         ///< of these
+  std::size_t unacknowledgedBytes; ///< updates that the page has not acknowledged
+};
+
 /// What all sessions of a server share. Fixed before the first session.
 struct SessionConfig {
   std::chrono::seconds timeout{600}; ///< how long a session outlives its connection; negative: for ever
@@ -24,9 +31,11 @@ struct SessionConfig {
   /// outage each page loads itself anew.
   std::size_t maxNewSessionsPerAddress = 600;
   std::chrono::seconds newSessionsInterval{60};
-  std::size_t maxQueuedMessages = 1000; ///< messages of one page that wait while its session is busy
-  std::size_t maxQueuedBytes = 4u << 20;
-  std::size_t maxUnacknowledgedBytes = 16u << 20; ///< updates that a page has not acknowledged
+  /// A page is at the door as long as its application shows nothing but dialogs: nobody has let it in yet.
+  /// Such pages get little, because anybody can open many of them.
+  PageLimits doorPage{200, 128u << 10, 256u << 10};
+  PageLimits page{1000, 1u << 20, 2u << 20};
+  std::chrono::seconds doorTimeout{10}; ///< how long a page at the door outlives its connection
   std::int64_t maxRequestSize = 128 * 1024;
   WServer *server = nullptr; ///< may be null
   std::string idPrefix;      ///< of the sessions' public names

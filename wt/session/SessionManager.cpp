@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <tuple>
 
 namespace Wt
 {
@@ -142,7 +143,7 @@ private:
 };
 
 SessionManager::SessionManager(Scheduler &scheduler, SessionConfig config)
-    : scheduler_(scheduler), config_(std::move(config))
+    : scheduler_(scheduler), turns_(std::make_shared<TurnQueue>(scheduler)), config_(std::move(config))
 {
   installTextSources();
 }
@@ -207,25 +208,63 @@ bool SessionManager::tooManyFrom(const std::string &address)
   return false;
 }
 
+/// Under the lock. Whoever is in keeps the place. A page at the door makes room for a new one: one that is
+/// away, or else one of the address that has most of them there. Of these it is the oldest, which has had
+/// most time to get in. So nobody can fill the server with pages that go no further. False if every page is
+/// in.
+bool SessionManager::makeRoom(const std::string &address)
+{
+  std::map<std::string, std::size_t> pagesAtDoor;
+  std::size_t living = 0;
+  for (const auto &entry : byPublicId_) {
+    living += !entry.second->killed();
+    if (!entry.second->entered() && !entry.second->killed())
+      ++pagesAtDoor[entry.second->clientAddress()];
+  }
+  const bool full = living >= config_.maxSessions;
+  const bool mostlyTheirs = pagesAtDoor[address] >= std::max<std::size_t>(config_.maxSessions * 4 / 5, 1);
+  if (!full && !mostlyTheirs)
+    return true;
+  const auto value = [&](const Session &session) {
+    const std::size_t crowd = session.clientAddress() == address && mostlyTheirs
+                                  ? config_.maxSessions
+                                  : pagesAtDoor[session.clientAddress()];
+    return std::make_tuple(session.away(), crowd, -static_cast<std::int64_t>(session.number()));
+  };
+  const Session *least = nullptr;
+  for (const auto &entry : byPublicId_) {
+    const Session &session = *entry.second;
+    if (session.entered() || session.killed() || (!full && session.clientAddress() != address))
+      continue;
+    if (!least || value(session) > value(*least))
+      least = &session;
+  }
+  if (!least)
+    return false;
+  std::string busy = "{\"busy\":";
+  Dom::appendJsonString(busy, ownText("Wt.Page.Full", kFullText));
+  byPublicId_.at(least->publicId())->kill(busy + '}');
+  return true;
+}
+
 std::shared_ptr<Session> SessionManager::begin(const RequestHead &head, std::string &refusal)
 {
   const EntryPoint *place = entryPoint(head.entryPoint);
   const std::lock_guard<std::mutex> held(mutex_);
   if (stopping_ || !place) {
     refusal = ownText("Wt.Page.Stopping", kStoppingText);
-  } else if (byPublicId_.size() >= config_.maxSessions) {
-    refusal = ownText("Wt.Page.Full", kFullText);
   } else if (tooManyFrom(head.clientAddress)) {
     refusal = ownText("Wt.Page.TooMany", kRateText);
+  } else if (!makeRoom(head.clientAddress)) {
+    refusal = ownText("Wt.Page.Full", kFullText);
   }
   if (!refusal.empty()) {
     log(LogLevel::Warning, "session", "no session for " + head.clientAddress + ": " + refusal);
     return nullptr;
   }
-  Session::Origin origin{head, *place, randomHex(16), config_.idPrefix + randomName(16)};
-  const auto session =
-      std::make_shared<Session>(scheduler_, config_, std::move(origin),
-                                [self = shared_from_this()](Session &gone) { self->ended(gone); });
+  Session::Origin origin{head, *place, randomHex(16), config_.idPrefix + randomName(16), ++lastNumber_};
+  const auto session = std::make_shared<Session>(
+      turns_, config_, std::move(origin), [self = shared_from_this()](Session &gone) { self->ended(gone); });
   byPublicId_.emplace(session->publicId(), session);
   byToken_.emplace(session->token(), session.get());
   return session;
@@ -258,39 +297,40 @@ std::shared_ptr<Session> SessionManager::findByToken(const std::string &token) c
   return found == byToken_.end() ? nullptr : found->second->shared_from_this();
 }
 
-void SessionManager::resource(RequestHead head, std::vector<SpooledFile> files, std::uint64_t tooLarge,
-                              std::shared_ptr<ResourceResponse> response)
+/// The session that a request for a resource is for, or null if it does not know the resource's secret.
+std::shared_ptr<Session> SessionManager::sessionOf(const RequestHead &head) const
 {
-  const std::string none;
-  const auto parameter = [&](const char *name) -> std::string {
-    const std::string *value = head.parameter(name);
-    return value ? *value : none;
-  };
-  const std::string id = parameter("resource");
-  const std::string rand = parameter("rand");
-  const auto session = find(parameter("wtd"));
-  if (session)
-    session->requested(id, rand, std::move(head), std::move(files), tooLarge, std::move(response));
-  else
-    Session::refuse(files, *response);
+  const std::string *publicId = head.parameter("wtd");
+  const std::string *id = head.parameter("resource");
+  const std::string *secret = head.parameter("rand");
+  const auto session = publicId && id && secret ? find(*publicId) : nullptr;
+  return session && session->hasResource(*id, *secret) ? session : nullptr;
 }
 
 bool SessionManager::hasResource(const RequestHead &head) const
 {
-  const std::string *publicId = head.parameter("wtd");
-  const std::string *id = head.parameter("resource");
-  const auto session = publicId && id ? find(*publicId) : nullptr;
-  return session && session->hasResource(*id);
+  return sessionOf(head) != nullptr;
+}
+
+void SessionManager::resource(RequestHead head, std::vector<SpooledFile> files, std::uint64_t tooLarge,
+                              std::shared_ptr<ResourceResponse> response)
+{
+  const auto request = std::make_shared<ResourceRequest>();
+  request->head = std::move(head);
+  request->files = std::move(files);
+  request->tooLarge = tooLarge;
+  request->response = std::move(response);
+  const auto session = sessionOf(request->head);
+  if (!session)
+    return;
+  request->resourceId = *request->head.parameter("resource");
+  session->requested(request);
 }
 
 void SessionManager::uploadProgress(const RequestHead &head, std::uint64_t got, std::uint64_t total)
 {
-  const std::string *publicId = head.parameter("wtd");
-  const std::string *id = head.parameter("resource");
-  const std::string *rand = head.parameter("rand");
-  const auto session = publicId && id && rand ? find(*publicId) : nullptr;
-  if (session)
-    session->progress(*id, *rand, got, total);
+  if (const auto session = sessionOf(head))
+    session->progress(*head.parameter("resource"), got, total);
 }
 
 std::size_t SessionManager::sessionCount() const

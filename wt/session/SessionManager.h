@@ -21,6 +21,7 @@ namespace Engine
 {
 
 class Session;
+class TurnQueue;
 
 /// All sessions of a server: begins them, finds them, ends them. Thread safe.
 class SessionManager : public SessionHost, public std::enable_shared_from_this<SessionManager>
@@ -66,10 +67,13 @@ private:
   /// Null, with the reason for the page, if no session can be had.
   std::shared_ptr<Session> begin(const RequestHead &head, std::string &refusal);
   bool tooManyFrom(const std::string &address);
+  bool makeRoom(const std::string &address);
+  std::shared_ptr<Session> sessionOf(const RequestHead &head) const;
   void ended(Session &session);
   const EntryPoint *entryPoint(const std::string &path) const;
 
   Scheduler &scheduler_;
+  const std::shared_ptr<TurnQueue> turns_;
   SessionConfig config_;
   std::vector<EntryPoint> entryPoints_;
   mutable std::mutex mutex_;
@@ -77,6 +81,7 @@ private:
   std::unordered_map<std::string, std::shared_ptr<Session>> byPublicId_;
   std::unordered_map<std::string, Session *> byToken_;
   std::map<std::string, std::deque<Scheduler::TimePoint>> births_; ///< recent ones, by address
+  std::uint64_t lastNumber_ = 0;                                   ///< of a session
   bool stopping_ = false;
 };
 

@@ -22,8 +22,8 @@ TimerSet::Ticket TimerSet::start(WTimer &timer, int milliSeconds)
 {
   const Ticket ticket = ++last_;
   const std::chrono::milliseconds interval(std::max(milliSeconds, 0));
-  const auto alarm = scheduler_.after(interval, makeAlarm_(ticket));
-  runs_.emplace(ticket, Run{&timer, interval, alarm});
+  Run &run = runs_.emplace(ticket, Run{&timer, interval, TimePoint()}).first->second;
+  await(ticket, run, interval);
   return ticket;
 }
 
@@ -32,8 +32,21 @@ void TimerSet::stop(Ticket ticket)
   const auto found = runs_.find(ticket);
   if (found == runs_.end())
     return;
-  scheduler_.cancel(found->second.alarm);
+  awaited_.erase({found->second.next, ticket});
   runs_.erase(found);
+}
+
+std::vector<TimerSet::Ticket> TimerSet::due()
+{
+  alarm_ = 0;
+  std::vector<Ticket> tickets;
+  const TimePoint now = scheduler_.now();
+  while (!awaited_.empty() && awaited_.begin()->first <= now) {
+    tickets.push_back(awaited_.begin()->second);
+    awaited_.erase(awaited_.begin());
+  }
+  arm();
+  return tickets;
 }
 
 WTimer *TimerSet::take(Ticket ticket)
@@ -42,8 +55,7 @@ WTimer *TimerSet::take(Ticket ticket)
   if (found == runs_.end())
     return nullptr;
   // A timer of no interval must leave room for other events.
-  const auto next = std::max(found->second.interval, std::chrono::milliseconds(1));
-  found->second.alarm = scheduler_.after(next, makeAlarm_(ticket));
+  await(ticket, found->second, std::max(found->second.interval, std::chrono::milliseconds(1)));
   return found->second.timer;
 }
 
@@ -66,11 +78,44 @@ std::vector<TimerSet::Ticket> TimerSet::wake()
   return woken;
 }
 
+void TimerSet::await(Ticket ticket, Run &run, std::chrono::milliseconds delay)
+{
+  run.next = scheduler_.now() + delay;
+  awaited_.emplace(run.next, ticket);
+  arm();
+}
+
+/// An alarm that comes too early finds nothing due, and is set again; so only an earlier tick needs a new
+/// one.
+void TimerSet::arm()
+{
+  if (awaited_.empty() || (alarm_ && alarmAt_ <= awaited_.begin()->first))
+    return;
+  disarm();
+  alarmAt_ = awaited_.begin()->first;
+  // Rounded up: an alarm must not come before the tick that it is for.
+  const auto delay = std::chrono::ceil<std::chrono::milliseconds>(alarmAt_ - scheduler_.now());
+  alarm_ = scheduler_.after(std::max(delay, std::chrono::milliseconds(0)), makeAlarm_());
+}
+
+void TimerSet::disarm()
+{
+  if (alarm_)
+    scheduler_.cancel(alarm_);
+  alarm_ = 0;
+}
+
+void TimerSet::settle()
+{
+  if (awaited_.empty())
+    disarm();
+}
+
 void TimerSet::clear()
 {
-  for (const auto &run : runs_)
-    scheduler_.cancel(run.second.alarm);
+  disarm();
   runs_.clear();
+  awaited_.clear();
   resting_.clear();
 }
 

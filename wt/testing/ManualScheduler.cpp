@@ -43,6 +43,12 @@ std::size_t ManualScheduler::alarms() const
   return alarms_.size();
 }
 
+std::size_t ManualScheduler::alarmsSet() const
+{
+  const std::lock_guard<std::mutex> held(mutex_);
+  return last_;
+}
+
 bool ManualScheduler::next(Task &task)
 {
   const std::lock_guard<std::mutex> held(mutex_);

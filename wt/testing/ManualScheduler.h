@@ -22,6 +22,9 @@ public:
   TimerId after(std::chrono::milliseconds delay, Task task) override;
   void cancel(TimerId id) override;
   TimePoint now() const override;
+  /// Stands still too, until useProcessor() moves it.
+  std::chrono::nanoseconds processorTime() const override { return used_; }
+  void useProcessor(std::chrono::nanoseconds time) { used_ += time; }
 
   /// Runs tasks until there are none.
   void run();
@@ -29,6 +32,8 @@ public:
   void advance(std::chrono::milliseconds time);
   /// Number of tasks that wait for their time.
   std::size_t alarms() const;
+  /// Number of tasks that ever had to wait for a time.
+  std::size_t alarmsSet() const;
 
 private:
   bool next(Task &task);
@@ -38,6 +43,7 @@ private:
   std::deque<Task> tasks_;
   std::map<std::pair<TimePoint, TimerId>, Task> alarms_;
   TimePoint now_{std::chrono::hours(1)};
+  std::chrono::nanoseconds used_{};
   TimerId last_ = 0;
 };
 

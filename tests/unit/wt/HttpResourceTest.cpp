@@ -210,7 +210,7 @@ TEST_F(HttpResourceTest, theSuggestedNameIsSentWithTheDisposition)
   EXPECT_EQ(request(get())->headers, "");
 }
 
-TEST_F(HttpResourceTest, aChangedResourceHasANewUrlAndTheOldOneIsGone)
+TEST_F(HttpResourceTest, aChangedResourceHasANewUrlAndTheFormerOnesStayGood)
 {
   open([](WApplication &application) {
     return new FunctionResource(
@@ -227,6 +227,10 @@ TEST_F(HttpResourceTest, aChangedResourceHasANewUrlAndTheOldOneIsGone)
   EXPECT_EQ(changes, 1);
   EXPECT_NE(url, before);
   EXPECT_EQ(request(get())->status, 200);
+  url = before;
+  EXPECT_EQ(request(get())->status, 200);
+  url.back() = url.back() == 'a' ? 'b' : 'a';
+  EXPECT_EQ(request(get())->status, 404);
 }
 
 TEST_F(HttpResourceTest, aResourceThatThrowsIsAnsweredAndTheSessionLives)

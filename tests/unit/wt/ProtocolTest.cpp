@@ -47,6 +47,9 @@ const char *const kViolations[] = {
     "{\"n\":1,\"a\":0,\"v\":{\"x\":\"1\"}}",
     "{\"n\":1,\"a\":0,\"v\":{\"1\":1}}",
     "{\"n\":1,\"a\":0,\"f\":\"1\"}",
+    "{\"vis\":2}",
+    "{\"vis\":\"0\"}",
+    "{\"vis\":0,\"a\":0}",
     "{\"n\":1,\"n\":1,\"a\":0}",
     "{\"n\":1,\"a\":0,\"e\":[[1,\"x\",{\"a\":[[[[[[[[]]]]]]]]}]]}",
     "\xff\xfe",
@@ -166,12 +169,83 @@ TEST(Protocol, dropsAPageThatSendsMoreThanItsSessionHandles)
 {
   Engine::setLogSink([](Engine::LogLevel, std::string_view, std::string_view) {});
   Engine::SessionConfig config;
-  config.maxQueuedMessages = 10;
+  config.doorPage.queuedMessages = 10;
   TestSite site(TestSite::building([](WApplication &) {}), config);
   const auto page = site.openPage();
   page->flood("{\"a\":0}", 11);
   EXPECT_TRUE(page->reloaded());
   Engine::setLogSink(nullptr);
+}
+
+TEST(Protocol, answersAResumeThatCannotBeBeforeItEndsTheSession)
+{
+  Engine::setLogSink([](Engine::LogLevel, std::string_view, std::string_view) {});
+  TestSite site(TestSite::building([](WApplication &) {}));
+  const auto page = site.openPage();
+  const auto other = site.page();
+  other->sendRawFirst("{\"resume\":\"" + page->token() + "\",\"a\":99}");
+  EXPECT_TRUE(other->reloaded());
+  EXPECT_EQ(0u, site.manager->sessionCount());
+  Engine::setLogSink(nullptr);
+}
+
+TEST(Protocol, answersAResumeThatComesWhileTheSessionEnds)
+{
+  TestSite site(TestSite::building([](WApplication &) {}));
+  const auto page = site.openPage();
+  const auto other = site.page();
+  site.manager->killAll();
+  other->sendRawFirst("{\"resume\":\"" + page->token() + "\",\"a\":0}");
+  EXPECT_TRUE(other->reloaded());
+}
+
+TEST(Protocol, aPageThatSendsUnknownEventsWithoutEndWritesAFewLinesAMinute)
+{
+  std::vector<std::string> lines;
+  Engine::setLogSink(
+      [&lines](Engine::LogLevel, std::string_view, std::string_view line) { lines.emplace_back(line); });
+  {
+    TestSite site(TestSite::building([](WApplication &) {}));
+    const auto page = site.openPage();
+    std::string events;
+    for (int i = 0; i < 400; ++i)
+      events += std::string(i ? "," : "") + "[4000,\"" + std::string(200, 'x') + "\"]";
+    page->sendRaw("{\"n\":1,\"a\":1,\"e\":[" + events + "]}");
+    EXPECT_EQ(10u, lines.size());
+    EXPECT_LT(lines.front().size(), 150u) << lines.front();
+    page->advance(std::chrono::minutes(1));
+    page->sendRaw("{\"n\":2,\"a\":1,\"e\":[[4000,\"again\"]]}");
+    ASSERT_EQ(12u, lines.size());
+    EXPECT_NE(std::string::npos, lines[10].find("390"));
+    EXPECT_NE(std::string::npos, lines[11].find("again"));
+  }
+  Engine::setLogSink(nullptr);
+}
+
+TEST(ClientMessage, dropsCharactersThatNoTextHas)
+{
+  const std::pair<const char *, const char *> texts[] = {
+      {"a\\u0000b", "ab"},
+      {"\\ud83d", ""},
+      {"x\\ude00y", "xy"},
+      {"\\ud83d\\ude00", "\xf0\x9f\x98\x80"},
+      {"\\ud83d\\ud83d\\ude00", "\xf0\x9f\x98\x80"},
+      {"\\ud83d\\n", "\n"},
+      {"\\\\u0000", "\\u0000"},
+      {"\\\\\\ud83d", "\\"},
+      {"\\uD83D\\uDE00\\uDE00", "\xf0\x9f\x98\x80"},
+  };
+  for (const auto &text : texts) {
+    ClientMessage message;
+    ASSERT_TRUE(ClientMessage::decode(std::string("{\"n\":1,\"a\":0,\"v\":{\"7\":\"") + text.first +
+                                          "\"},\"e\":[[1,\"keyup\",{\"t\":\"" + text.first + "\"}]]}",
+                                      message))
+        << text.first;
+    EXPECT_EQ(text.second, message.values[0].second) << text.first;
+    EXPECT_EQ(text.second, message.events[0].data.text) << text.first;
+  }
+  ClientMessage message;
+  EXPECT_FALSE(ClientMessage::decode("{\"n\":1,\"a\":0,\"v\":{\"7\":\"\\u00\"}}", message));
 }
 
 TEST(ClientMessage, readsMouseAndKeyEvents)

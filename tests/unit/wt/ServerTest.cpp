@@ -158,6 +158,7 @@ TEST_F(ServerTest, aPageThatGetsNoSessionIsToldInTheWordsOfTheServersStrings)
   const std::string limits = folder.write("limits.xml", R"(<server><application-settings location="*">
       <session-management><dedicated-process><max-num-sessions>1</max-num-sessions></dedicated-process>
       </session-management></application-settings></server>)");
+  build = [](WApplication &application) { new WText("in", application.root()); };
   WServer server("program");
   auto *words = new WMessageResourceBundle();
   words->use(folder / "words");

@@ -446,7 +446,7 @@ TEST(Session, expiresSomeTimeAfterItsBrowserHasGone)
 {
   Engine::SessionConfig config;
   config.timeout = 60s;
-  TestSite site(TestSite::building([](WApplication &) {}), config);
+  TestSite site(TestSite::building([](WApplication &app) { new WText("in", app.root()); }), config);
   const auto page = site.openPage();
   const auto staying = site.openPage();
   page->disconnect();
@@ -554,7 +554,7 @@ TEST(Session, refusesPagesBeyondItsLimitWithAFriendlyText)
   const LogLines log;
   Engine::SessionConfig config;
   config.maxSessions = 2;
-  TestSite site(TestSite::building([](WApplication &) {}), config);
+  TestSite site(TestSite::building([](WApplication &app) { new WText("in", app.root()); }), config);
   const auto first = site.openPage();
   const auto second = site.openPage();
   const auto third = site.openPage();

@@ -157,3 +157,96 @@ TEST(WTimer, restsWhileTheBrowserIsAwayAndGoesOnAfterwards)
   clock.page->advance(300ms);
   EXPECT_EQ(4, clock.ticks);
 }
+
+TEST(WTimer, startedAgainAndAgainInOneEventSetsNoFurtherAlarm)
+{
+  auto *button = static_cast<WPushButton *>(nullptr);
+  Clock clock([&button](Clock &c) {
+    auto *app = static_cast<WApplication *>(c.timer->parent());
+    c.timer->setInterval(180000);
+    c.timer->start();
+    button = new WPushButton("Restart", app->root());
+    button->clicked().connect(std::bind([&c] {
+      for (int i = 0; i < 500; ++i) {
+        c.timer->stop();
+        c.timer->start();
+      }
+    }));
+  });
+  const std::size_t before = clock.site.scheduler.alarmsSet();
+  clock.page->click("Restart");
+  EXPECT_EQ(before, clock.site.scheduler.alarmsSet());
+  EXPECT_EQ(1u, clock.site.scheduler.alarms());
+}
+
+TEST(WTimer, anEarlierTickComesInTimeAfterALaterOneWasAwaited)
+{
+  int early = 0;
+  Clock clock([&early](Clock &c) {
+    auto *app = static_cast<WApplication *>(c.timer->parent());
+    c.timer->setInterval(1000);
+    c.count();
+    c.timer->start();
+    auto *other = new WTimer(app);
+    other->setInterval(300);
+    other->timeout().connect(std::bind([&early] { ++early; }));
+    other->start();
+  });
+  clock.page->advance(299ms);
+  EXPECT_EQ(0, early);
+  clock.page->advance(1ms);
+  EXPECT_EQ(1, early);
+  clock.page->advance(700ms);
+  EXPECT_EQ(3, early);
+  EXPECT_EQ(1, clock.ticks);
+}
+
+TEST(WTimer, ticksOnceInHalfAMinuteWhileNobodySeesThePageAndAtOnceWhenSomebodyDoes)
+{
+  Clock clock([](Clock &c) {
+    c.timer->setInterval(1000);
+    c.count();
+    c.timer->start();
+  });
+  clock.page->sendRaw("{\"vis\":0}");
+  clock.page->advance(29s);
+  EXPECT_EQ(0, clock.ticks);
+  clock.page->advance(1s);
+  EXPECT_EQ(1, clock.ticks);
+  clock.page->advance(30s);
+  EXPECT_EQ(2, clock.ticks);
+  clock.page->advance(5s);
+  clock.page->sendRaw("{\"vis\":1}");
+  EXPECT_EQ(3, clock.ticks);
+  clock.page->advance(3s);
+  EXPECT_EQ(6, clock.ticks);
+}
+
+TEST(WTimer, aSingleShotKeepsItsTimeWhileNobodySeesThePage)
+{
+  Clock clock([](Clock &c) {
+    c.timer->setInterval(1000);
+    c.timer->setSingleShot(true);
+    c.count();
+    c.timer->start();
+  });
+  clock.page->sendRaw("{\"vis\":0}");
+  clock.page->advance(1s);
+  EXPECT_EQ(1, clock.ticks);
+}
+
+TEST(WTimer, aPageThatComesBackCountsAsSeen)
+{
+  Clock clock([](Clock &c) {
+    c.timer->setInterval(1000);
+    c.count();
+    c.timer->start();
+  });
+  clock.page->sendRaw("{\"vis\":0}");
+  clock.page->disconnect();
+  clock.site.scheduler.advance(2s);
+  clock.page->reconnect();
+  EXPECT_EQ(1, clock.ticks);
+  clock.page->advance(2s);
+  EXPECT_EQ(3, clock.ticks);
+}

@@ -5,11 +5,49 @@
 
 #include <Wt/Test/WTestEnvironment>
 #include <Wt/WApplication>
+#include <Wt/WException>
 
 namespace Wt
 {
 namespace Test
 {
+
+namespace
+{
+
+/// Has no page and no fiber: the test's thread holds it from beginning to end.
+class TestSession : public Engine::Session
+{
+public:
+  using Executed = std::function<void(WDialog *)>;
+
+  TestSession(std::shared_ptr<Engine::TurnQueue> turns, const Engine::SessionConfig &config, Origin origin,
+              Executed executed)
+      : Session(std::move(turns), config, std::move(origin), nullptr), executed_(std::move(executed))
+  {
+    bool alreadyHeld = false;
+    lock(alreadyHeld);
+    makeCurrent(this);
+  }
+
+  ~TestSession() override
+  {
+    makeCurrent(nullptr);
+    timers().clear();
+  }
+
+  void waitForDialog(WDialog &dialog, const std::function<bool()> &runs) override
+  {
+    executed_(&dialog);
+    if (runs())
+      throw WException("WDialog::exec(): a test must end the dialog");
+  }
+
+private:
+  const Executed executed_;
+};
+
+} // namespace
 
 struct WTestEnvironment::Host {
   Testing::ManualScheduler scheduler;
@@ -24,9 +62,9 @@ WTestEnvironment::WTestEnvironment(const std::string &, const std::string &, Ent
   Engine::Session::Origin origin;
   origin.entryPoint.path = "/";
   origin.publicId = "testwtd";
-  host_->session =
-      std::make_shared<Engine::Session>(host_->scheduler, host_->config, std::move(origin), nullptr);
-  host_->session->enterTest([this](WDialog *dialog) { dialogExecuted_.emit(dialog); });
+  host_->session = std::make_shared<TestSession>(std::make_shared<Engine::TurnQueue>(host_->scheduler),
+                                                 host_->config, std::move(origin),
+                                                 [this](WDialog *dialog) { dialogExecuted_.emit(dialog); });
   attach(*host_->session);
   hostName_ = "localhost";
   urlScheme_ = "http";
@@ -35,10 +73,7 @@ WTestEnvironment::WTestEnvironment(const std::string &, const std::string &, Ent
   sessionId_ = "testwtd";
 }
 
-WTestEnvironment::~WTestEnvironment()
-{
-  host_->session->leaveTest();
-}
+WTestEnvironment::~WTestEnvironment() = default;
 
 void WTestEnvironment::setParameterMap(const ParameterMap &parameters)
 {
