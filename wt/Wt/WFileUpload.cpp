@@ -194,10 +194,9 @@ void WFileUpload::progressed(std::uint64_t got, std::uint64_t total)
 
 void WFileUpload::handleDomEvent(Dom::Element &at, const Engine::RawEvent &event)
 {
-  if (event.name == "upload:empty") {
+  if (event.name == "upload:empty" || event.name == "upload:failed") {
+    // Whoever waits for the upload goes on either way, and finds no file.
     received({}, 0);
-  } else if (event.name == "upload:failed") {
-    end();
   } else if (event.name == "upload:toolarge") {
     std::int64_t size = 0;
     const std::string text = event.args.empty() ? std::string() : event.args[0];

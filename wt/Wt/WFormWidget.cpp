@@ -129,16 +129,10 @@ std::string WFormWidget::validatorConfiguration() const
 {
   const WValidator &v = *validator();
   std::string json = v.isMandatory() ? "{\"m\":1" : "{\"m\":0";
-  const auto text = [&json](const char *key, const WString &value) {
-    json += std::string(",\"") + key + "\":";
-    Dom::appendJsonString(json, value.toUTF8());
-  };
-  if (v.isMandatory())
-    text("tb", v.invalidBlankText());
   if (const auto *pattern = dynamic_cast<const WRegExpValidator *>(&v)) {
     if (!pattern->regExp().empty()) {
-      text("re", pattern->regExp());
-      text("tn", pattern->invalidNoMatchText());
+      json += ",\"re\":";
+      Dom::appendJsonString(json, pattern->regExp().toUTF8());
       if (pattern->flags().testFlag(MatchCaseInsensitive))
         json += ",\"i\":1";
     }
@@ -147,9 +141,6 @@ std::string WFormWidget::validatorConfiguration() const
     Dom::appendJsonNumber(json, range->bottom());
     json += ",\"hi\":";
     Dom::appendJsonNumber(json, range->top());
-    text("tn", range->invalidNotANumberText());
-    text("tl", range->invalidTooSmallText());
-    text("th", range->invalidTooLargeText());
   }
   return json + '}';
 }
@@ -245,7 +236,7 @@ void WFormWidget::finishRender(Dom::Element &e)
     field.unset("!valid");
 }
 
-/// The browser has judged by itself; judging here too keeps both of one mind.
+/// The browser has judged by itself, and what it shows is to follow from the same verdict here.
 void WFormWidget::domValue(Dom::Element &at, const std::string &value)
 {
   if (readOnly_)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "base/Utf8.h"
 #include "dom/Element.h"
 
 #include <Wt/WLineEdit>
+#include <algorithm>
 
 namespace Wt
 {
@@ -97,7 +99,7 @@ void WLineEdit::render(Dom::Element &e)
     e.set("size", std::to_string(textSize_));
   e.setIf(maxLength_ >= 0, "maxlength", std::to_string(maxLength_));
   e.setIf(password_, "type", "password");
-  e.setIf(!autoComplete_, "autocomplete", password_ ? "new-password" : "off");
+  e.setIf(!autoComplete_, "autocomplete", "off");
   e.set("!sel", "1");
   showValue(e, ".value", content_.toUTF8());
 }
@@ -108,10 +110,17 @@ void WLineEdit::handleDomEvent(Dom::Element &at, const Engine::RawEvent &event)
     WFormWidget::handleDomEvent(at, event);
 }
 
+/// A browser lets nobody type more than the length allows; it leaves a longer text that the program has set.
 void WLineEdit::formValue(Dom::Element &at, const std::string &value)
 {
-  content_ = WString::fromUTF8(value);
+  std::string_view taken = value;
+  if (maxLength_ >= 0)
+    taken = Engine::utf16Prefix(
+        value, std::max(static_cast<std::size_t>(maxLength_), Engine::utf16Length(content_.toUTF8())));
+  content_ = WString::fromUTF8(std::string(taken));
   acceptValue(at, ".value", value);
+  if (taken.size() != value.size())
+    repaint();
   revalidate();
 }
 

@@ -2,21 +2,20 @@
 #include "base/EventAccess.h"
 #include "base/Log.h"
 #include "base/RawEvent.h"
-#include "base/RichText.h"
+#include "base/StyleWords.h"
 #include "dom/Document.h"
-#include "dom/JsonText.h"
-#include "dom/RichContent.h"
-#include "layout/ItemStyle.h"
+#include "layout/WidgetExtras.h"
 #include "session/Page.h"
 #include "session/Session.h"
 #include "session/WidgetAccess.h"
 
 #include <Wt/WApplication>
 #include <Wt/WContainerWidget>
+#include <Wt/WStackedWidget>
+#include <Wt/WTabWidget>
 #include <Wt/WWebWidget>
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstring>
 
 namespace Wt
@@ -25,81 +24,21 @@ namespace Wt
 namespace
 {
 
-const int kVerticalFlags = AlignBaseline | AlignSub | AlignSuper | AlignTop | AlignTextTop | AlignMiddle |
-                           AlignBottom | AlignTextBottom;
-
-struct SideKey {
-  Side side;
-  const char *margin;
-};
-const SideKey kSideKeys[] = {
-    {Top, "*margin-top"}, {Right, "*margin-right"}, {Bottom, "*margin-bottom"}, {Left, "*margin-left"}};
-
-WLength positive(const WLength &length)
-{
-  return length.isAuto() || length.value() >= 0 ? length : WLength(-length.value(), length.unit());
-}
-
-void setLength(Dom::Element &e, const char *key, const WLength &length, bool wanted)
-{
-  if (wanted)
-    e.set(key, length.cssText());
-  else
-    e.unset(key);
-}
-
-/// Calls `word(text)` for each of the words between blanks.
-template <typename F> void forEachWord(std::string_view text, const F &word)
-{
-  const char *const blanks = " \t\n\r\f";
-  for (std::size_t from = text.find_first_not_of(blanks); from != text.npos;) {
-    const std::size_t to = std::min(text.find_first_of(blanks, from), text.size());
-    word(text.substr(from, to - from));
-    from = text.find_first_not_of(blanks, to);
-  }
-}
-
-bool containsWord(std::string_view words, std::string_view wanted)
-{
-  bool found = false;
-  forEachWord(words, [&](std::string_view word) { found = found || word == wanted; });
-  return found;
-}
-
-bool inlineByNature(const char *tag)
-{
-  static const char *const tags[] = {"span",     "a",   "button", "input", "select",
-                                     "textarea", "img", "label",  "form"};
-  return std::any_of(std::begin(tags), std::end(tags),
-                     [tag](const char *t) { return std::strcmp(t, tag) == 0; });
-}
-
-const char *verticalAlignText(AlignmentFlag alignment)
-{
-  switch (alignment) {
-  case AlignSub:
-    return "sub";
-  case AlignSuper:
-    return "super";
-  case AlignTop:
-    return "top";
-  case AlignTextTop:
-    return "text-top";
-  case AlignMiddle:
-    return "middle";
-  case AlignBottom:
-    return "bottom";
-  case AlignTextBottom:
-    return "text-bottom";
-  default:
-    return "baseline";
-  }
-}
-
 /// Events that tell what the browser shows, and not what a user wants: they count for a disabled widget too.
 bool tellsOfLayout(const std::string &event)
 {
   return event == "size" || event == "table:scroll";
+}
+
+/// True if the widget is not shown, for itself or with what it lies in, so that nobody can have meant it. It
+/// hears all the same that the focus has left it, and how its upload goes on.
+bool refusesAsHidden(const WWidget *widget, const std::string &event)
+{
+  if (event == "blur" || event.rfind("upload:", 0) == 0)
+    return false;
+  while (widget && !widget->isHidden())
+    widget = widget->parent();
+  return widget != nullptr;
 }
 
 /// Names of attributes that set an attribute and nothing else.
@@ -112,35 +51,6 @@ bool plainAttributeName(const std::string &name)
 }
 
 } // namespace
-
-struct WWebWidget::Box {
-  WLength width;
-  WLength height;
-  WLength minimumWidth = 0;
-  WLength minimumHeight = 0;
-  WLength maximumWidth;
-  WLength maximumHeight;
-  WLength margins[4] = {0, 0, 0, 0}; ///< in the order of sideKeys
-  WLength verticalLength;
-  AlignmentFlag verticalAlignment = AlignBaseline;
-  bool marginsSet[4] = {};
-  bool verticalSet = false;
-};
-
-struct WWebWidget::Tip {
-  WString text;
-  TextFormat format;
-};
-
-/// What most widgets do not have.
-struct WWebWidget::Rare {
-  std::string styleClass;
-  std::unique_ptr<Box> box;
-  std::unique_ptr<Tip> tip;
-  std::unique_ptr<WAnimation> animation; ///< of the next change between hidden and shown
-  std::vector<std::pair<std::string, WString>> attributes;
-  std::vector<std::unique_ptr<EventSignalBase>> signals;
-};
 
 WWebWidget::WWebWidget(WContainerWidget *parent) : WWidget(parent)
 {
@@ -155,18 +65,18 @@ WWebWidget::~WWebWidget()
     session->page().forget(*this);
 }
 
-WWebWidget::Rare &WWebWidget::rare()
+Engine::WidgetExtras &WWebWidget::rare()
 {
   if (!rare_)
-    rare_ = std::make_unique<Rare>();
+    rare_ = std::make_unique<Engine::WidgetExtras>();
   return *rare_;
 }
 
-WWebWidget::Box &WWebWidget::box()
+Engine::WidgetBox &WWebWidget::box()
 {
-  Rare &r = rare();
+  Engine::WidgetExtras &r = rare();
   if (!r.box)
-    r.box = std::make_unique<Box>();
+    r.box = std::make_unique<Engine::WidgetBox>();
   return *r.box;
 }
 
@@ -194,8 +104,8 @@ WWebWidget *WWebWidget::widgetAbove() const
 
 void WWebWidget::resize(const WLength &newWidth, const WLength &newHeight)
 {
-  const WLength w = positive(newWidth);
-  const WLength h = positive(newHeight);
+  const WLength w = Engine::WidgetBox::positive(newWidth);
+  const WLength h = Engine::WidgetBox::positive(newHeight);
   if (w == width() && h == height())
     return;
   box().width = w;
@@ -215,8 +125,8 @@ WLength WWebWidget::height() const
 
 void WWebWidget::setMinimumSize(const WLength &width, const WLength &height)
 {
-  box().minimumWidth = positive(width);
-  box().minimumHeight = positive(height);
+  box().minimumWidth = Engine::WidgetBox::positive(width);
+  box().minimumHeight = Engine::WidgetBox::positive(height);
   repaint();
 }
 
@@ -232,8 +142,8 @@ WLength WWebWidget::minimumHeight() const
 
 void WWebWidget::setMaximumSize(const WLength &width, const WLength &height)
 {
-  box().maximumWidth = positive(width);
-  box().maximumHeight = positive(height);
+  box().maximumWidth = Engine::WidgetBox::positive(width);
+  box().maximumHeight = Engine::WidgetBox::positive(height);
   repaint();
 }
 
@@ -249,27 +159,18 @@ WLength WWebWidget::maximumHeight() const
 
 void WWebWidget::setMargin(const WLength &margin, WFlags<Side> sides)
 {
-  Box &b = box();
-  for (int i = 0; i < 4; ++i) {
-    if (sides.value() & kSideKeys[i].side) {
-      b.margins[i] = margin;
-      b.marginsSet[i] = true;
-    }
-  }
+  box().setMargin(margin, sides);
   repaint();
 }
 
 WLength WWebWidget::margin(Side side) const
 {
-  for (int i = 0; i < 4; ++i)
-    if (kSideKeys[i].side == side && rare_ && rare_->box)
-      return rare_->box->margins[i];
-  return WLength(0);
+  return rare_ && rare_->box ? rare_->box->margin(side) : WLength(0);
 }
 
 void WWebWidget::setVerticalAlignment(AlignmentFlag alignment, const WLength &length)
 {
-  if (alignment & ~kVerticalFlags) {
+  if (!Engine::WidgetBox::isVertical(alignment)) {
     Engine::log(Engine::LogLevel::Error, "WWebWidget",
                 "setVerticalAlignment: a horizontal alignment was given");
     return;
@@ -373,17 +274,7 @@ WString WWebWidget::styleClass() const
 
 void WWebWidget::addStyleClass(const WString &styleClass, bool)
 {
-  const std::string added = styleClass.toUTF8();
-  std::string &classes = rare().styleClass;
-  const std::size_t before = classes.size();
-  forEachWord(added, [&](std::string_view word) {
-    if (containsWord(classes, word))
-      return;
-    if (!classes.empty())
-      classes += ' ';
-    classes += word;
-  });
-  if (classes.size() != before)
+  if (Engine::StyleWords::add(rare().styleClass, styleClass.toUTF8()))
     repaint();
 }
 
@@ -391,15 +282,7 @@ void WWebWidget::removeStyleClass(const WString &styleClass, bool)
 {
   if (!rare_)
     return;
-  const std::string removed = styleClass.toUTF8();
-  std::string left;
-  forEachWord(rare_->styleClass, [&](std::string_view word) {
-    if (containsWord(removed, word))
-      return;
-    if (!left.empty())
-      left += ' ';
-    left += word;
-  });
+  std::string left = Engine::StyleWords::without(rare_->styleClass, styleClass.toUTF8());
   if (left == rare_->styleClass)
     return;
   rare_->styleClass = std::move(left);
@@ -408,7 +291,7 @@ void WWebWidget::removeStyleClass(const WString &styleClass, bool)
 
 bool WWebWidget::hasStyleClass(const WString &styleClass) const
 {
-  return rare_ && containsWord(rare_->styleClass, styleClass.toUTF8());
+  return rare_ && Engine::StyleWords::contains(rare_->styleClass, styleClass.toUTF8());
 }
 
 void WWebWidget::setAttributeValue(const std::string &name, const WString &value)
@@ -440,11 +323,11 @@ void WWebWidget::setToolTip(const WString &text, TextFormat format)
 {
   if (!rare_ && text.empty())
     return;
-  Rare &r = rare();
+  Engine::WidgetExtras &r = rare();
   if (text.literal() && text.empty())
     r.tip.reset();
   else
-    r.tip = std::make_unique<Tip>(Tip{text, format});
+    r.tip = std::make_unique<Engine::WidgetTip>(Engine::WidgetTip{text, format});
   repaint();
 }
 
@@ -488,6 +371,21 @@ void WWebWidget::setLayoutSizeAware(bool aware)
 {
   setFlag(SizeAwareFlag, aware);
   repaint();
+}
+
+/// True if a layout gives the widget its size, by itself or through tabs, which pass on what they get. Other
+/// sizes follow from what the program has set, and telling them would be an echo.
+bool WWebWidget::sizeIsGiven() const
+{
+  const WWebWidget *above = widgetAbove();
+  const auto *container = dynamic_cast<const WContainerWidget *>(above);
+  if (container && container->layout())
+    return true;
+  const WWidget *aboveThat = above ? above->parent() : nullptr;
+  const bool passesOn = dynamic_cast<const WStackedWidget *>(above) ||
+                        dynamic_cast<const WStackedWidget *>(aboveThat) ||
+                        dynamic_cast<const WTabWidget *>(aboveThat);
+  return passesOn && above->sizeIsGiven();
 }
 
 /// The widget's own, and the composites that it stands for, hear of the size.
@@ -534,7 +432,8 @@ void WWebWidget::signalConnectionsChanged()
 
 void WWebWidget::domEvent(Dom::Element &at, const Engine::RawEvent &event)
 {
-  if (tellsOfLayout(event.name) || (isEnabled() && Engine::Page::of(at).exposed(this)))
+  if (tellsOfLayout(event.name) ||
+      (isEnabled() && Engine::Page::of(at).exposed(this) && !refusesAsHidden(this, event.name)))
     handleDomEvent(at, event);
 }
 
@@ -553,211 +452,5 @@ void WWebWidget::handleDomEvent(Dom::Element &, const Engine::RawEvent &event)
 }
 
 void WWebWidget::formValue(Dom::Element &, const std::string &) {}
-
-// --- Rendering
-// -----------------------------------------------------------------------------------------------------
-
-const char *WWebWidget::domTag() const
-{
-  return isInline() ? "span" : "div";
-}
-
-const char *WWebWidget::displayStyle() const
-{
-  const char *tag = domTag();
-  const bool natural = inlineByNature(tag);
-  if (natural != isInline())
-    return natural ? "block" : "inline-block";
-  // A size has no effect on what flows in a line, unless it is a block there.
-  const bool sized = rare_ && rare_->box && (!rare_->box->width.isAuto() || !rare_->box->height.isAuto());
-  if (sized && (std::strcmp(tag, "span") == 0 || std::strcmp(tag, "a") == 0))
-    return "inline-block";
-  return nullptr;
-}
-
-void WWebWidget::addOwnClasses(std::string &) const {}
-
-const WString *WWebWidget::toolTipOverride() const
-{
-  return nullptr;
-}
-
-const char *WWebWidget::listenerFlags(const char *) const
-{
-  return "";
-}
-
-std::vector<WWidget *> WWebWidget::renderedChildren()
-{
-  return std::vector<WWidget *>();
-}
-
-void WWebWidget::create(Dom::Document &document)
-{
-  element_ = document.create(domTag(), this);
-  renderAll(*element_);
-}
-
-void WWebWidget::renderAll(Dom::Element &e)
-{
-  render(e);
-  renderContents(e);
-  finishRender(e);
-}
-
-/// Renders a marked widget, whose element may have to be of another kind now.
-void WWebWidget::renderAgain()
-{
-  if (std::strcmp(domTag(), element_->tag()) == 0) {
-    renderAll(*element_);
-    return;
-  }
-  dropElement();
-  if (WWebWidget *above = widgetAbove())
-    above->repaint();
-}
-
-void WWebWidget::render(Dom::Element &e)
-{
-  std::string classes = rare_ ? rare_->styleClass : std::string();
-  addOwnClasses(classes);
-  const std::string_view trimmed = std::string_view(classes).substr(!classes.empty() && classes[0] == ' ');
-  e.setIf(!trimmed.empty(), "class", trimmed);
-  if (!objectName().empty())
-    e.set("id", id());
-  renderHidden(e);
-  const char *display = displayStyle();
-  e.setIf(display, "*display", display ? display : "");
-  e.setIf(flags_ & SizeAwareFlag, "!size", "1");
-  renderToolTip(e);
-  if (!rare_)
-    return;
-  if (rare_->box) {
-    renderBox(e);
-    renderMargins(e);
-  }
-  for (const auto &attribute : rare_->attributes)
-    e.set(e.document().intern(attribute.first), attribute.second.toUTF8());
-  renderListeners(e);
-}
-
-void WWebWidget::renderHidden(Dom::Element &e)
-{
-  const bool was = e.get("hidden");
-  const bool is = isHidden();
-  std::unique_ptr<WAnimation> animation = rare_ ? std::move(rare_->animation) : nullptr;
-  if (!animation || (was == is && e.attached())) {
-    e.setIf(is, "hidden", "");
-    return;
-  }
-  std::string arguments = is ? "1" : "0";
-  for (const int number :
-       {animation->effects().value(), static_cast<int>(animation->timingFunction()), animation->duration()}) {
-    arguments += ',';
-    Dom::appendJsonNumber(arguments, number);
-  }
-  // The browser is to know how to hide it before it hides it, and must have it before it can animate it in.
-  if (is && e.attached())
-    e.call("anim", arguments);
-  e.setIf(is, "hidden", "");
-  if (!is)
-    e.call("anim", arguments);
-}
-
-void WWebWidget::renderBox(Dom::Element &e)
-{
-  const Box &b = *rare_->box;
-  setLength(e, "*width", b.width, !b.width.isAuto());
-  setLength(e, "*height", b.height, !b.height.isAuto());
-  setLength(e, "*min-width", b.minimumWidth, !b.minimumWidth.isAuto() && b.minimumWidth.value() != 0);
-  setLength(e, "*min-height", b.minimumHeight, !b.minimumHeight.isAuto() && b.minimumHeight.value() != 0);
-  setLength(e, "*max-width", b.maximumWidth, !b.maximumWidth.isAuto());
-  setLength(e, "*max-height", b.maximumHeight, !b.maximumHeight.isAuto());
-  if (b.verticalSet)
-    e.set("*vertical-align", b.verticalAlignment == AlignBaseline && !b.verticalLength.isAuto()
-                                 ? b.verticalLength.cssText()
-                                 : verticalAlignText(b.verticalAlignment));
-}
-
-void WWebWidget::renderMargins(Dom::Element &e)
-{
-  const Box &b = *rare_->box;
-  for (int i = 0; i < 4; ++i)
-    if (b.marginsSet[i])
-      e.set(kSideKeys[i].margin, b.margins[i].cssText());
-}
-
-void WWebWidget::renderToolTip(Dom::Element &e)
-{
-  const WString *override = toolTipOverride();
-  const Tip *tip = rare_ ? rare_->tip.get() : nullptr;
-  if (!override && !tip && !e.get("title") && !e.get("!tip"))
-    return;
-  const std::string text = override ? override->toUTF8() : tip ? tip->text.toUTF8() : std::string();
-  std::string rich;
-  if (!override && tip && tip->format != PlainText && !text.empty()) {
-    const bool own = !tip->text.literal() && tip->text.args().empty();
-    const auto parsed =
-        Engine::RichText::parse(text, own ? Engine::RichText::Trust::Program : Engine::RichText::Trust::None);
-    if (parsed)
-      rich = Dom::richContent(*parsed);
-  }
-  e.setIf(!rich.empty(), "!tip", rich);
-  e.setIf(rich.empty() && !text.empty(), "title", text);
-}
-
-void WWebWidget::renderListeners(Dom::Element &e)
-{
-  for (const auto &signal : rare_->signals) {
-    const char *key = e.document().intern(std::string("@") + signal->name());
-    e.setIf(signal->isConnected(), key, listenerFlags(signal->name()));
-  }
-}
-
-void WWebWidget::renderContents(Dom::Element &e)
-{
-  const std::vector<WWidget *> children = renderedChildren();
-  if (!children.empty() || !e.children().empty())
-    place(e, children);
-}
-
-void WWebWidget::finishRender(Dom::Element &) {}
-
-void WWebWidget::place(Dom::Element &into, const std::vector<WWidget *> &children)
-{
-  std::vector<Dom::Element *> elements;
-  elements.reserve(children.size());
-  for (WWidget *child : children)
-    if (Dom::Element *element = elementOf(child, into.document())) {
-      if (element->parent() != &into)
-        Engine::ItemStyle::leave(*element);
-      elements.push_back(element);
-    }
-  into.setChildren(elements);
-}
-
-Dom::Element *WWebWidget::elementOf(WWidget *child, Dom::Document &document)
-{
-  WWebWidget *web = child->webWidget();
-  if (!web)
-    return nullptr;
-  if (!web->element_ && !web->isHidden())
-    web->create(document);
-  return web->element_;
-}
-
-void WWebWidget::dropElement()
-{
-  if (element_)
-    element_->document().destroy(element_);
-}
-
-void WWebWidget::domGone(Dom::Element &gone) noexcept
-{
-  if (&gone != element_)
-    return;
-  Engine::Page::of(gone).unmark(*this);
-  element_ = nullptr;
-}
 
 } // namespace Wt

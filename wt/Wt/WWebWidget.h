@@ -16,7 +16,9 @@ namespace Wt
 namespace Engine
 {
 class Page;
-}
+struct WidgetBox;
+struct WidgetExtras;
+} // namespace Engine
 
 /**
  * A widget that has an element of its own on the page.
@@ -35,15 +37,16 @@ class Page;
  * - A hidden child that never was shown is not rendered; showing it marks its parent.
  * - domTag() may change while the widget lives; the element is then made anew.
  * - What the browser reports on any element that the widget owns arrives in handleDomEvent and formValue,
- * only while the widget is enabled and not covered by a modal dialog. The base delivers events to the signal
- * of that name. An event that belongs to a behaviour "!name" is called "name" or "name:detail".
+ * only while the widget is shown, enabled and not covered by a modal dialog. The base delivers events to the
+ * signal of that name. An event that belongs to a behaviour "!name" is called "name" or "name:detail".
  *
  * Whose settings are whose on the element of a widget:
  *
- *   own render()      class id title hidden tabindex, aria-* and other attributes, *display *width *height
- *                     *min-width *min-height *max-width *max-height *margin-* *vertical-align, "@" listeners,
- * "!size" own class         what it adds, under keys that the base does not use parent's layout   *flex
- * *align-self *justify-self *grid-area *grid-row *grid-column *order *position *inset
+ * - the base's render(): class, id, title, hidden, tabindex, aria-* and other attributes, *display, *width,
+ * *height, *min-* and *max-* of these, *margin-*, *vertical-align, "@" listeners, "!size";
+ * - the own class: what it adds, under keys that the base does not use;
+ * - the parent's layout: *flex, *align-self, *justify-self, *grid-area, *grid-row, *grid-column, *order,
+ * *position, *inset.
  *
  * A container with a layout gets its own *display, *gap, *padding and *grid-template-* from that layout.
  */
@@ -165,29 +168,25 @@ private:
   friend struct Engine::WidgetAccess;
 
   enum Flag : std::uint16_t { HiddenFlag = 1, DisabledFlag = 2, InlineFlag = 4, SizeAwareFlag = 8 };
-  struct Box;
-  struct Tip;
-  struct Rare;
 
   void domEvent(Dom::Element &at, const Engine::RawEvent &event) final;
   WWebWidget *ownerWidget() noexcept final { return this; }
 
-  Rare &rare();
-  Box &box();
+  Engine::WidgetExtras &rare();
+  Engine::WidgetBox &box();
   void keepSignal(std::unique_ptr<EventSignalBase> signal);
   void setFlag(Flag flag, bool on);
   WWebWidget *widgetAbove() const;
+  bool sizeIsGiven() const;
   void create(Dom::Document &document);
   void renderAll(Dom::Element &e);
   void renderAgain();
   void renderHidden(Dom::Element &e);
-  void renderBox(Dom::Element &e);
-  void renderMargins(Dom::Element &e);
   void renderToolTip(Dom::Element &e);
   void renderListeners(Dom::Element &e);
   void tellLayoutSize(const Engine::RawEvent &event);
 
-  std::unique_ptr<Rare> rare_;
+  std::unique_ptr<Engine::WidgetExtras> rare_;
   std::uint32_t dirtyPlace_ = 0; ///< place in the page's list of marked widgets, from 1; 0 if not marked
   std::uint16_t flags_ = 0;
 };

@@ -84,6 +84,31 @@ std::string validUtf8(const std::string &text)
   return result;
 }
 
+std::string_view utf16Prefix(std::string_view text, std::size_t units)
+{
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t length = std::max<std::size_t>(utf8Length(text, at), 1);
+    const std::size_t needed = length == 4 ? 2 : 1;
+    if (needed > units)
+      break;
+    units -= needed;
+    at += length;
+  }
+  return text.substr(0, at);
+}
+
+std::size_t utf16Length(std::string_view text)
+{
+  std::size_t units = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = std::max<std::size_t>(utf8Length(text, at), 1);
+    units += length == 4 ? 2 : 1;
+    at += length;
+  }
+  return units;
+}
+
 void appendUtf8(std::string &text, char32_t character)
 {
   if (!isScalar(character))

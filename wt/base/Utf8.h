@@ -20,6 +20,10 @@ std::size_t utf8Length(std::string_view text, std::size_t position);
 std::string validUtf8(const std::string &text);
 bool isValidUtf8(std::string_view text);
 
+/// The length in UTF-16 units, as browsers count, and the beginning of the text with no more of them.
+std::size_t utf16Length(std::string_view text);
+std::string_view utf16Prefix(std::string_view text, std::size_t units);
+
 /// Appends the character; what is not a Unicode scalar value becomes '?'.
 void appendUtf8(std::string &text, char32_t character);
 std::string toUtf8(const std::wstring &text);

@@ -231,15 +231,26 @@ TEST(WFileUpload, ignoresWhatAPageClaimsWhileNoUploadRuns)
   EXPECT_EQ("", p.record.text);
 }
 
-TEST(WFileUpload, canBeTriedAgainAfterAFailure)
+TEST(WFileUpload, tellsAFailureAsAnUploadWithoutAFileAndCanBeTriedAgain)
 {
   UploadPage p;
   p.start();
   p.page.browser->script(p.form(), "upload:failed", "");
-  EXPECT_EQ("", p.record.text);
+  EXPECT_EQ("uploaded-none", p.record.text);
   p.start();
   p.send("one", "1");
-  EXPECT_EQ("uploaded", p.record.text);
+  EXPECT_EQ("uploaded-none uploaded", p.record.text);
+  EXPECT_FALSE(p.upload->empty());
+}
+
+TEST(WFileUpload, hearsOfAFailureWhileItIsHidden)
+{
+  UploadPage p;
+  p.start();
+  p.page.run([&p] { p.upload->hide(); });
+  p.page.browser->sendRaw("{\"n\":1,\"a\":1,\"e\":[[" + std::to_string(p.form()->id) +
+                          ",\"upload:failed\"]]}");
+  EXPECT_EQ("uploaded-none", p.record.text);
 }
 
 TEST(WFileUpload, tellsOfItsProgress)

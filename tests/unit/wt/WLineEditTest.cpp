@@ -252,3 +252,28 @@ TEST(WLineEdit, isNamedByItsLabelWhichHidesWithIt)
   EXPECT_EQ(nullptr, label->buddy());
   EXPECT_FALSE(page.tag("label")->has("for"));
 }
+
+TEST(WLineEdit, takesNoMoreThanItsMaximumLengthInBrowsersUnits)
+{
+  WLineEdit *edit = nullptr;
+  WidgetPage page([&edit](WContainerWidget *root) {
+    edit = new WLineEdit(root);
+    edit->setMaxLength(4);
+  });
+  page.browser->type(page.tag("input"), "12345");
+  EXPECT_EQ("1234", edit->text().toUTF8());
+  EXPECT_EQ("1234", page.tag("input")->get(".value"));
+  page.browser->type(page.tag("input"), "a\xf0\x9f\x98\x80\xf0\x9f\x98\x80");
+  EXPECT_EQ("a\xf0\x9f\x98\x80", edit->text().toUTF8());
+}
+
+TEST(WLineEdit, keepsALongerTextOfTheProgramThatAUserMakesShorter)
+{
+  WLineEdit *edit = nullptr;
+  WidgetPage page([&edit](WContainerWidget *root) {
+    edit = new WLineEdit("123456", root);
+    edit->setMaxLength(4);
+  });
+  page.browser->type(page.tag("input"), "12346");
+  EXPECT_EQ("12346", edit->text().toUTF8());
+}

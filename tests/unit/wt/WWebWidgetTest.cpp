@@ -5,7 +5,9 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
+#include <Wt/WTabWidget>
 #include <Wt/WText>
+#include <Wt/WVBoxLayout>
 #include <gtest/gtest.h>
 
 using namespace Wt;
@@ -280,8 +282,8 @@ TEST(WWebWidget, isToldTheSizeThatTheBrowserGaveIt)
   };
   Aware *aware = nullptr;
   Stage stage([&](WContainerWidget &root) {
-    aware = new Aware(&root);
-    aware->setObjectName("aware");
+    aware = new Aware(nullptr);
+    (new WVBoxLayout(&root))->addWidget(aware);
   });
   Node *node = stage.page->page().findIf([](const Node &n) { return n.has("!size"); });
   EXPECT_TRUE(stage.page->size(node, 640, 480));
@@ -306,7 +308,10 @@ TEST(WWebWidget, ignoresSizesThatCannotBe)
     void layoutSizeChanged(int, int) override { ++told_; }
   };
   Aware *aware = nullptr;
-  Stage stage([&](WContainerWidget &root) { aware = new Aware(&root); });
+  Stage stage([&](WContainerWidget &root) {
+    aware = new Aware(nullptr);
+    (new WVBoxLayout(&root))->addWidget(aware);
+  });
   Node *node = stage.page->page().findIf([](const Node &n) { return n.has("!size"); });
   stage.page->script(node, "size", "-1,5");
   stage.page->script(node, "size", "\"x\"");
@@ -387,4 +392,57 @@ TEST(WText, isABlockWhenItsMarkupBeginsWithOne)
 {
   Stage stage([](WContainerWidget &root) { new WText("<p>x</p>", &root); });
   EXPECT_EQ("div", stage.page->byText("x")->tag);
+}
+
+TEST(WWebWidget, isToldOfSizesThatALayoutGivesAndOfNoOthers)
+{
+  class Aware : public WContainerWidget
+  {
+  public:
+    explicit Aware(const char *name, WContainerWidget *parent = nullptr) : WContainerWidget(parent)
+    {
+      setObjectName(name);
+      setLayoutSizeAware(true);
+    }
+  };
+  Stage stage([](WContainerWidget &root) {
+    new Aware("plain", new WContainerWidget(&root));
+    auto *managed = new WContainerWidget(&root);
+    auto *layout = new WVBoxLayout(managed);
+    layout->addWidget(new Aware("item"));
+    auto *tabs = new WTabWidget();
+    tabs->addTab(new Aware("tab"), "Tab");
+    layout->addWidget(tabs);
+    auto *loose = new WTabWidget(&root);
+    loose->addTab(new Aware("looseTab"), "Tab");
+  });
+  const auto asked = [&stage](const char *name) {
+    return stage.page->page().findIf([name](const Node &n) {
+      return n.has("!size") && n.get("id").find(name) != std::string::npos;
+    }) != nullptr;
+  };
+  EXPECT_TRUE(asked("item"));
+  EXPECT_TRUE(asked("tab"));
+  EXPECT_FALSE(asked("plain"));
+  EXPECT_FALSE(asked("looseTab"));
+}
+
+TEST(WWebWidget, hearsNothingWhileItIsHiddenBesidesTheLossOfTheFocus)
+{
+  std::string heard;
+  WContainerWidget *box = nullptr;
+  WPushButton *button = nullptr;
+  Stage stage([&](WContainerWidget &root) {
+    box = new WContainerWidget(&root);
+    button = new WPushButton("Press", box);
+    button->clicked().connect(std::bind([&heard] { heard += "click "; }));
+    button->blurred().connect(std::bind([&heard] { heard += "blur "; }));
+  });
+  const auto id = std::to_string(stage.page->byTag("button")->id);
+  stage.change([&] { box->hide(); });
+  stage.page->sendRaw("{\"n\":1,\"a\":1,\"e\":[[" + id + ",\"click\"],[" + id + ",\"blur\"]]}");
+  EXPECT_EQ("blur ", heard);
+  stage.change([&] { box->show(); });
+  stage.page->sendRaw("{\"n\":2,\"a\":1,\"e\":[[" + id + ",\"click\"]]}");
+  EXPECT_EQ("blur click ", heard);
 }
