@@ -101,45 +101,58 @@ void Element::setChildren(const std::vector<Element *> &children)
   Id before = 0;
   for (std::size_t i = children.size(); i-- > 0;) {
     Element *child = children[i];
-    const bool mine = child->parent_ == this;
-    const auto at = mine ? std::find(children_.begin(), children_.end(), child) : children_.end();
-    const bool inPlace = mine && (before == 0 ? at + 1 == children_.end()
-                                              : at + 1 != children_.end() && (*(at + 1))->id_ == before);
-    if (!inPlace) {
-      if (mine)
-        children_.erase(at);
-      else if (child->parent_)
-        child->parent_->detachChild(child);
-      else
-        document_.orphans_.erase(child);
-      const auto successor = std::find_if(children_.begin(), children_.end(),
-                                          [before](const Element *e) { return e->id_ == before; });
-      children_.insert(successor, child);
-      child->parent_ = this;
-      if (attached_ && child->attached_) {
-        std::string &out = document_.operation("m", child->id_);
-        out += ',';
-        appendJsonNumber(out, id_);
-        out += ',';
-        appendJsonNumber(out, before);
-        out += ']';
-      } else if (attached_) {
-        std::string &out = document_.operation("c", id_);
-        out += ',';
-        appendJsonNumber(out, before);
-        out += ',';
-        child->setAttached(true);
-        child->serialize(out);
-        out += ']';
-      } else if (child->attached_) {
-        // Taken out of the page into a tree that is not yet in it: the browser will get it anew with that
-        // tree.
-        std::string &out = document_.operation("r", child->id_);
-        out += ']';
-        child->setAttached(false);
-      }
-    }
+    if (!standsBefore(child, before))
+      insert(child, before);
     before = child->id_;
+  }
+}
+
+/// True if the child is followed by the child of that number, or is the last one if that is 0.
+bool Element::standsBefore(const Element *child, Id before) const
+{
+  if (child->parent_ != this)
+    return false;
+  const auto next = std::find(children_.begin(), children_.end(), child) + 1;
+  return before == 0 ? next == children_.end() : next != children_.end() && (*next)->id_ == before;
+}
+
+/// Takes the element from where it is and puts it before the child of that number, or at the end if that is
+/// 0.
+void Element::insert(Element *child, Id before)
+{
+  if (child->parent_)
+    child->parent_->detachChild(child);
+  else
+    document_.orphans_.erase(child);
+  const auto successor = std::find_if(children_.begin(), children_.end(),
+                                      [before](const Element *e) { return e->id_ == before; });
+  children_.insert(successor, child);
+  child->parent_ = this;
+  tellPlace(*child, before);
+}
+
+void Element::tellPlace(Element &child, Id before)
+{
+  if (attached_ && child.attached_) {
+    std::string &out = document_.operation("m", child.id_);
+    out += ',';
+    appendJsonNumber(out, id_);
+    out += ',';
+    appendJsonNumber(out, before);
+    out += ']';
+  } else if (attached_) {
+    std::string &out = document_.operation("c", id_);
+    out += ',';
+    appendJsonNumber(out, before);
+    out += ',';
+    child.setAttached(true);
+    child.serialize(out);
+    out += ']';
+  } else if (child.attached_) {
+    // Taken out of the page into a tree that is not in it yet: the browser gets it anew with that tree.
+    std::string &out = document_.operation("r", child.id_);
+    out += ']';
+    child.setAttached(false);
   }
 }
 

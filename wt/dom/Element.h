@@ -96,6 +96,9 @@ private:
   void setAttached(bool attached);
   void serialize(std::string &out) const;
   void detachChild(Element *child);
+  bool standsBefore(const Element *child, Id before) const;
+  void insert(Element *child, Id before);
+  void tellPlace(Element &child, Id before);
 
   Document &document_;
   const char *tag_;
