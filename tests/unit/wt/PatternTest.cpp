@@ -1,84 +1,65 @@
 // SPDX-License-Identifier: MIT
 #include "base/Pattern.h"
 
+#include "base/RepeatCounts.h"
+
 #include <gtest/gtest.h>
+#include <jansson.h>
 #include <string>
+#include <utility>
+#include <vector>
 
 using Wt::Engine::Pattern;
 
 namespace
 {
 
-struct Case {
-  const char *pattern;
-  const char *matching;
-  const char *other;
-};
+/// The table that a browser's own expressions are tested with, too.
+json_t *table()
+{
+  static json_t *const rows = json_load_file(NEVO_SOURCE_DIR "/tests/tables/patterns.json", 0, nullptr);
+  return rows;
+}
 
-const Case kCases[] = {
-    {"abc", "abc", "abd"},
-    {"a.c", "a\nc", "ac"},
-    {"a|bc|", "bc", "b"},
-    {"(ab)*", "abab", "aba"},
-    {"(?:ab)+", "ab", ""},
-    {"a?b", "b", "aab"},
-    {"a{3}", "aaa", "aaaa"},
-    {"a{2,}", "aaaa", "a"},
-    {"a{1,2}", "aa", "aaa"},
-    {"a{0,2}", "", "aaa"},
-    {"a+?b", "aab", "b"},
-    {"[a-c]", "b", "d"},
-    {"[^a-c]", "d", "b"},
-    {"[]a]", "]", "b"},
-    {"[a-]", "-", "b"},
-    {"[a\\-z]", "-", "b"},
-    {"[\\d.]+", "1.2", "1,2"},
-    {"[[:alpha:]_]+", "a_b", "a1"},
-    {"\\d\\D\\w\\W\\s\\S", "1a_- x", "1a_-xx"},
-    {"\\.\\*\\(", ".*(", "a*("},
-    {"\\x41\\n", "A\n", "A"},
-    {"^a$", "a", "b"},
-    {"^a$|^$", "", "b"},
-    {"(a|b$)c?", "b", "bc"},
-    {"\\Aa\\z", "a", "b"},
-    {"([0-9a-zA-Z]{6,6}-[0-9a-zA-Z]{6,6})", "0ab123-zZ9999", "0ab123-zZ99990"},
-    {"((25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)\\.){3}(25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)", "192.168.0.255",
-     "192.168.0.256"},
-    {"(()*)*x", "x", "y"},
-};
+std::vector<std::string> textsOf(const json_t *row, const char *member)
+{
+  std::vector<std::string> texts;
+  const json_t *list = json_object_get(row, member);
+  for (std::size_t i = 0; i < json_array_size(list); ++i) {
+    const json_t *text = json_array_get(list, i);
+    texts.emplace_back(json_string_value(text), json_string_length(text));
+  }
+  return texts;
+}
 
 } // namespace
 
-TEST(Pattern, matchesWholeTexts)
+TEST(Pattern, comesToTheVerdictsOfTheTableThatItSharesWithBrowsers)
 {
-  for (const Case &c : kCases) {
-    const Pattern pattern(c.pattern);
-    EXPECT_TRUE(pattern.valid()) << c.pattern << ": " << pattern.error();
-    EXPECT_TRUE(pattern.matches(c.matching)) << c.pattern << " on " << c.matching;
-    EXPECT_FALSE(pattern.matches(c.other)) << c.pattern << " on " << c.other;
+  ASSERT_GT(json_array_size(table()), 30U);
+  for (std::size_t i = 0; i < json_array_size(table()); ++i) {
+    const json_t *row = json_array_get(table(), i);
+    const std::string text = json_string_value(json_object_get(row, "pattern"));
+    const Pattern pattern(text, json_is_true(json_object_get(row, "ignoreCase")));
+    EXPECT_TRUE(pattern.valid()) << text << ": " << pattern.error();
+    for (const std::string &matching : textsOf(row, "matching"))
+      EXPECT_TRUE(pattern.matches(matching)) << text << " on " << matching;
+    for (const std::string &other : textsOf(row, "other"))
+      EXPECT_FALSE(pattern.matches(other)) << text << " on " << other;
   }
 }
 
-TEST(Pattern, anchorsHoldOnlyAtTheEndsOfTheText)
+TEST(Pattern, worksOnCharactersAndNotOnBytes)
 {
-  EXPECT_FALSE(Pattern("a^b").matches("ab"));
-  EXPECT_FALSE(Pattern("a$\nb").matches("a\nb"));
-}
-
-TEST(Pattern, worksOnBytes)
-{
-  EXPECT_TRUE(Pattern("\xc3\xbc").matches("\xc3\xbc"));
-  EXPECT_FALSE(Pattern(".").matches("\xc3\xbc"));
-  EXPECT_TRUE(Pattern("..").matches("\xc3\xbc"));
-  EXPECT_TRUE(Pattern("[^a]*").matches(std::string("\xff\0x", 3)));
+  EXPECT_TRUE(Pattern(".").matches("\xc3\xbc"));
+  EXPECT_FALSE(Pattern("..").matches("\xc3\xbc"));
+  EXPECT_TRUE(Pattern("[^a]{3}").matches(std::string("b\0\n", 3)));
 }
 
 TEST(Pattern, refusesWhatIsNotWellFormed)
 {
-  for (const char *wrong :
-       {"(",      ")",        "a)",  "[",  "[a",    "[z-a]",   "*",   "a**", "a{2",
-        "a{3,2}", "a{x}",     "{2}", "\\", "(?=a)", "(?<n>a)", "\\1", "\\q", "[[:nothing:]]",
-        "\\x4",   "a{99999}", "[\\"}) {
+  for (const char *wrong : {"(", ")", "a)", "[", "[a", "[z-a]", "*", "a**", "a{3,2}", "\\", "(?=a)",
+                            "(?<n>a)", "\\1", "\\q", "[[:nothing:]]", "\\x4", "a{99999}", "[\\"}) {
     const Pattern pattern(wrong);
     EXPECT_FALSE(pattern.valid()) << wrong;
     EXPECT_FALSE(pattern.matches("a")) << wrong;
@@ -89,6 +70,10 @@ TEST(Pattern, refusesWhatWouldGrowTooLarge)
 {
   EXPECT_FALSE(Pattern("((a{1000}){1000}){1000}").valid());
   EXPECT_FALSE(Pattern("((((){10000}){10000}){10000}){10000}").valid());
+  std::string deep = "a";
+  for (int i = 0; i < 90; ++i)
+    deep = '(' + deep + "){9999}";
+  EXPECT_FALSE(Pattern(deep).valid());
   EXPECT_FALSE(Pattern(std::string(5000, '(') + std::string(5000, ')')).valid());
 }
 
@@ -97,4 +82,26 @@ TEST(Pattern, usersOfOnePatternShareIt)
   const auto first = Pattern::shared("a+");
   EXPECT_EQ(Pattern::shared("a+"), first);
   EXPECT_NE(Pattern::shared("a+", true), first);
+}
+
+TEST(RepeatCounts, turnsGreatCountsIntoRowsOfSmallerOnes)
+{
+  using Wt::Engine::withSmallRepeatCounts;
+  const std::pair<const char *, const char *> cases[] = {
+      {"a{3}b{0,1000}", "a{3}b{0,1000}"},
+      {"xa{0,1024}y", "x(?:a{0,1000}a{0,24})y"},
+      {"[a\\]{]{1001}", "(?:[a\\]{]{1000,1000}[a\\]{]{1,1})"},
+      {"(a(b)){1500,}", "(?:(a(b)){1000,1000}(a(b)){500,500}(a(b))*)"},
+      {"\\.{2000,2001}", "(?:\\.{1000,1000}\\.{1000,1000}\\.{0,1})"},
+      {"\xc3\xbc{1001}", "(?:\xc3\xbc{1000,1000}\xc3\xbc{1,1})"},
+      {"a{2000,1500}", "a{2000,1500}"},
+      {"a{20000}", "a{20000}"},
+      {"a{,2000}", "a{,2000}"},
+      {"a{2000", "a{2000"},
+      {"[", "["},
+      {"\\", "\\"},
+      {")", ")"},
+  };
+  for (const auto &c : cases)
+    EXPECT_EQ(c.second, withSmallRepeatCounts(c.first)) << c.first;
 }
