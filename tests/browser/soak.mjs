@@ -104,7 +104,7 @@ async function useKeys(page) {
   const lists = views(page);
   const count = await lists.count();
   if (count === 0) return;
-  await lists.nth(below(count)).locator('.Wt-tv-body').focus(soon);
+  await lists.nth(below(count)).focus(soon);
   for (let i = below(5); i >= 0; --i) await page.keyboard.press(oneOf(keys));
 }
 async function resize(page) {

@@ -53,7 +53,7 @@ function onGallery(act) {
 const list = (page, name) => page.getByRole('grid', { name, exact: true });
 const cell = (view, text) => view.getByRole('gridcell', { name: text, exact: true });
 const head = (view, name) => view.getByRole('columnheader', { name });
-const keyboard = (view, key) => view.locator('.Wt-tv-body').press(key);
+const keyboard = (view, key) => view.press(key);
 const scrolled = view => view.locator('.Wt-tv-body').evaluate(body => body.scrollTop);
 const scrollTo = (view, top) => view.locator('.Wt-tv-body').evaluate((body, y) => { body.scrollTop = y; }, top);
 /// Waits until the section tells that text as what happened last.
@@ -153,7 +153,7 @@ test('several rows are selected with Ctrl and Shift', onGallery(async page => {
 
 test('a list without selection is scrolled by keys', onGallery(async page => {
   const view = list(page, 'no selection');
-  await view.locator('.Wt-tv-body').focus();
+  await view.focus();
   await keyboard(view, 'PageDown');
   await eventually(() => scrolled(view), top => top > 0);
 }));

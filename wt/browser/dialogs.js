@@ -36,14 +36,33 @@ function enterDialog({ el }) {
 function leaveDialog({ el, opener }) {
   const now = document.activeElement;
   if (now && now !== document.body && !el.contains(now)) return;
-  if (opener?.isConnected && canFocus(opener)) opener.focus({ preventScroll: true });
+  // Of a strip of tabs only the chosen one can have the focus, which may be another one by now.
+  const back = opener?.matches('[role=tab]') ? opener.closest('[role=tablist]')?.querySelector('[aria-selected=true]') : opener;
+  if (back?.isConnected && canFocus(back)) back.focus({ preventScroll: true });
   else if (topModal()) enterDialog(topModal());
 }
 
+/// The first words in the dialog's body that are neither on a button nor a field's.
+function firstWords(el) {
+  const apart = 'button,label,select,textarea,.Wt-btn';
+  return [...el.querySelectorAll('.body *')].find(inner => !inner.closest(apart) && inner.getClientRects().length &&
+    [...inner.childNodes].some(node => node.nodeType === Node.TEXT_NODE && node.data.trim()));
+}
+
+/// A dialog's name is its title; what it says or asks is read out with it. One without a title is named by its words. A
+/// form has no such words: its fields speak for themselves.
 function nameDialog(el) {
   const bar = el.querySelector('.titlebar');
-  const label = bar?.textContent.trim() ? bar : el.querySelector('.body');
-  if (label) el.setAttribute('aria-labelledby', nameOf(label));
+  const titled = bar?.textContent.trim();
+  const words = firstWords(el);
+  // Whatever headings the page below has, the dialog's stands below the first of them.
+  bar?.querySelector('h4')?.setAttribute('aria-level', '2');
+  if (!el.hasAttribute('aria-label')) {
+    const label = titled ? bar : words ?? el.querySelector('.body');
+    if (label) el.setAttribute('aria-labelledby', nameOf(label));
+  }
+  const form = el.querySelector('.body :is(input:not([type=checkbox]),select,textarea,[role=grid])');
+  if (words && !form && titled && !el.hasAttribute('aria-describedby')) el.setAttribute('aria-describedby', nameOf(words));
 }
 
 function turnAround(el, e) {

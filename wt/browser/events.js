@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the user does with mouse and keyboard, as the server wants to hear it.
 
-import { tell } from './messages.js';
+import { clean, tell } from './messages.js';
 import { listening, stateOf } from './page.js';
 
 const point = (x, y) => (x || y ? [Math.round(x), Math.round(y)] : undefined);
@@ -27,7 +27,8 @@ export function mouseData(el, e) {
 }
 
 function keyData(e) {
-  const text = e.key?.length === 1 || (e.key && [...e.key].length === 1) ? e.key : undefined;
+  const key = clean(e.key ?? '');
+  const text = [...key].length === 1 ? key : undefined;
   const code = e.keyCode >= 96 && e.keyCode <= 105 ? e.keyCode - 48 : e.keyCode;
   return { k: code || undefined, c: text?.codePointAt(0), t: text, m: modifiers(e) };
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Fields: names for who cannot see them, the verdict on what is typed, check boxes of three states.
 
-import { behaviours, configOf, handle, handlers, nameOf, properties, unhandle, whenApplied, whenMade } from './page.js';
+import { whenTold } from './connection.js';
+import { isComposing, isUntold } from './messages.js';
+import { attributes, behaviours, configOf, dress, handle, handlers, nameOf, properties, stateOf, unhandle, whenApplied, whenMade } from './page.js';
 
 /// The state between comes with the property that the two others have.
 properties.checked = (el, value) => {
@@ -9,15 +11,39 @@ properties.checked = (el, value) => {
   el.checked = value === '1';
 };
 
-/// The server's verdict on a text (WValidator and its kin), with the same rules.
+/// Texts that the server set while an input method was at work in their fields.
+const heldTexts = new Map();
+
+/// The caret stays where it is when the server changes the text around it, and a text that an input method makes up is
+/// not cut off: what the server wants counts then unless something came of it.
+properties.value = (el, value) => {
+  const text = value ?? '';
+  if (el.tagName === 'SELECT') el.selectedIndex = value === null ? -1 : +value;
+  else if (el.value === text) return;
+  else if (isComposing(el)) heldTexts.set(el, [text, el.value]);
+  else if (el !== document.activeElement || typeof el.selectionStart !== 'number') el.value = text;
+  else {
+    const { selectionStart, selectionEnd, selectionDirection } = el;
+    el.value = text;
+    el.setSelectionRange(selectionStart, selectionEnd, selectionDirection);
+  }
+};
+
+document.addEventListener('compositionend', ({ target }) => {
+  const [text, former] = heldTexts.get(target) ?? [];
+  heldTexts.delete(target);
+  if (text !== undefined && target.value === former) target.value = text;
+});
+
+/// The server's verdict on a text (WValidator and its kin), with the same rules; undefined where only the server knows.
 function isValid(text, rule) {
   if (text === '') return !rule.m;
-  if (rule.lo !== undefined) return /^[-+]?[0-9]{1,12}$/.test(text) && +text >= rule.lo && +text <= rule.hi;
-  if (rule.re === undefined) return true;
+  if (rule.lo !== undefined) return /^[-+]?[0-9]+$/.test(text) && +text >= rule.lo && +text <= rule.hi;
+  if (rule.re === undefined) return undefined;
   try {
     return new RegExp(`^(?:${rule.re})$`, rule.i ? 'i' : '').test(text);
   } catch {
-    return true; // Only the server can tell.
+    return undefined;
   }
 }
 
@@ -47,18 +73,43 @@ function nameFields() {
 
 const textToJudge = el => (el.tagName === 'SELECT' ? el.selectedOptions[0]?.text ?? '' : el.value);
 
+/// Whether a field is marked as wrong is the server's business: the program has reasons of its own. Only while the
+/// server has not heard yet of what is typed does the page show its own verdict, if that has become another.
 function judge(el) {
-  const bad = !isValid(textToJudge(el), configOf(el, 'valid'));
-  el.classList.toggle('Wt-invalid', bad);
-  if (bad) el.setAttribute('aria-invalid', 'true');
+  const state = stateOf(el);
+  const valid = isValid(textToJudge(el), configOf(el, 'valid'));
+  if (valid === undefined) state.verdict = undefined;
+  else if (state.verdict !== undefined || valid !== state.formerlyValid) state.verdict = !valid;
+  showVerdict(el);
+}
+
+function showVerdict(el) {
+  const { verdict, invalid } = stateOf(el);
+  dress(el);
+  if (verdict ?? invalid === 'true') el.setAttribute('aria-invalid', 'true');
   else el.removeAttribute('aria-invalid');
 }
+
+attributes['aria-invalid'] = (el, value) => {
+  stateOf(el).invalid = value;
+  showVerdict(el);
+};
+
+whenTold.push(told => {
+  for (const el of told) {
+    const state = stateOf(el);
+    if (state?.verdict === undefined || isUntold(el)) continue;
+    state.verdict = undefined;
+    showVerdict(el);
+  }
+});
 
 behaviours.valid = {
   attach(el) {
     handle(el, 'valid', {
       input() { judge(el); },
       beforeinput(e) {
+        stateOf(el).formerlyValid = isValid(textToJudge(el), configOf(el, 'valid'));
         const typed = e.inputType === 'insertText' && e.data;
         if (typed && configOf(el, 'valid').lo !== undefined && /[^-+0-9]/.test(typed)) e.preventDefault();
       },

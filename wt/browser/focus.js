@@ -21,7 +21,6 @@ function giveFocus() {
 }
 
 commands.blur = el => el.blur();
-commands.select = (el, from, to) => el.setSelectionRange?.(from, to);
 
 // What dialogs do about the focus when they come and go is done by then.
 whenApplied.push(() => focusNext && queueMicrotask(giveFocus));

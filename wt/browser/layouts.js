@@ -2,7 +2,7 @@
 // Layouts: the sizes that they give, and the borders in them that can be moved.
 
 import { tell } from './messages.js';
-import { behaviours } from './page.js';
+import { behaviours, texts } from './page.js';
 
 const sizes = new WeakMap();
 const sizeObserver = new ResizeObserver(entries => {
@@ -59,7 +59,12 @@ behaviours.split = {
   attach(el, axis) {
     const vertical = axis === 'y';
     const side = vertical ? 'height' : 'width';
-    const told = size => el.setAttribute('aria-valuenow', Math.round(size));
+    const told = size => {
+      const room = el.parentElement.getBoundingClientRect()[side];
+      const values = { valuemin: leastSize, valuemax: Math.max(room, size), valuenow: size };
+      for (const name in values) el.setAttribute('aria-' + name, Math.round(values[name]));
+    };
+    if (!el.hasAttribute('aria-label')) el.setAttribute('aria-label', texts.split);
     const resize = (targets, sizes, by) => targets.forEach((target, i) => {
       const size = Math.max(leastSize, sizes[i] + by);
       if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = `0 0 ${size}px`;

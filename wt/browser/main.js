@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The browser's runtime: keeps a page as its session on the server wants it, and tells the session what the user does.
 
+import './support.js';
 import './style.js';
 import './page.js';
 import './motion.js';
+import './absence.js';
+import './tips.js';
 import './events.js';
 import './messages.js';
 import './focus.js';
-import './absence.js';
-import './tips.js';
 import './fields.js';
 import './buttons.js';
 import './tabs.js';

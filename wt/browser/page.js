@@ -4,9 +4,12 @@
 // The server sends operations, which are data (wt/dom/Document.h says which); nothing of what it sends is ever
 // evaluated or parsed as markup. wt/session/PROTOCOL.md has the messages.
 
-/// The application may have its own.
+/// Sentences of the runtime; the application may have its own.
 export const texts = {
   lost: 'The connection to the server is lost. Trying to reconnect…',
+  refused: 'No connection to the server can be made. Perhaps something on the way does not let WebSockets pass.',
+  long: 'This text is too long and was not taken.',
+  split: 'Border, moved with the arrow keys',
   ended: 'This session has ended. Reload the page to begin a new one.',
   move: 'Move with the arrow keys',
   resize: 'Resize with the arrow keys',
@@ -23,7 +26,7 @@ export const behaviours = {};
 /// Commands to elements, by name: (el, ...arguments).
 export const commands = {};
 /// Script properties that are flags.
-const flags = new Set(['checked', 'disabled', 'indeterminate', 'readOnly']);
+const flags = new Set(['checked', 'disabled', 'indeterminate']);
 /// Tags that stand for a tag with a class and a role.
 const aliases = { '~r': ['div', 'Wt-tv-row', 'row'], '~c': ['div', 'Wt-tv-c', 'gridcell'] };
 /// What elements of a tag are from the start.
@@ -52,6 +55,8 @@ function make([id, tag, settings, ...children]) {
   if (alias) {
     el.className = alias[1];
     el.setAttribute('role', alias[2]);
+    // A name is read from its own side, and cut at its own end.
+    if (tag === '~c') el.dir = 'auto';
   }
   Object.assign(el, defaults[tag]);
   for (const noted of whenMade) noted(el);
@@ -85,15 +90,22 @@ function change(el, key, value) {
 function property(el, name, value) {
   if (properties[name]) properties[name](el, value);
   else if (flags.has(name)) el[name] = value === '1';
-  else if (el.tagName === 'SELECT' && name === 'value') el.selectedIndex = value === null ? -1 : +value;
   else if (el[name] !== (value ?? '')) el[name] = value ?? '';
+}
+
+/// Shows the classes that the server has given. A verdict of the page itself on what is being typed counts more than
+/// the server's until the server has judged too.
+export function dress(el) {
+  const { base, given, verdict } = stateOf(el);
+  el.className = base && given ? base + ' ' + given : given ?? base;
+  if (verdict !== undefined) el.classList.toggle('Wt-invalid', verdict);
 }
 
 function attribute(el, name, value) {
   if (/^on|^srcdoc$|^style$/i.test(name) || (/^(href|src|action)$/i.test(name) && unsafe(value))) return;
   if (name === 'class') {
-    const { base } = stateOf(el);
-    el.className = base && value ? base + ' ' + value : value ?? base;
+    stateOf(el).given = value;
+    dress(el);
   } else if (attributes[name]) attributes[name](el, value);
   else if (value === null) el.removeAttribute(name);
   else el.setAttribute(name, value);

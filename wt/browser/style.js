@@ -20,6 +20,7 @@ td,th{vertical-align:top;text-align:left}
 .Wt-headerdiv,.Wt-tv-row{display:grid;grid-template-columns:var(--wt-columns);width:max-content;min-width:100%;box-sizing:border-box}
 .Wt-header .Wt-tv-c{position:relative}
 .Wt-tv-rh{position:absolute;top:0;bottom:0;right:0;width:7px;cursor:col-resize;touch-action:none}
+@media (pointer:coarse){.Wt-tv-rh{width:24px}:is(.Wt-hrh2,.Wt-vrh2)::before{content:"";position:absolute;inset:-9px}}
 .Wt-tv-body{flex:1 1 0;min-height:0;overflow:auto;position:relative}
 .Wt-tv-contents{position:relative;min-width:100%}
 .Wt-tv-row{position:absolute;left:0;height:var(--wt-row)}
@@ -61,7 +62,7 @@ formSheet.replaceSync(`@layer wt{
 .dialog-layout{display:flex;flex-direction:column;height:100%;max-height:inherit}
 .dialog-layout>.body{flex:1 1 auto;min-height:0;overflow:auto}
 .titlebar h4{margin:0}
-.movable>.titlebar{cursor:move}
+.movable>.titlebar{cursor:move;touch-action:none}
 .closeicon{float:right;cursor:pointer}
 .closeicon::before{content:"×"}
 input.Wt-invalid,textarea.Wt-invalid,select.Wt-invalid{outline:2px solid #b00020}

@@ -4,7 +4,7 @@
 import { modifiers, mouseData } from './events.js';
 import { followPointer, sizeStep } from './layouts.js';
 import { tell } from './messages.js';
-import { behaviours, commands, configOf, properties, stateOf, whenApplied } from './page.js';
+import { behaviours, commands, configOf, nameOf, properties, stateOf, whenApplied } from './page.js';
 
 const lists = new Set(); // elements of all lists on the page
 
@@ -24,9 +24,22 @@ function placeRows(list) {
       row.setAttribute('aria-rowindex', number + 2);
     }
     row.classList.toggle('Wt-odd', striped && number % 2 === 1);
-    if (!row.id) row.id = 'wt-r' + stateOf(row).id;
+    if (!row.id) {
+      row.id = 'wt-r' + stateOf(row).id;
+      row.tabIndex = -1;
+    }
     if (select && !row.hasAttribute('aria-selected')) row.setAttribute('aria-selected', 'false');
     ++number;
+  }
+}
+
+/// A list without a name of its own is named by the heading before it.
+function nameList(list) {
+  if (list.hasAttribute('aria-label') || list.hasAttribute('aria-labelledby')) return;
+  for (let around = list.parentElement; around && around !== document.body; around = around.parentElement) {
+    const before = [...around.querySelectorAll('h1,h2,h3,h4,[role=heading],label')]
+      .findLast(words => words.compareDocumentPosition(list) & Node.DOCUMENT_POSITION_FOLLOWING && words.textContent.trim());
+    if (before) return list.setAttribute('aria-labelledby', nameOf(before));
   }
 }
 
@@ -40,6 +53,7 @@ behaviours.table = {
   attach(el) {
     const [head, body] = el.children;
     lists.add(el);
+    queueMicrotask(() => nameList(el));
     const report = () => {
       if (el.wtScrollTo && body.clientHeight) {
         const wanted = el.wtScrollTo;
@@ -62,7 +76,11 @@ behaviours.table = {
       body.addEventListener(type, e => {
         if (el.getAttribute('aria-disabled') || !configOf(el, 'table').tell.includes(name)) return;
         if (type === 'mousedown' && e.target === body && onScrollBar(body, e)) return;
-        if (type === 'mousedown' && e.shiftKey) e.preventDefault();
+        // A range is being chosen, or something done with the row: no text is to be marked.
+        if (type === 'mousedown' && (e.shiftKey || e.detail > 1)) {
+          e.preventDefault();
+          el.focus({ preventScroll: true });
+        }
         tell(el, 'table:' + name, { ...mouseData(el, e), a: placeOf(el, e.target) });
       });
     }
@@ -70,6 +88,8 @@ behaviours.table = {
       const [row, column] = placeOf(el, e.target);
       tell(el, 'table:check', { a: [row, column, e.target.checked ? 1 : 0] });
     });
+    // The keyboard is the list's: a press on a row gives the focus to the list.
+    body.addEventListener('focusin', e => e.target.matches('.Wt-tv-row') && el.focus({ preventScroll: true }));
     el.addEventListener('keydown', e => {
       const all = e.key.toLowerCase() === 'a' && (e.ctrlKey || e.metaKey) && !e.altKey;
       if (!(all || listKeys.has(e.key)) || e.target !== el) return;
@@ -112,6 +132,22 @@ function placeOf(el, target) {
   const headCell = el.children[0].firstChild.children[[...row.children].indexOf(cell)];
   return [stateOf(row).id, columnOf(headCell)];
 }
+
+/// The text of a row as a line that a table elsewhere takes.
+const lineOf = row => [...row.children].map(cell => cell.textContent.replace(/\s+/g, ' ').trim()).join('\t');
+
+/// Marked rows of text, or else the selected rows of the list that has the focus, are copied as lines of columns.
+document.addEventListener('copy', e => {
+  const marked = getSelection();
+  if (marked.isCollapsed && !lists.has(document.activeElement)) return;
+  const list = marked.isCollapsed ? document.activeElement : [...lists].find(el => el.contains(marked.anchorNode));
+  const all = [...list?.querySelectorAll('.Wt-tv-row') ?? []];
+  const rows = all.filter(row => (marked.isCollapsed ? row.matches('[aria-selected=true]') : marked.containsNode(row, true)));
+  if (!rows.length || (!marked.isCollapsed && rows.length < 2)) return;
+  rows.sort((one, other) => one.wtNumber - other.wtNumber);
+  e.clipboardData.setData('text/plain', rows.map(row => lineOf(row) + '\n').join(''));
+  e.preventDefault();
+});
 
 function headBehaviour(el, head) {
   const sort = cell => cell.hasAttribute('aria-sort') && tell(el, 'table:sort', { a: [columnOf(cell)] });

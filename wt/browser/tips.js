@@ -22,6 +22,15 @@ function showTip(of, nodes) {
   tip = { el, of };
 }
 
+/// Says something of an element, to everybody, until it is left or changed.
+export function say(of, sentence) {
+  // After the input that it is about, which ends a tip.
+  setTimeout(() => {
+    showTip(of, [sentence]);
+    tip.el.setAttribute('role', 'alert');
+  });
+}
+
 function hideTip() {
   tip?.el.remove();
   tip?.of.removeAttribute('aria-describedby');

@@ -2,15 +2,21 @@
 #include "Section.h"
 #include "sections.h"
 
+#include <Wt/Http/Request>
+#include <Wt/Http/Response>
+#include <Wt/WApplication>
 #include <Wt/WCheckBox>
 #include <Wt/WComboBox>
+#include <Wt/WEvent>
 #include <Wt/WIntValidator>
 #include <Wt/WLabel>
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WRegExpValidator>
+#include <Wt/WResource>
 #include <Wt/WTextArea>
 #include <functional>
+#include <ostream>
 #include <string>
 
 namespace gallery
@@ -22,6 +28,20 @@ namespace
 {
 
 const char *const kCheckStateNames[] = {"unchecked", "partial", "checked"};
+
+/// A file to be saved.
+class Note : public Wt::WResource
+{
+public:
+  explicit Note(Wt::WObject *parent) : WResource(parent) { suggestFileName("note.txt"); }
+  ~Note() override { beingDeleted(); }
+
+  void handleRequest(const Wt::Http::Request &, Wt::Http::Response &response) override
+  {
+    response.setMimeType("text/plain");
+    response.out() << "noted";
+  }
+};
 
 Wt::WPushButton *button(Section *section, const char *state, const char *text)
 {
@@ -81,6 +101,10 @@ void addButtons(Wt::WContainerWidget *page)
       ->setIcon(
           Wt::WLink("data:image/gif;base64,R0lGODlhAQABAPAAAACAgP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw=="));
   button(section, "button with link", "Go to the end")->setLink(Wt::WLink("#end"));
+  Note *note = new Note(section);
+  button(section, "button that sends a file", "Fetch the note")->clicked().connect(std::bind([note] {
+    Wt::WApplication::instance()->redirect(note->url());
+  }));
   button(section, "long button", kLongText);
   button(section, "right-to-left button", kHebrewText);
   button(section, "emoji button", kEmojiText);
@@ -101,6 +125,18 @@ void addLineEdits(Wt::WContainerWidget *page)
   Wt::WRegExpValidator *mandatory = new Wt::WRegExpValidator();
   mandatory->setMandatory(true);
   lineEdit(section, "Mandatory", "")->setValidator(mandatory);
+  // Two fields that the program has a say in at each key
+  Wt::WLineEdit *again = lineEdit(section, "Say again", "");
+  again->setValidator(new Wt::WRegExpValidator("[!-~]*"));
+  again->keyWentUp().connect(
+      std::bind([again] { again->toggleStyleClass("Wt-invalid", again->text() != WString("again")); }));
+  Wt::WLineEdit *capitals = lineEdit(section, "Capitals", "");
+  capitals->keyWentUp().connect(std::bind([capitals] {
+    std::string text = capitals->text().toUTF8();
+    for (char &c : text)
+      c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    capitals->setText(WString::fromUTF8(text));
+  }));
   lineEdit(section, "Read only", "fixed")->setReadOnly(true);
   lineEdit(section, "Disabled", "greyed")->disable();
   lineEdit(section, "Right to left", kHebrewText);

@@ -8,8 +8,12 @@
 #include <Wt/WStandardItemModel>
 #include <Wt/WTableView>
 #include <Wt/WText>
+#include <Wt/WTimer>
 #include <Wt/WVBoxLayout>
+#include <chrono>
 #include <functional>
+#include <memory>
+#include <thread>
 
 namespace gallery
 {
@@ -20,6 +24,7 @@ namespace
 {
 
 const int kRows = 5000;
+const int kRecords = 60; ///< in the list whose rows move
 
 /// Tells the size that its layout gives to it.
 class SizedBox : public Wt::WContainerWidget
@@ -83,6 +88,55 @@ Wt::WTableView *addList(Section *section, const char *name, Wt::SelectionMode mo
   return view;
 }
 
+/// Puts a new record on top and takes one away further below.
+void moveRows(Wt::WStandardItemModel *model, int number)
+{
+  const int kLeaving = 5;
+  model->insertRow(0);
+  model->setData(0, 0, boost::any("Record " + std::to_string(number)));
+  model->setData(0, 1, boost::any(std::string("Ticked")));
+  model->setData(0, 1, boost::any(false), Wt::CheckStateRole);
+  model->item(0, 1)->setFlags(Wt::ItemIsSelectable | Wt::ItemIsUserCheckable);
+  if (model->rowCount() > kRecords)
+    model->removeRow(kLeaving);
+}
+
+/// What a list that is behind its page would do to its rows: see the buttons.
+void addMovingRows(Section *section)
+{
+  Wt::WStandardItemModel *model = new Wt::WStandardItemModel(0, 2, section);
+  model->setHeaderData(0, std::string("Name"));
+  model->setHeaderData(1, std::string("Tick"));
+  for (int number = 0; number < kRecords; ++number)
+    moveRows(model, number);
+  Wt::WTableView *view = addList(section, "moving rows", Wt::ExtendedSelection, model);
+  view->doubleClicked().connect(std::bind(
+      [=](const Wt::WModelIndex &index) {
+        const Wt::WModelIndex record = index.isValid() ? model->index(index.row(), 0) : index;
+        section->tell("double click on " +
+                      (record.isValid() ? Wt::asString(record.data()).toUTF8() : "nothing"));
+      },
+      std::placeholders::_1));
+  model->dataChanged().connect(std::bind(
+      [=](const Wt::WModelIndex &from) {
+        const boost::any state = from.data(Wt::CheckStateRole);
+        if (!state.empty() && boost::any_cast<bool>(state))
+          section->tell("ticked " + Wt::asString(model->data(from.row(), 0)).toUTF8());
+      },
+      std::placeholders::_1));
+  Wt::WTimer *timer = new Wt::WTimer(section);
+  timer->setInterval(1000);
+  std::shared_ptr<int> number = std::make_shared<int>(kRecords);
+  timer->timeout().connect(std::bind([=] {
+    // As slow as a store may be: the events that come meanwhile are handled after the rows have moved.
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    moveRows(model, ++*number);
+  }));
+  (new Wt::WPushButton("Let rows move", section->row("each second")))
+      ->clicked()
+      .connect(timer, &Wt::WTimer::start);
+}
+
 } // namespace
 
 void addLayouts(Wt::WContainerWidget *page)
@@ -121,6 +175,7 @@ void addViews(Wt::WContainerWidget *page)
     fill(model);
     section->tell("rebuilt");
   }));
+  addMovingRows(section);
 }
 
 } // namespace gallery
