@@ -117,6 +117,7 @@ void NevoApplication::initBrand()
   };
   static const Brand brands[] = {{"halden", "[RSnnn]Nortexa"}, {"greyfen", "[RSnnn]Grey Fen"}};
 
+  root()->setAttributeValue("role", "main");
   const std::string folder = NevoPath_brand();
   setCssTheme(folder);
   std::string title = text("Corvane KVM").toUTF8();

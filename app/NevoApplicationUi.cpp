@@ -44,11 +44,14 @@ void NevoApplication::createUi()
   Db_db.readString("user", loggedInUserIndex, "name", name, errors);
   EventLog_write(3, 7, "createUi", "%s logged in to NEVO.", name.c_str());
 
+  // The page's main part is the tabs from now on.
+  root()->setAttributeValue("role", "none");
   mainTable = new Wt::WTable();
   mainTable->setStyleClass("nevo-main-container");
   mainTabWidget = new Wt::WTabWidget();
   mainTabWidget->setInline(false);
   mainTabWidget->setStyleClass("nevo-main-tab");
+  mainTabWidget->setAttributeValue("role", "main");
   standardHeader = new WStandardHeader(name, 0);
   standardHeader->setInline(false);
   standardHeader->setPadding(Wt::WLength(0));
@@ -92,6 +95,7 @@ void NevoApplication::endPage()
   Wt::WText *versionText =
       new Wt::WText(Wt::WString::fromUTF8(text("version").toUTF8() + " " + version), Wt::PlainText);
   versionText->setStyleClass("nevo-version-in-header");
+  versionText->setAttributeValue("role", "contentinfo");
   root()->addWidget(versionText);
 }
 

@@ -34,6 +34,8 @@ WLoginDialog::WLoginDialog()
   Wt::WImage *picture = new Wt::WImage(Wt::WLink(NevoPath_themeBase() + "login-banner.png"),
                                        text("Corvane KVM"), outer->elementAt(0, 0));
   picture->setWidth(Wt::WLength(700));
+  outer->elementAt(0, 0)->setAttributeValue("role", "heading");
+  outer->elementAt(0, 0)->setAttributeValue("aria-level", "1");
 
   Wt::WTable *inner = new Wt::WTable(outer->elementAt(1, 0));
   inner->setWidth(Wt::WLength(684));

@@ -57,11 +57,14 @@ WStandardHeader::WStandardHeader(std::string userName, Wt::WContainerWidget *par
   Wt::WTableCell *textCell = table->elementAt(0, 2);
   textCell->setStyleClass("nevo-header-text-middle");
   textCell->setWidth(Wt::WLength(kAllFreeRoom));
-  new Wt::WText(Wt::WString::fromUTF8(whoAndWhere(userName)), Wt::PlainText, textCell);
+  Wt::WText *heading = new Wt::WText(Wt::WString::fromUTF8(whoAndWhere(userName)), Wt::PlainText, textCell);
+  heading->setAttributeValue("role", "heading");
+  heading->setAttributeValue("aria-level", "1");
 
   Wt::WTableCell *right = table->elementAt(0, 3);
   right->setStyleClass("nevo-header-rhs");
   new WHeaderLinks(right);
 
   addWidget(table);
+  setAttributeValue("role", "banner");
 }

@@ -44,6 +44,11 @@ look '\bstd::sto(i|l|ul|ll|ull|f|d)\b|[^_[:alnum:]](atoi|atol|strcpy|strcat|spri
 
 look '^[[:blank:]]*using namespace (std|Wt|boost)\b' "${cpp[@]}" | grep -v '^tests/\|^wt/' | rule "names are written with where they come from"
 
+# A constant called like a member of one of the API's classes hides or is hidden by it, in one implementation or another.
+look '^(static |inline )*(const|constexpr) [A-Za-z_:<>, 0-9*&]*[ *&][a-z][A-Za-z0-9_]*(\[[^]]*\])*( =|;|\{| *$)' \
+  'app/*' 'views/*' 'widgets/*' 'session/*' 'store/*' 'edid/*' 'platform/*' |
+  grep -vE '[ *&]k[A-Z][A-Za-z0-9]*(\[[^]]*\])*( =|;|\{| *$)' | rule "constants of a namespace are named kName"
+
 look 'GTEST_SKIP|DISABLED_|\.(skip|only|todo)\(|\b(skip|only|todo): *true' 'tests/*.cpp' 'tests/*.h' 'tests/*.mjs' |
   grep -v '^tests/lint' | rule "no test is switched off"
 

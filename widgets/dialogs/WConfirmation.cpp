@@ -27,6 +27,7 @@ bool WConfirmation::ask() const
   box.titleSet(title);
   box.msgSet(question);
   box.buttonAdd(action);
+  box.dangerSet();
   box.buttonAdd(text("Cancel"));
   box.checkBoxSet(text("Do not show this message again."));
   box.setMaximumSize(Wt::WLength(kBoxWidth), Wt::WLength::Auto);

@@ -30,6 +30,8 @@ WDialogTitle WDialogTitle::build(Wt::WDialog &dialog, const std::string &iconUrl
   line.icon->setMargin(Wt::WLength(0));
   line.text = new Wt::WText(title);
   line.text->setMargin(Wt::WLength(0));
+  line.text->setAttributeValue("role", "heading");
+  line.text->setAttributeValue("aria-level", "1");
   Wt::WHBoxLayout *layout = new Wt::WHBoxLayout();
   layout->setContentsMargins(0, 0, 0, 0);
   dialog.titleBar()->setPadding(Wt::WLength(0));

@@ -78,6 +78,12 @@ void WMsgBox::buttonAdd(const Wt::WString &text)
   }
 }
 
+void WMsgBox::dangerSet()
+{
+  if (button1)
+    button1->addStyleClass("nevo-danger");
+}
+
 Wt::WDialog::DialogCode WMsgBox::execWithTimeout(unsigned int milliseconds)
 {
   Wt::WTimer timer;

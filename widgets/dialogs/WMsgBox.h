@@ -35,6 +35,9 @@ public:
   /// Adds a button, the first one rightmost and with the focus. A fourth is dropped.
   void buttonAdd(const Wt::WString &text);
 
+  /// Marks the first button as one that destroys something.
+  void dangerSet();
+
   /// Like exec(), but the box accepts itself after so many milliseconds.
   DialogCode execWithTimeout(unsigned int milliseconds);
 

@@ -17,6 +17,8 @@ WContextPanelTitleBar::WContextPanelTitleBar(const Wt::WString &title, Wt::WCont
 {
   Wt::WTable *table = new Wt::WTable(this);
   Wt::WText *text = new Wt::WText(title, table->elementAt(0, 0));
+  text->setAttributeValue("role", "heading");
+  text->setAttributeValue("aria-level", "2");
   text->setPadding(Wt::WLength(4), Wt::Left);
   table->elementAt(0, 0)->setContentAlignment(Wt::AlignMiddle);
   table->resize(Wt::WLength::Auto, Wt::WLength(kTitleHeight));

@@ -2,13 +2,31 @@
 #include "WFoldTitle.h"
 
 #include "NevoPath.h"
+#include "Text.h"
 
 #include <Wt/WIconPair>
+#include <Wt/WImage>
 #include <Wt/WTable>
 #include <Wt/WTableCell>
 #include <Wt/WTableRow>
 #include <Wt/WText>
 #include <string>
+
+namespace
+{
+
+/// What the mark is to who cannot see it: it has a name of its own beside the title's, and says which way it
+/// stands.
+void describe(Wt::WIconPair &mark, const Wt::WString &title)
+{
+  const Wt::WString name = Wt::WString::fromUTF8(text("Fold or unfold").toUTF8() + " " + title.toUTF8());
+  for (Wt::WImage *icon : {mark.icon1(), mark.icon2()}) {
+    icon->setAlternateText(name);
+    icon->setAttributeValue("aria-expanded", icon == mark.icon1() ? "true" : "false");
+  }
+}
+
+} // namespace
 
 WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon, const char *collapsedIcon,
                              Wt::WContainerWidget *parent)
@@ -16,6 +34,7 @@ WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon,
   WFoldTitle line;
   const std::string folder = NevoPath_themeBase();
   line.mark = new Wt::WIconPair(folder + expandedIcon, folder + collapsedIcon, true);
+  describe(*line.mark, title);
   line.mark->setMargin(Wt::WLength(4), Wt::Left | Wt::Right);
 
   // The empty row above the mark sets it on the text's line.
@@ -24,8 +43,10 @@ WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon,
   markTable->rowAt(0)->setHeight(Wt::WLength(2));
   markTable->elementAt(1, 0)->addWidget(line.mark);
 
-  Wt::WText *text = new Wt::WText(title);
-  text->setWordWrap(false);
+  Wt::WText *words = new Wt::WText(title);
+  words->setWordWrap(false);
+  words->setAttributeValue("role", "heading");
+  words->setAttributeValue("aria-level", "2");
 
   line.table = new Wt::WTable(parent);
   Wt::WTableCell *markCell = line.table->elementAt(0, 0);
@@ -33,7 +54,7 @@ WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon,
   markCell->setContentAlignment(Wt::AlignMiddle);
   markCell->setMargin(Wt::WLength(4));
   Wt::WTableCell *textCell = line.table->elementAt(0, 1);
-  textCell->addWidget(text);
+  textCell->addWidget(words);
   textCell->setContentAlignment(Wt::AlignMiddle);
   return line;
 }
