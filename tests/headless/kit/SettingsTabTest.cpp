@@ -57,6 +57,7 @@ protected:
       firstEditing_ = wire(first_, firstItem_, afterFailure);
       secondEditing_ = wire(second_, secondItem_, afterFailure);
       first_->readFromDatabase(true, selected_, false);
+      second_->readFromDatabase(true, selected_, false);
     });
     store_.forgetRequests();
   }
