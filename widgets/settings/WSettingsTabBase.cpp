@@ -128,14 +128,14 @@ void WSettingsTabBase::selectionChangedHandler()
 /// Where the user has edited the records that the tab shows, they are the ones that stay selected.
 void WSettingsTabBase::keepSelection()
 {
-  if (isKeepingSelection || shown.empty() || !(holdsChanges || hasUnnoticedEdit()))
+  if (!tableView || isKeepingSelection || shown.empty() || !(holdsChanges || hasUnnoticedEdit()))
     return;
   isKeepingSelection = true;
-  if (tableView) {
-    std::vector<unsigned int> edited = shown;
-    tableView->setSelectedZelIndexes(edited);
-  }
-  noticeEdits();
+  std::vector<unsigned int> edited = shown;
+  tableView->setSelectedZelIndexes(edited);
+  // A list that is just being filled anew does not have them yet.
+  if (shows(selectedRecords()))
+    noticeEdits();
   isKeepingSelection = false;
 }
 

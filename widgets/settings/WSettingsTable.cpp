@@ -7,6 +7,7 @@
 #include "ZelClient.h"
 #include "ZelValue.h"
 
+#include <Wt/WCheckBox>
 #include <Wt/WComboBox>
 #include <Wt/WIntValidator>
 #include <Wt/WRegExpValidator>
@@ -43,8 +44,10 @@ Path within(const char *resource)
 }
 
 /// Null for a widget that is no field of input.
-const char *styleOf(Wt::WWidget *widget)
+const char *styleOf(Wt::WWidget *widget, bool isReadOnly)
 {
+  if (isReadOnly)
+    return dynamic_cast<Wt::WLineEdit *>(widget) ? "nevo-attribute-table-read-only-line-edit" : 0;
   if (dynamic_cast<Wt::WTextArea *>(widget))
     return "nevo-attribute-table-read-write-multi-line-edit";
   if (dynamic_cast<Wt::WLineEdit *>(widget))
@@ -118,7 +121,8 @@ private:
 WSettingsTable::WSettingsTable(const char *boundResource, int tableOptions,
                                const std::vector<Wt::WString> &headings, Wt::WContainerWidget *parent)
     : Wt::WTable(parent), options(tableOptions), resourceName(partsOf(boundResource).front()),
-      resource(boundResource), path(within(boundResource)), fieldWidth(0), edited(false)
+      resource(boundResource), path(within(boundResource)), readApart(false), fieldWidth(0), edited(false),
+      groups(1)
 {
   setHeaderCount(1);
   for (std::size_t column = 0; column < headings.size(); ++column) {
@@ -134,22 +138,59 @@ void WSettingsTable::bindTo(const char *boundResource)
 {
   resource = boundResource;
   path = within(boundResource);
+  readApart = false;
+}
+
+void WSettingsTable::bindApart(const char *boundResource, const char *objectSent)
+{
+  resource = boundResource;
+  path = partsOf(objectSent);
+  readApart = true;
+}
+
+void WSettingsTable::beginGroup(std::function<bool(Indexes &)> find)
+{
+  groups.push_back({std::move(find)});
+}
+
+void WSettingsTable::addHeading(const Wt::WString &text)
+{
+  const int row = rowCount();
+  elementAt(row, 0)->setStyleClass("nevo-attribute-table-group-label");
+  new Wt::WText(text, Wt::PlainText, elementAt(row, 0));
+  elementAt(row, 1)->setStyleClass("nevo-multi-col-attribute-table-read-only-cell");
 }
 
 void WSettingsTable::addRow(const Wt::WString &label, Wt::WWidget *widget, const char *cellStyle,
-                            const Wt::WString &toolTip)
+                            const Wt::WString &toolTip, bool isReadOnly)
+{
+  widget->setAttributeValue("aria-label", label);
+  addCell(addLabel(label), widget, cellStyle, toolTip, isReadOnly);
+}
+
+int WSettingsTable::addLabel(const Wt::WString &label)
 {
   const int row = rowCount();
   elementAt(row, 0)->setStyleClass("nevo-attribute-table-label");
   new Wt::WText(label, Wt::PlainText, elementAt(row, 0));
-  elementAt(row, 1)->setStyleClass(cellStyle);
-  elementAt(row, 1)->addWidget(widget);
-  if (const char *style = styleOf(widget))
+  return row;
+}
+
+void WSettingsTable::addCell(int row, Wt::WWidget *widget, const char *cellStyle, const Wt::WString &toolTip,
+                             bool isReadOnly)
+{
+  int column = 1;
+  while (column < columnCount() && elementAt(row, column)->count() > 0)
+    ++column;
+  elementAt(row, column)->setStyleClass(cellStyle);
+  elementAt(row, column)->addWidget(widget);
+  if (const char *style = styleOf(widget, isReadOnly))
     widget->addStyleClass(style);
-  widget->setAttributeValue("aria-label", label);
+  if (isReadOnly && dynamic_cast<Wt::WFormWidget *>(widget))
+    widget->setDisabled(true);
   if (!toolTip.empty())
     widget->setToolTip(toolTip);
-  if (fieldWidth > 0)
+  if (fieldWidth > 0 && !dynamic_cast<Wt::WCheckBox *>(widget))
     widget->resize(Wt::WLength(fieldWidth), Wt::WLength::Auto);
 }
 
@@ -157,9 +198,27 @@ void WSettingsTable::enterRow(WWidgetZel *field, Wt::WFormWidget *form, std::fun
                               const char *param)
 {
   const bool isEdited = static_cast<bool>(hasFocus);
-  rows.push_back({field, form, std::move(hasFocus), path, param, false});
+  rows.push_back(
+      {field, form, std::move(hasFocus), path, param, readApart, groups.size() - 1, {}, {}, false});
   if (isEdited)
     field->contentChanged().connect(this, &WSettingsTable::contentChangedHandler);
+}
+
+void WSettingsTable::enterReader(std::function<bool(Indexes &)> read)
+{
+  rows.push_back({0, 0, {}, {}, 0, true, groups.size() - 1, std::move(read), {}, false});
+}
+
+void WSettingsTable::sendWhile(WWidgetZel *field, std::function<bool()> condition)
+{
+  for (Row &row : rows)
+    if (row.field == field)
+      row.isSent = condition;
+}
+
+void WSettingsTable::writeFirst(WWidgetZel *field)
+{
+  std::stable_partition(rows.begin(), rows.end(), [field](const Row &row) { return row.field == field; });
 }
 
 WLineEditZel *WSettingsTable::addLine(const Wt::WString &label, const char *param, const Wt::WString &toolTip,
@@ -198,36 +257,52 @@ WLineEditUInt32Zel *WSettingsTable::addNumber(const Wt::WString &label, const ch
 
 void WSettingsTable::readFromDatabase(std::vector<unsigned int> indexes, bool force)
 {
-  if (options & ReadsAtOnce) {
-    readAtOnce(indexes, force);
-  } else {
-    for (Row &row : rows) {
-      std::vector<std::string> dropped;
-      row.unread = row.field->readFromDatabase(indexes, dropped, force) && !(isIndexed() && indexes.empty());
-    }
-  }
+  for (std::size_t group = 0; group < groups.size(); ++group)
+    readGroup(group, indexes, force);
+  recordsRead = indexes;
   if (force)
     edited = false;
   adjustDependentWidgets();
 }
 
-void WSettingsTable::readAtOnce(std::vector<unsigned int> &indexes, bool force)
+bool WSettingsTable::isReadAtOnce(const Row &row) const
 {
-  ZelResponse owner;
-  if (!isIndexed() || !indexes.empty()) {
-    json_t *response = 0;
-    const bool failed = fetch(indexes, response);
-    for (Row &row : rows)
-      row.unread = failed;
-    if (failed)
-      return;
-    owner.reset(response);
+  return !row.readsItself && ((options & ReadsAtOnce) || !row.path.empty());
+}
+
+void WSettingsTable::readGroup(std::size_t group, const Indexes &brought, bool force)
+{
+  Indexes indexes = brought;
+  if (groups[group].find && groups[group].find(indexes))
+    return;
+  const bool namesNone = isIndexed() && indexes.empty();
+  for (Row &row : rows) {
+    if (row.group != group || isReadAtOnce(row))
+      continue;
+    std::vector<std::string> dropped;
+    const bool failed = row.read ? row.read(indexes) : row.field->readFromDatabase(indexes, dropped, force);
+    row.unread = failed && !namesNone;
   }
+  readAtOnce(group, indexes, force);
+}
+
+void WSettingsTable::readAtOnce(std::size_t group, Indexes &indexes, bool force)
+{
+  const auto concerned = [&](const Row &row) { return row.group == group && isReadAtOnce(row); };
+  if (std::none_of(rows.begin(), rows.end(), concerned))
+    return;
+  ZelResponse owner;
+  const bool asks = !isIndexed() || !indexes.empty();
+  json_t *response = 0;
+  const bool failed = asks && fetch(group, indexes, response);
+  owner.reset(response);
   NestedObjects objects(owner.get(), isIndexed());
   for (Row &row : rows) {
-    json_t *object = objects.at(row.path);
-    row.unread = !object && owner;
-    if (object || !owner)
+    if (!concerned(row))
+      continue;
+    json_t *object = failed ? 0 : objects.at(row.path);
+    row.unread = asks && !object;
+    if (object || !asks)
       row.field->getZelParam(object, indexes, force);
   }
 }
@@ -244,7 +319,9 @@ void WSettingsTable::blankUnread()
   for (const Row &row : rows) {
     if (!row.unread || !isIndexed())
       continue;
-    if (options & ReadsAtOnce)
+    if (row.read)
+      row.read(none);
+    else if (isReadAtOnce(row))
       row.field->getZelParam(0, none, true);
     else
       row.field->readFromDatabase(none, dropped, true);
@@ -254,11 +331,13 @@ void WSettingsTable::blankUnread()
 
 void WSettingsTable::setGivesWay(bool gives)
 {
+  givesWay = gives;
   for (const Row &row : rows)
-    row.field->setGivesWay(gives);
+    if (row.field)
+      row.field->setGivesWay(gives);
 }
 
-bool WSettingsTable::fetch(const std::vector<unsigned int> &indexes, json_t *&response) const
+bool WSettingsTable::fetch(std::size_t group, const Indexes &indexes, json_t *&response) const
 {
   static const char *const function = "readFromDatabase";
   ZelClient_s *client = 0;
@@ -270,7 +349,7 @@ bool WSettingsTable::fetch(const std::vector<unsigned int> &indexes, json_t *&re
   if (isIndexed())
     for (const unsigned int index : indexes)
       ZelReqUtil_setIntegerQuery(request.get(), "index", index);
-  selectWithin(request.get());
+  selectFor(group, request.get());
   ZelResponse answer;
   std::vector<std::string> dropped;
   const bool failed = DbExchange_send(function, client, request, 0, answer, dropped) != 0;
@@ -279,18 +358,23 @@ bool WSettingsTable::fetch(const std::vector<unsigned int> &indexes, json_t *&re
 }
 
 /// Of records that hold objects, only what is shown is asked for: there is much else in them.
-void WSettingsTable::selectWithin(json_t *request) const
+void WSettingsTable::selectFor(std::size_t group, json_t *request) const
 {
-  if (std::all_of(rows.begin(), rows.end(), [](const Row &row) { return row.path.empty(); }))
-    return;
-  std::vector<std::string> wanted(1, "index");
+  bool isNested = false;
+  std::vector<std::string> wanted;
+  if (isIndexed())
+    wanted.push_back("index");
   for (const Row &row : rows) {
-    const std::string name = !row.path.empty() ? row.path.front() : row.param ? row.param : "index";
-    if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
+    if (row.group != group || !isReadAtOnce(row))
+      continue;
+    isNested = isNested || !row.path.empty();
+    const std::string name = !row.path.empty() ? row.path.front() : row.param ? row.param : "";
+    if (!name.empty() && std::find(wanted.begin(), wanted.end(), name) == wanted.end())
       wanted.push_back(name);
   }
-  for (const std::string &name : wanted)
-    ZelReqUtil_setSelect(request, name.c_str());
+  if (isNested)
+    for (const std::string &name : wanted)
+      ZelReqUtil_setSelect(request, name.c_str());
 }
 
 // ---- Writing
@@ -313,7 +397,7 @@ bool WSettingsTable::writeFieldwise(std::vector<unsigned int> &indexes, std::vec
 {
   bool failed = false;
   for (const Row &row : rows)
-    if (row.hasFocus && row.field->writeToDatabase(indexes, errors))
+    if (isWritten(row) && row.field->writeToDatabase(indexes, errors))
       failed = true;
   edited = false;
   return failed && !(options & ToleratesErrors);
@@ -350,11 +434,16 @@ void WSettingsTable::fill(json_t *params) const
   NestedParams objects(params);
   for (const Row &row : rows) {
     // An object is sent only for a change within it.
-    if (!row.hasFocus || (!row.path.empty() && !row.field->hasChangedContent()))
+    if (!isWritten(row) || (!row.path.empty() && !row.field->hasChangedContent()))
       continue;
     if (json_t *object = objects.at(row.path))
       row.field->setZelParam(object);
   }
+}
+
+bool WSettingsTable::isWritten(const Row &row) const
+{
+  return row.hasFocus && (!row.isSent || row.isSent());
 }
 
 // ---- The user's edits
@@ -379,6 +468,9 @@ bool WSettingsTable::isAllValid()
   bool valid = true;
   for (const Row &row : rows)
     if (counts(row) && !follows(row))
+      valid = false;
+  for (const std::function<bool()> &rule : rules)
+    if (!rule())
       valid = false;
   return valid;
 }
@@ -407,13 +499,15 @@ bool WSettingsTable::anyWidgetHasFocus() const
 
 bool WSettingsTable::hasUnnoticedEdit() const
 {
-  return std::any_of(rows.begin(), rows.end(), [](const Row &row) { return row.field->hasUnnoticedEdit(); });
+  return std::any_of(rows.begin(), rows.end(),
+                     [](const Row &row) { return row.field && row.field->hasUnnoticedEdit(); });
 }
 
 void WSettingsTable::noticeEdits()
 {
   for (const Row &row : rows)
-    row.field->noticeEdit();
+    if (row.field)
+      row.field->noticeEdit();
 }
 
 void WSettingsTable::setFocusOnFirst()
@@ -429,7 +523,7 @@ std::vector<WWidgetZel *> WSettingsTable::changedFields() const
 {
   std::vector<WWidgetZel *> fields;
   for (const Row &row : rows)
-    if (row.field->hasChangedContent())
+    if (row.field && row.field->hasChangedContent())
       fields.push_back(row.field);
   return fields;
 }
@@ -445,7 +539,8 @@ void WSettingsTable::clearContentChanged()
 {
   edited = false;
   for (const Row &row : rows)
-    row.field->clearContentChanged();
+    if (row.field)
+      row.field->clearContentChanged();
 }
 
 void WSettingsTable::contentChangedHandler()

@@ -5,7 +5,9 @@
 #include "WAutoSizeTableView.h"
 #include "WSettingsTab.h"
 
+#include <Wt/WHBoxLayout>
 #include <Wt/WMenuItem>
+#include <Wt/WPushButton>
 #include <Wt/WTabWidget>
 
 using testing::ElementsAre;
@@ -284,6 +286,109 @@ TEST_F(SettingsTabs, afterCancelAnEditOfOneTableIsWrittenAlone)
   edit("Title", "new");
   save();
   EXPECT_THAT(written(), ElementsAre(R"({"index":1,"title":"new"})"));
+}
+
+TEST_F(SettingsTabs, whatWasCancelledWhileTheStoreIsSilentIsNeverWrittenAndGoesWithTheNextRefresh)
+{
+  show();
+  settle();
+  edit("Location", "cancelled");
+  store_.hangUp("GET", "rx");
+  cancel();
+  EXPECT_EQ(label(firstItem_), "First");
+  store_.answer(
+      "GET", "rx",
+      R"({"index":1,"name":"a","location":"hall","notes":"","scaling":"enabled","timeout":5,"eid":"E1"})");
+  edit("Notes", "n");
+  save();
+  EXPECT_THAT(written(), ElementsAre(R"({"index":1,"notes":"n"})"));
+  read(false, false);
+  EXPECT_EQ(value("Location"), "hall");
+}
+
+// ---- several records
+
+TEST_F(SettingsTabs, recordsThatDifferAreMarkedQuietlyAndAreNoError)
+{
+  selected_ = {1, 2}; // of which the names differ, and a name is mandatory
+  show();
+  const auto &name = *visitor().field("Name");
+  EXPECT_TRUE(name.hasClass("nevo-differs"));
+  EXPECT_FALSE(name.hasClass("Wt-invalid"));
+  EXPECT_FALSE(name.has("aria-invalid"));
+  EXPECT_EQ(name.get("title"), "The selected records differ here.");
+  edit("Notes", "alike");
+  EXPECT_FALSE(visitor().field("Name")->hasClass("Wt-invalid"));
+  edit("Name", "one for both");
+  EXPECT_FALSE(visitor().field("Name")->hasClass("nevo-differs"));
+  EXPECT_EQ(visitor().field("Name")->get("title"), "What it is called");
+  edit("Name", "");
+  EXPECT_TRUE(visitor().field("Name")->hasClass("Wt-invalid"));
+}
+
+// ---- a tab without tables
+
+namespace
+{
+
+// Two lists between which things are moved, as far as a tab has to do with them.
+class ListsTab : public WSettingsTabBase
+{
+public:
+  explicit ListsTab(Wt::WContainerWidget *parent) : WSettingsTabBase(ChangeTracker::UsrTargets, parent)
+  {
+    layOut(new Wt::WHBoxLayout());
+  }
+  bool writeToDatabase(std::vector<unsigned int>, std::vector<std::string> &) override
+  {
+    stored = moved;
+    return false;
+  }
+  void readFromDatabase(bool force, std::vector<unsigned int> indexes, bool selectionChanged) override
+  {
+    const Reading reading = readingFor(force, indexes, selectionChanged);
+    if (reading == NoReading)
+      return;
+    if (reading != KeepingEdits)
+      moved = stored;
+    endReading(indexes, false);
+  }
+  bool holdsEdits() const override { return moved != stored; }
+  void move(int by)
+  {
+    moved += by;
+    contentChanged().emit();
+  }
+
+  int stored = 0;
+  int moved = 0;
+};
+
+} // namespace
+
+TEST_F(SettingsTabs, aTabOfListsIsSavedCancelledAndCleanAgainWhenAllIsPutBackByHand)
+{
+  ListsTab *lists = nullptr;
+  build([&](Wt::WContainerWidget &root) {
+    lists = new ListsTab(&root);
+    SettingsEditing::View view;
+    view.selectedIndexes = [this] { return selected_; };
+    firstEditing_ = std::make_unique<SettingsEditing>(lists, view);
+    lists->readFromDatabase(true, selected_, true);
+  });
+  page_->act([&] { lists->move(1); });
+  EXPECT_TRUE(lists->hasChanged());
+  EXPECT_TRUE(lists->saveButton->isEnabled());
+  page_->act([&] { lists->move(-1); });
+  EXPECT_FALSE(lists->hasChanged());
+  EXPECT_FALSE(lists->saveButton->isEnabled());
+  page_->act([&] { lists->move(2); });
+  cancel();
+  EXPECT_EQ(lists->moved, 0);
+  page_->act([&] { lists->move(3); });
+  save();
+  EXPECT_EQ(lists->stored, 3);
+  EXPECT_FALSE(lists->hasChanged());
 }
 
 // ---- refresh
