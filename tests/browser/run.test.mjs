@@ -54,7 +54,7 @@ const fetchStatus = (port, path) => new Promise((resolve, reject) => {
 
 test('an unknown option, brand or number is told', async () => {
   for (const [args, told] of [[['--colour', 'red'], '--colour'], [['--brand', 'acme'], 'acme'], [['--port', 'many'], 'many'],
-    [['--fleet'], '--fleet'], [['--port=0'], '0']]) {
+    [['--fleet'], '--fleet'], [['--port=0'], '0'], [['--role', 'king'], 'king']]) {
     const it = run(...args);
     assert.equal(await it.ended, 2);
     assert.ok(it.text.includes(told), it.text);

@@ -4,6 +4,7 @@
 #include "data/FleetNames.h"
 #include "data/Journal.h"
 #include "data/Password.h"
+#include "rules/SwitchRoles.h"
 #include "server/Server.h"
 
 #include <charconv>
@@ -24,6 +25,7 @@ struct Options {
   Server::Options server;
   Settings settings;
   std::string database = ":memory:";
+  std::string role; // empty: what the database says
   unsigned passwordIterations = 0;
   bool accounts = false;
   bool describe = false;
@@ -39,6 +41,8 @@ constexpr const char *kUsage =
     "  --fleet N            make N receivers and N transmitters instead of the small lab\n"
     "  --sessions N         have N receivers in KVM sessions, each with a user of its own\n"
     "  --alerts N           have N more alerts in the history, a tenth of them unacknowledged\n"
+    "  --role WORD          start as master, slave, backup, managed or managed-slave (default: as it was "
+    "left)\n"
     "  --seed N             same seed, same story (default 1)\n"
     "  --liveliness N       0: nothing happens by itself; 1: calm (default); 10: a busy day\n"
     "  --oem NAME           brand whose icon files are used (default nevo)\n"
@@ -70,10 +74,13 @@ bool setOption(Options &options, const std::string &name, const char *value)
     const char *name;
     std::string &target;
   };
-  const TextOption texts[] = {
-      {"--socket", options.server.socket},    {"--control", options.server.control},
-      {"--database", options.database},       {"--oem", options.settings.oem},
-      {"--icons", options.settings.iconRoot}, {"--settings", options.settings.settingsRoot}};
+  const TextOption texts[] = {{"--socket", options.server.socket},
+                              {"--control", options.server.control},
+                              {"--role", options.role},
+                              {"--database", options.database},
+                              {"--oem", options.settings.oem},
+                              {"--icons", options.settings.iconRoot},
+                              {"--settings", options.settings.settingsRoot}};
   for (const TextOption &option : texts)
     if (name == option.name) {
       option.target = value;
@@ -126,6 +133,10 @@ bool readOptions(int argc, char **argv, Options &options)
     }
     ++i;
   }
+  if (!options.role.empty() && !hasWord(kRoleWords, options.role)) {
+    std::fprintf(stderr, "zelsim: bad option --role %s (see --help)\n", options.role.c_str());
+    return false;
+  }
   if (options.server.socket.empty())
     options.server.socket = "/run/nevo/store.sock";
   if (options.server.control.empty())
@@ -165,6 +176,8 @@ int serve(const Options &options)
   registerRules(world.rules);
   if (store.wasEmpty())
     makeFleet(world);
+  if (!options.role.empty())
+    assumeRole(world, options.role);
   startStory(world);
   if (!store.commit(problem) || !store.settle(problem))
     return fail("database " + options.database + ": " + problem);
@@ -173,6 +186,8 @@ int serve(const Options &options)
   Commands commands;
   addServerCommands(commands, faults);
   addLifeCommands(commands);
+  addRoleCommands(commands);
+  addStateCommands(commands);
   Server server(world, commands, faults, options.server);
   if (!server.listen(problem))
     return fail(problem);

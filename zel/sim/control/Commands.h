@@ -50,6 +50,12 @@ private:
 /// LifeCommands.cpp: devices, fail-update, alert, liveliness and whatever else the life understands.
 void addLifeCommands(Commands &commands);
 
+/// RoleCommands.cpp: the part that this switch plays.
+void addRoleCommands(Commands &commands);
+
+/// StateCommands.cpp: states of devices, ports and monitors.
+void addStateCommands(Commands &commands);
+
 } // namespace zelsim
 
 #endif // ZEL_SIM_CONTROL_COMMANDS_H_

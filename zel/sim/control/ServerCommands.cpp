@@ -98,6 +98,11 @@ Outcome set(World &world, const Words &words)
   world.store.set(
       *place.resource, place.index, place.position,
       toValue(row, given.get(), *world.store.value(*place.resource, place.index, place.position)));
+  // Of these, something would follow.
+  constexpr char kStates[] = "status usage cascadeRole cascadeController managedSetting monitor attachedSwx";
+  if (hasWord(kStates, words[2]))
+    return {false, "Only the word was written. For a state with all that follows from it, see state, usage, "
+                   "plug, monitor, cascade and manager.\n"};
   return {};
 }
 

@@ -544,6 +544,20 @@ constexpr Parameter kUpgradeRows[] = {
     text("version", 0, 32).with(kReadOnly),
 };
 
+// What is to happen after a while. Nobody's business but the switch's own.
+constexpr Parameter kPendingStepRows[] = {
+    text("step", 1, 32).with(kReadOnly),
+    text("about", 0, 4096).with(kReadOnly),
+    integer("at", 0, INT64_MAX).with(kReadOnly).that("milliseconds since 1970"),
+};
+
+// What is wrong with ports, until it is put right.
+constexpr Parameter kPortFaultRows[] = {
+    integer("swx", 1, kAnyNumber).with(kReadOnly),
+    integer("port", 1, 65535).with(kReadOnly),
+    word("state", kPortStates, "no_device").with(kReadOnly),
+};
+
 // Resources
 // --------------------------------------------------------------------------------------------------
 
@@ -617,6 +631,8 @@ const Resource kCatalogue[] = {
     one("alertsControl", kGet | kSet, kAlertsControlRows, "acknowledges and clears alerts"),
     counted(many("historicalAlerts", kGet, 2000, kAlertRows, "alerts of the past, oldest first"), 5),
     counted(many("unacknowledgedAlerts", kGet, 500, kAlertRows, "alerts that nobody has acknowledged"), 4),
+    many("portFault", 0, 1000, kPortFaultRows, "what is wrong with ports; for the switch itself only"),
+    many("pendingStep", 0, 20000, kPendingStepRows, "what the switch is about to do; for itself only"),
     counted(many("upgrade", kGet | kSet | kCreate | kDelete, 8, kUpgradeRows, "sources of firmware"), 11),
 };
 

@@ -9,6 +9,7 @@
 #include "rules/Sessions.h"
 #include "rules/SettingsText.h"
 #include "rules/SwitchRoles.h"
+#include "rules/TimeService.h"
 
 #include <algorithm>
 #include <vector>
@@ -47,43 +48,6 @@ void scheduleStep(World &world, const Device &device, Clock::Milliseconds delay)
   });
 }
 
-std::vector<Device> attachedTo(const World &world, unsigned swxIndex)
-{
-  std::vector<Device> devices;
-  for (const DeviceKind *kind : {&kReceivers, &kTransmitters}) {
-    const Resource &resource = *findResource(kind->resource);
-    const int position = resource.position("attachedSwx");
-    for (const auto &entry : world.store.records(resource))
-      if (world.store.value(resource, entry.second, position).number() == swxIndex)
-        devices.push_back({kind, entry.first});
-  }
-  return devices;
-}
-
-// The devices of a switch that goes down are out of reach until it is back. Those that are off anyway are
-// not touched.
-void losePorts(World &world, unsigned swxIndex)
-{
-  for (const Device &device : attachedTo(world, swxIndex)) {
-    if (deviceStatus(world, device) == "offline")
-      continue;
-    endSessionsOf(world, device, Ending::LinkDown);
-    setStatus(world, device, "offline");
-    // Not a time to return at, but a mark that the switch brings it back.
-    setReturn(world, device, 1);
-  }
-}
-
-void regainPorts(World &world, unsigned swxIndex)
-{
-  for (const Device &device : attachedTo(world, swxIndex))
-    if (deviceStatus(world, device) == "offline" &&
-        world.store.number(device.kind->resource, device.index, "returnsAt") == 1)
-      bringUp(world, device);
-  refreshPorts(world, swxIndex);
-  refreshPorts(world, 1);
-}
-
 // A device that comes up runs the firmware that it was given, and an update that was complete is over.
 void startFirmware(World &world, const Device &device)
 {
@@ -96,6 +60,14 @@ void startFirmware(World &world, const Device &device)
   world.store.setNumber(resource, device.index, "upgradePercent", 0);
 }
 
+void tellDifference(World &world, const Device &device)
+{
+  const std::string master = world.store.text("swx", 1, "firmwareVersion");
+  if (device.isSwitch() && !device.isSelf() && deviceText(world, device, "firmwareVersion") != master)
+    raiseAlert(world, AlertKind::SwitchFirmwareVersionDifference, deviceEid(world, device),
+               deviceLabel(world, device));
+}
+
 void restore(World &world, const Device &device)
 {
   const std::string word = deviceText(world, device, "pendingReset");
@@ -104,7 +76,10 @@ void restore(World &world, const Device &device)
     return;
   if (word == "factory_default" || word == "factory_default_partial")
     restoreFactoryDefaults(world, device, word == "factory_default_partial");
+  const bool isUpdated = !deviceText(world, device, "nextFirmware").empty();
   startFirmware(world, device);
+  if (isUpdated)
+    tellDifference(world, device);
 }
 
 void logInAutomatically(World &world, unsigned rxIndex)
@@ -138,7 +113,10 @@ void becomeReady(World &world, const Device &device)
   if (device.isSwitch()) {
     if (device.isSelf())
       takeUpRole(world);
-    regainPorts(world, device.index);
+    regainAttached(world, device.index);
+    noteSwitchBack(world, device.index);
+    if (world.store.flag("swx", device.index, "ntpEnable"))
+      synchronizeTime(world, device.index);
     return;
   }
   refreshPortsOf(world, device);
@@ -174,6 +152,41 @@ void forgetAdministrators(World &world)
 
 } // namespace
 
+std::vector<Device> attachedTo(const World &world, unsigned swxIndex)
+{
+  std::vector<Device> devices;
+  for (const DeviceKind *kind : {&kReceivers, &kTransmitters}) {
+    const Resource &resource = *findResource(kind->resource);
+    const int position = resource.position("attachedSwx");
+    for (const auto &entry : world.store.records(resource))
+      if (world.store.value(resource, entry.second, position).number() == swxIndex)
+        devices.push_back({kind, entry.first});
+  }
+  return devices;
+}
+
+void loseAttached(World &world, unsigned swxIndex)
+{
+  for (const Device &device : attachedTo(world, swxIndex)) {
+    if (deviceStatus(world, device) == "offline")
+      continue;
+    endSessionsOf(world, device, Ending::LinkDown);
+    setStatus(world, device, "offline");
+    // Not a time to return at, but a mark that the switch brings it back.
+    setReturn(world, device, 1);
+  }
+}
+
+void regainAttached(World &world, unsigned swxIndex)
+{
+  for (const Device &device : attachedTo(world, swxIndex))
+    if (deviceStatus(world, device) == "offline" &&
+        world.store.number(device.kind->resource, device.index, "returnsAt") == 1)
+      bringUp(world, device);
+  refreshPorts(world, swxIndex);
+  refreshPorts(world, 1);
+}
+
 Problem mayReset(const World &world, const Device &device, const std::string &word)
 {
   const std::string status = deviceStatus(world, device);
@@ -197,7 +210,7 @@ void beginReset(World &world, const Device &device, const std::string &word)
     return;
   }
   setStatus(world, device, "resetting");
-  losePorts(world, device.index);
+  loseAttached(world, device.index);
   refreshPorts(world, device.index);
   scheduleStep(world, device, switchTime);
   if (device.isSelf()) {
@@ -211,14 +224,16 @@ void takeOffline(World &world, const Device &device, Clock::Milliseconds returnA
   if (device.isSelf() || deviceStatus(world, device) == "offline")
     return;
   if (device.isSwitch())
-    losePorts(world, device.index);
+    loseAttached(world, device.index);
   else
     endSessionsOf(world, device, Ending::LinkDown);
   setStatus(world, device, "offline");
   setReturn(world, device, 0);
   refreshPortsOf(world, device);
-  if (device.isSwitch())
+  if (device.isSwitch()) {
     refreshPorts(world, 1);
+    noteSwitchLost(world, device.index);
+  }
   if (returnAfter > 0)
     scheduleStep(world, device, returnAfter);
 }

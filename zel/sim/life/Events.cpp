@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "life/Events.h"
 
+#include "data/JsonText.h"
 #include "life/DeviceLife.h"
+#include "life/Steps.h"
 #include "life/Story.h"
 #include "rules/Alerts.h"
 #include "rules/Sessions.h"
@@ -222,12 +224,24 @@ void haveFault(World &world)
   const std::string part = fault.parts[drawn(world, std::size(fault.parts))];
   const std::string eid = world.store.text("swx", anyRecord(world, "swx"), "eid");
   const unsigned instance = raiseAlert(world, fault.begins, eid, part);
-  const AlertKind ends = fault.ends;
-  world.clock.after(absence(world), [&world, ends, eid, part, instance] {
-    raiseAlert(world, ends, eid, part);
-    // What is over needs nobody's acknowledgement any more.
-    world.store.remove("unacknowledgedAlerts", instance);
-  });
+  const Json about(json_pack("{s:i,s:s,s:s,s:i}", "kind", static_cast<int>(fault.ends), "eid", eid.c_str(),
+                             "part", part.c_str(), "instance", static_cast<int>(instance)));
+  std::string text;
+  appendJson(text, Value::nested(about.get()));
+  takeLater(world, Step::EndFault, absence(world), text);
+}
+
+void endFault(World &world, const std::string &about)
+{
+  const Json fault(json_loadb(about.data(), about.size(), 0, nullptr));
+  int kind = 0, instance = 0;
+  const char *eid = "", *part = "";
+  if (json_unpack(fault.get(), "{s:i,s:s,s:s,s:i}", "kind", &kind, "eid", &eid, "part", &part, "instance",
+                  &instance) != 0)
+    return;
+  raiseAlert(world, static_cast<AlertKind>(kind), eid, part);
+  // What is over needs nobody's acknowledgement any more.
+  world.store.remove("unacknowledgedAlerts", static_cast<unsigned>(instance));
 }
 
 void haveReport(World &world)

@@ -5,6 +5,7 @@
 #include "life/World.h"
 
 #include <cstddef>
+#include <string>
 
 namespace zelsim
 {
@@ -17,6 +18,9 @@ void haveFault(World &world);
 
 /// Something that a device has to say.
 void haveReport(World &world);
+
+/// A fault of hardware is over, as a step (Steps.h).
+void endFault(World &world, const std::string &about);
 
 } // namespace zelsim
 

@@ -24,6 +24,7 @@ constexpr Date kDates[] = {
     {"adminSession", "leftAt", 1, 1000},
     {"historicalAlerts", "date", 1, 1000},
     {"unacknowledgedAlerts", "date", 1, 1000},
+    {"pendingStep", "at", 1, 1},
     {"rx", "returnsAt", 2, 1000},
     {"tx", "returnsAt", 2, 1000},
     {"swx", "returnsAt", 2, 1000},

@@ -133,8 +133,10 @@ void addLifeCommands(Commands &commands)
   commands.add("alert", "KIND [EID [TEXT [TEXT]]]", "raise an alert, such as FanFault", 1, 4, alert);
   commands.add("enroll", "ADDRESS", "put the switch under the manager at that address", 1, 1,
                [](World &world, const Words &words) {
-                 enroll(world, words[0]);
-                 return Outcome{};
+                 const Problem problem = enroll(world, words[0]);
+                 return problem
+                            ? Outcome{true, "not possible now (error " + std::to_string(problem.number) + ")"}
+                            : Outcome{};
                });
   commands.add("liveliness", "NUMBER", "how much happens by itself; 0 is nothing", 1, 1, liveliness);
   commands.add("happen", "[COUNT]", "have the next events of the story happen now", 0, 1, happenOften);

@@ -4,6 +4,7 @@
 #include "data/IconFiles.h"
 #include "life/DeviceLife.h"
 #include "life/Events.h"
+#include "life/Steps.h"
 #include "life/UpgradeLife.h"
 #include "rules/AdminSessions.h"
 #include "rules/Management.h"
@@ -52,7 +53,8 @@ void startStory(World &world)
   makePortStatus(world);
   resumeDevices(world);
   resumeUpdates(world);
-  followManagedSetting(world);
+  resumeSteps(world);
+  resumeManagement(world);
   resumeAdminSessions(world);
   world.clientCame = [&world](std::uint64_t client, std::int64_t process) {
     noteClient(world, client, process);

@@ -3,6 +3,7 @@
 
 #include "life/DeviceLife.h"
 #include "life/FirmwareFile.h"
+#include "life/Steps.h"
 #include "life/Story.h"
 #include "rules/Alerts.h"
 #include "rules/Ports.h"
@@ -108,10 +109,8 @@ void complete(World &world, const Device &device)
   if (!world.store.flag("systemGlobals", 0, "resetAfterUpgrade"))
     return;
   // The outcome stands for a while before the device goes: whoever watches it gets to see it.
-  world.clock.after(6 * kTickTime, [&world, device] {
-    if (deviceText(world, device, "upgradeStatus") == "complete" && !mayReset(world, device, "cold_reboot"))
-      beginReset(world, device, "cold_reboot");
-  });
+  takeLater(world, zelsim::Step::RestartUpdated, 6 * kTickTime,
+            device.kind->resource + (" " + std::to_string(device.index)));
 }
 
 // Once the file is known, so is what it is for.
@@ -161,6 +160,18 @@ void beginUpdate(World &world, const Device &device, unsigned upgradeIndex)
   setState(world, device, "upgrading", 0);
   refreshPortsOf(world, device);
   world.clock.after(kTickTime, [&world, device] { tick(world, device); });
+}
+
+void restartUpdated(World &world, const std::string &about)
+{
+  const std::size_t blank = about.find(' ');
+  for (const DeviceKind *kind : kDeviceKinds) {
+    if (about.substr(0, blank) != kind->resource)
+      continue;
+    const Device device = {kind, static_cast<unsigned>(std::strtoul(about.c_str() + blank + 1, nullptr, 10))};
+    if (deviceText(world, device, "upgradeStatus") == "complete" && !mayReset(world, device, "cold_reboot"))
+      beginReset(world, device, "cold_reboot");
+  }
 }
 
 void failNextUpdate(World &world, const Device &device, const std::string &word)

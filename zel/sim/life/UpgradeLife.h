@@ -26,6 +26,9 @@ void beginUpdate(World &world, const Device &device, unsigned upgradeIndex);
 /// The device's next update is to fail so; `word` is one of the "failed..." words.
 void failNextUpdate(World &world, const Device &device, const std::string &word);
 
+/// A device that was updated restarts, as a step (Steps.h); `about` is such as "rx 3".
+void restartUpdated(World &world, const std::string &about);
+
 /// Goes on with every update that a stop interrupted.
 void resumeUpdates(World &world);
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "life/DeviceLife.h"
 #include "rules/Ports.h"
+#include "rules/Rediscovery.h"
 #include "rules/RuleBook.h"
 #include "rules/Sessions.h"
 #include "rules/SwitchRoles.h"
 
-#include <map>
 #include <string>
 
 namespace zelsim
@@ -13,8 +13,6 @@ namespace zelsim
 
 namespace
 {
-
-constexpr Clock::Milliseconds kRediscoveryTime = 20000;
 
 bool isOnePair(const World &world, const Device &device)
 {
@@ -67,39 +65,15 @@ void forgetTarget(World &world, unsigned txIndex)
   }
 }
 
-// What is known of a device that announces itself: what it is, but nothing that was set.
-const char *const kAnnounced[] = {"eid", "detailedDeviceType", "serialNumber", "partNumber",
-                                  "firmwareVersion"};
-const char *const kAnnouncedNumbers[] = {"attachedSwx", "attachedPort", "monitor", "portCount"};
-
-// A device that was removed while it runs announces itself again after a while.
-void rediscover(World &world, const Device &device)
-{
-  std::map<std::string, std::string> texts;
-  std::map<std::string, std::int64_t> numbers;
-  for (const char *parameter : kAnnounced)
-    texts[parameter] = deviceText(world, device, parameter);
-  for (const char *parameter : kAnnouncedNumbers)
-    numbers[parameter] = world.store.number(device.kind->resource, device.index, parameter);
-  world.clock.after(kRediscoveryTime, [&world, device, texts, numbers] {
-    if (!world.store.create(device.kind->resource, device.index))
-      return;
-    for (const auto &entry : texts)
-      world.store.setText(device.kind->resource, device.index, entry.first, entry.second);
-    for (const auto &entry : numbers)
-      world.store.setNumber(device.kind->resource, device.index, entry.first, entry.second);
-    addCompanions(world, device);
-    bringUp(world, device);
-  });
-}
-
 Problem removeTraces(World &world, const Device &device)
 {
   endSessionsOf(world, device, Ending::Disconnected);
   if (device.isTransmitter())
     forgetTarget(world, device.index);
   if (world.settings.liveliness > 0 && deviceStatus(world, device) != "offline")
-    rediscover(world, device);
+    rediscoverLater(world, device);
+  if (device.isSwitch())
+    loseAttached(world, device.index);
   removeCompanions(world, device);
   const auto swx = static_cast<unsigned>(
       device.isSwitch() ? device.index

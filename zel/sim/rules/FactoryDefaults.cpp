@@ -2,6 +2,7 @@
 #include "rules/FactoryDefaults.h"
 
 #include "data/Fleet.h"
+#include "rules/Rediscovery.h"
 
 #include <string_view>
 #include <vector>
@@ -41,15 +42,7 @@ void restoreOne(World &world, const Device &device, bool keepNetwork)
     assignAddresses(world, device.index);
   if (device.isSelf())
     world.store.setText("swx", 1, "mode", "master");
-  if (device.isTransmitter()) {
-    world.store.setText("tx", device.index, "usbMode",
-                        world.store.text("cfgDefaults", 0, "txDefaultUsbMode"));
-    world.store.setText("tx", device.index, "trafficSetting",
-                        world.store.text("cfgDefaults", 0, "txDefaultTrafficPriority"));
-  }
-  if (device.isReceiver())
-    world.store.setNumber("rx", device.index, "sessionInactivityTimeout",
-                          world.store.number("cfgDefaults", 0, "rxDefaultSessionInactivityTimeout"));
+  applyDefaults(world, device);
 }
 
 void restoreAccounts(World &world)

@@ -36,6 +36,11 @@ std::string monitorDataOf(const World &world, const Device &device)
     return pushed.empty() ? encoded(monitorBlock(models[1], 1)) : pushed;
   }
   const auto monitor = static_cast<unsigned>(world.store.number("rx", device.index, "monitor"));
+  if (monitor == kBrokenMonitor) {
+    MonitorBlock block = monitorBlock(models[0], 1);
+    ++block[127];
+    return encoded(block);
+  }
   return monitor ? encoded(monitorBlock(models[(monitor - 1) % count], 0x20000 + device.index))
                  : std::string();
 }

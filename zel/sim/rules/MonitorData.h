@@ -10,6 +10,9 @@
 namespace zelsim
 {
 
+/// A value of a receiver's "monitor": one whose data has a wrong sum.
+constexpr unsigned kBrokenMonitor = 1000;
+
 /// Adds a record to the monitor library. Returns its index, or 0 if the library is full.
 unsigned addMonitor(World &world, const std::string &name, const std::string &description,
                     const MonitorBlock &block, bool isProtected);

@@ -3,6 +3,7 @@
 
 #include "data/JsonText.h"
 #include "rules/Connections.h"
+#include "rules/Topology.h"
 
 #include <map>
 #include <set>
@@ -81,13 +82,30 @@ void addLinks(const World &world, unsigned swxIndex, PortList &ports)
     const unsigned first = slot++ * kLinksPerSlave;
     const auto slavePorts = static_cast<unsigned>(world.store.number("swx", slave, "portCount"));
     const bool up = world.store.text("swx", slave, "status") == "ready";
-    for (unsigned link = 1; up && link <= kLinksPerSlave; ++link) {
+    if (!up || (swxIndex != 1 && swxIndex != slave))
+      continue;
+    const unsigned inUse = linksInUse(world, slave);
+    for (unsigned link = 1; link <= kLinksPerSlave; ++link) {
       const unsigned here = ownPorts + first + link, there = slavePorts + link;
+      const char *state = link <= inUse ? "in_use" : "idle";
       if (swxIndex == 1)
-        ports[here] = {there, "swx", world.store.text("swx", slave, "eid"), "idle"};
-      else if (swxIndex == slave)
-        ports[there] = {here, "swx", ownEid(world), "idle"};
+        ports[here] = {there, "swx", world.store.text("swx", slave, "eid"), state};
+      else
+        ports[there] = {here, "swx", ownEid(world), state};
     }
+  }
+}
+
+void addFaults(const World &world, unsigned swxIndex, PortList &ports)
+{
+  for (const unsigned fault : world.store.indexes("portFault")) {
+    if (world.store.number("portFault", fault, "swx") != swxIndex)
+      continue;
+    const std::string word = world.store.text("portFault", fault, "state");
+    for (const char *state :
+         {"loopback_detected", "self_detected", "invalid_device", "device_error", "device_not_added"})
+      if (word == state)
+        ports[static_cast<unsigned>(world.store.number("portFault", fault, "port"))].state = state;
   }
 }
 
@@ -104,6 +122,7 @@ void refreshPorts(World &world, unsigned swxIndex)
       ports[port] = {};
     addDevices(world, swxIndex, ports);
     addLinks(world, swxIndex, ports);
+    addFaults(world, swxIndex, ports);
   }
   const Resource &resource = *findResource("portStatus");
   world.store.set(resource, swxIndex, resource.position("ports"), Value::nested(textOf(ports)));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "rules/TimeService.h"
 
+#include "life/Steps.h"
+
 #include <string>
 
 namespace zelsim
@@ -46,10 +48,13 @@ void synchronizeTime(World &world, unsigned swxIndex)
   if (!hasServer(world, swxIndex))
     return set("bad_configuration");
   set("pending");
-  world.clock.after(kAnswerTime, [&world, swxIndex] {
-    if (world.store.text("swx", swxIndex, "ntpStatus") == "pending")
-      world.store.setText("swx", swxIndex, "ntpStatus", outcome(world, swxIndex));
-  });
+  takeLater(world, Step::SynchronizeTime, kAnswerTime, std::to_string(swxIndex));
+}
+
+void finishSynchronization(World &world, unsigned swxIndex)
+{
+  if (world.store.text("swx", swxIndex, "ntpStatus") == "pending")
+    world.store.setText("swx", swxIndex, "ntpStatus", outcome(world, swxIndex));
 }
 
 } // namespace zelsim

@@ -12,6 +12,9 @@ namespace zelsim
 /// of 192.0.2.0/24 can't be reached.
 void synchronizeTime(World &world, unsigned swxIndex);
 
+/// The outcome, as a step (Steps.h).
+void finishSynchronization(World &world, unsigned swxIndex);
+
 } // namespace zelsim
 
 #endif // ZEL_SIM_RULES_TIME_SERVICE_H_

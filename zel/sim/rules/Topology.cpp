@@ -15,7 +15,8 @@ unsigned placeOf(const World &world, const char *resource, unsigned index)
   return static_cast<unsigned>(world.store.number(resource, index, "attachedSwx"));
 }
 
-// The links of a slave switch that sessions to other switches occupy.
+} // namespace
+
 unsigned linksInUse(const World &world, unsigned swxIndex)
 {
   unsigned links = 0;
@@ -26,8 +27,6 @@ unsigned linksInUse(const World &world, unsigned swxIndex)
   }
   return links;
 }
-
-} // namespace
 
 Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex)
 {

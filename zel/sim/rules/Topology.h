@@ -11,6 +11,9 @@ namespace zelsim
 /// usable places of switches that are ready, and each slave switch on the way has a link to spare.
 Problem pathBetween(const World &world, unsigned rxIndex, unsigned txIndex);
 
+/// The links of a slave switch that sessions to other switches occupy.
+unsigned linksInUse(const World &world, unsigned swxIndex);
+
 } // namespace zelsim
 
 #endif // ZEL_SIM_RULES_TOPOLOGY_H_
