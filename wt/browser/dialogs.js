@@ -55,8 +55,8 @@ function nameDialog(el) {
   const bar = el.querySelector('.titlebar');
   const titled = bar?.textContent.trim();
   const words = firstWords(el);
-  // Whatever headings the page below has, the dialog's stands below the first of them.
-  bar?.querySelector('h4')?.setAttribute('aria-level', '2');
+  // A modal dialog is all that there is of the page; another one stands below the page's first heading.
+  bar?.querySelector('h4')?.setAttribute('aria-level', configOf(el, 'dialog').m ? '1' : '2');
   if (!el.hasAttribute('aria-label')) {
     const label = titled ? bar : words ?? el.querySelector('.body');
     if (label) el.setAttribute('aria-labelledby', nameOf(label));
