@@ -70,8 +70,15 @@ void WCollapsingContextPanel::setEmptyText(const Wt::WString &text)
     setAttributeValue("data-empty", emptyText);
 }
 
+WTitleTools &WCollapsingContextPanel::titleTools()
+{
+  return *titleBar;
+}
+
 void WCollapsingContextPanel::titleButtonClicked()
 {
+  if (titleBar->takeToolPress())
+    return;
   Wt::WWidget *body = layout->count() > 1 ? layout->itemAt(1)->widget() : 0;
   if (!body)
     return;

@@ -15,6 +15,7 @@ class WVBoxLayout;
 }
 
 class WCollapsingContextPanelTitleBar;
+class WTitleTools;
 
 /**
  * A titled panel that a click on its title folds down to the title.
@@ -47,6 +48,9 @@ public:
   void setEmptyText(const Wt::WString &text);
 
 protected:
+  /// The title line, for tools at its end.
+  WTitleTools &titleTools();
+
   void layoutSizeChanged(int width, int height) override;
 
 private:

@@ -2,16 +2,13 @@
 #ifndef WIDGETS_WCOLLAPSING_CONTEXT_PANEL_TITLE_BAR_H_
 #define WIDGETS_WCOLLAPSING_CONTEXT_PANEL_TITLE_BAR_H_
 
-#include <Wt/WContainerWidget>
+#include "WFoldTitle.h"
+#include "WTitleTools.h"
+
 #include <Wt/WString>
 
-namespace Wt
-{
-class WIconPair;
-}
-
 /// The title line of a panel that folds: shows a mark of the panel's state.
-class WCollapsingContextPanelTitleBar : public Wt::WContainerWidget
+class WCollapsingContextPanelTitleBar : public WTitleTools
 {
 public:
   explicit WCollapsingContextPanelTitleBar(const Wt::WString &title, Wt::WContainerWidget *parent = 0);
@@ -20,7 +17,7 @@ public:
   void stateButtonSet(unsigned int state);
 
 private:
-  Wt::WIconPair *mark;
+  WFoldTitle *line;
 };
 
 #endif // WIDGETS_WCOLLAPSING_CONTEXT_PANEL_TITLE_BAR_H_

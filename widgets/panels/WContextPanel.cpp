@@ -24,6 +24,11 @@ void WContextPanel::setContent(Wt::WWidget *widget, int stretch, Wt::WFlags<Wt::
   layout->addWidget(content, stretch, alignment);
 }
 
+WTitleTools &WContextPanel::titleTools()
+{
+  return *titleBar;
+}
+
 void WContextPanel::layoutSizeChanged(int, int height)
 {
   setLayoutSizeAware(false);

@@ -13,6 +13,7 @@ class WVBoxLayout;
 }
 
 class WContextPanelTitleBar;
+class WTitleTools;
 
 /// A titled panel: a title bar above one content widget.
 class WContextPanel : public Wt::WContainerWidget
@@ -24,6 +25,9 @@ public:
   virtual void setContent(Wt::WWidget *widget, int stretch, Wt::WFlags<Wt::AlignmentFlag> alignment);
 
 protected:
+  /// The title line, for tools at its end.
+  WTitleTools &titleTools();
+
   void layoutSizeChanged(int width, int height) override;
 
 private:

@@ -13,7 +13,7 @@ const int kTitleHeight = 24; ///< pixels
 } // namespace
 
 WContextPanelTitleBar::WContextPanelTitleBar(const Wt::WString &title, Wt::WContainerWidget *parent)
-    : Wt::WContainerWidget(parent)
+    : WTitleTools(parent)
 {
   Wt::WTable *table = new Wt::WTable(this);
   Wt::WText *text = new Wt::WText(title, table->elementAt(0, 0));

@@ -2,11 +2,12 @@
 #ifndef WIDGETS_WCONTEXT_PANEL_TITLE_BAR_H_
 #define WIDGETS_WCONTEXT_PANEL_TITLE_BAR_H_
 
-#include <Wt/WContainerWidget>
+#include "WTitleTools.h"
+
 #include <Wt/WString>
 
 /// The title line of a panel that cannot be folded.
-class WContextPanelTitleBar : public Wt::WContainerWidget
+class WContextPanelTitleBar : public WTitleTools
 {
 public:
   explicit WContextPanelTitleBar(const Wt::WString &title, Wt::WContainerWidget *parent = 0);

@@ -28,33 +28,44 @@ void describe(Wt::WIconPair &mark, const Wt::WString &title)
 
 } // namespace
 
-WFoldTitle WFoldTitle::build(const Wt::WString &title, const char *expandedIcon, const char *collapsedIcon,
-                             Wt::WContainerWidget *parent)
+WFoldTitle::WFoldTitle(const Wt::WString &title, const char *expandedIcon, const char *collapsedIcon,
+                       Wt::WContainerWidget *parent)
+    : Wt::WObject(parent), line(new Wt::WTable(parent))
 {
-  WFoldTitle line;
   const std::string folder = NevoPath_themeBase();
-  line.mark = new Wt::WIconPair(folder + expandedIcon, folder + collapsedIcon, true);
-  describe(*line.mark, title);
-  line.mark->setMargin(Wt::WLength(4), Wt::Left | Wt::Right);
+  mark = new Wt::WIconPair(folder + expandedIcon, folder + collapsedIcon, true);
+  describe(*mark, title);
+  mark->setMargin(Wt::WLength(4), Wt::Left | Wt::Right);
+  mark->icon1Clicked().connect(this, &WFoldTitle::showState);
+  mark->icon2Clicked().connect(this, &WFoldTitle::showState);
 
   // The empty row above the mark sets it on the text's line.
   Wt::WTable *markTable = new Wt::WTable();
   new Wt::WText(Wt::WString(), markTable->elementAt(0, 0));
   markTable->rowAt(0)->setHeight(Wt::WLength(2));
-  markTable->elementAt(1, 0)->addWidget(line.mark);
+  markTable->elementAt(1, 0)->addWidget(mark);
 
   Wt::WText *words = new Wt::WText(title);
   words->setWordWrap(false);
   words->setAttributeValue("role", "heading");
   words->setAttributeValue("aria-level", "2");
 
-  line.table = new Wt::WTable(parent);
-  Wt::WTableCell *markCell = line.table->elementAt(0, 0);
+  Wt::WTableCell *markCell = line->elementAt(0, 0);
   markCell->addWidget(markTable);
   markCell->setContentAlignment(Wt::AlignMiddle);
   markCell->setMargin(Wt::WLength(4));
-  Wt::WTableCell *textCell = line.table->elementAt(0, 1);
+  Wt::WTableCell *textCell = line->elementAt(0, 1);
   textCell->addWidget(words);
   textCell->setContentAlignment(Wt::AlignMiddle);
-  return line;
+}
+
+void WFoldTitle::setState(int newState)
+{
+  state = newState;
+  showState();
+}
+
+void WFoldTitle::showState()
+{
+  mark->setState(state);
 }

@@ -6,7 +6,6 @@
 
 #include <Wt/WAnimation>
 #include <Wt/WEvent>
-#include <Wt/WIconPair>
 
 namespace
 {
@@ -19,9 +18,8 @@ WNavAccordionTitleButton::WNavAccordionTitleButton(const Wt::WString &title, WNa
                                                    Wt::WContainerWidget *parent)
     : Wt::WContainerWidget(parent), cell(body)
 {
-  mark = WFoldTitle::build(title, "nav-accordion-title-button-expanded-idle.png",
-                           "nav-accordion-title-button-collapsed-idle.png", this)
-             .mark;
+  line = new WFoldTitle(title, "nav-accordion-title-button-expanded-idle.png",
+                        "nav-accordion-title-button-collapsed-idle.png", this);
   setVerticalAlignment(Wt::AlignMiddle);
   setMargin(Wt::WLength(2));
   mouseWentUp().connect(this, &WNavAccordionTitleButton::titleButtonClicked);
@@ -31,10 +29,10 @@ void WNavAccordionTitleButton::titleButtonClicked()
 {
   const Wt::WAnimation fade(Wt::WAnimation::Fade, Wt::WAnimation::Linear, kFadeMilliseconds);
   if (!cell->isHidden()) {
-    mark->setState(1);
+    line->setState(1);
     cell->animateHide(fade);
   } else {
-    mark->setState(0);
+    line->setState(0);
     cell->animateShow(fade);
   }
 }

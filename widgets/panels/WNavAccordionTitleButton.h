@@ -5,11 +5,7 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WString>
 
-namespace Wt
-{
-class WIconPair;
-}
-
+class WFoldTitle;
 class WNavAccordionStdCell;
 
 /// The title of an action bar's section; a click folds the section's body, each section for itself.
@@ -24,7 +20,7 @@ private:
   void titleButtonClicked();
 
   WNavAccordionStdCell *cell;
-  Wt::WIconPair *mark;
+  WFoldTitle *line;
 };
 
 #endif // WIDGETS_WNAV_ACCORDION_TITLE_BUTTON_H_

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "base/RawEvent.h"
 #include "dom/Element.h"
 
 #include <Wt/WContainerWidget>
 #include <Wt/WIconPair>
 #include <Wt/WImage>
 #include <cstring>
+#include <functional>
 
 namespace Wt
 {
@@ -12,7 +14,8 @@ namespace Wt
 namespace
 {
 
-/// An icon of a pair: where a click switches, it ends there, and the icon is a button for the keyboard.
+/// An icon of a pair: where a click switches, it ends there, and the icon is a button for the keyboard. The
+/// pair switches before the application hears of the click, so that a slot has the last word.
 class PairIcon : public WImage
 {
 public:
@@ -21,7 +24,16 @@ public:
   {
   }
 
+  std::function<void()> switchPair;
+
 protected:
+  void handleDomEvent(Dom::Element &at, const Engine::RawEvent &event) override
+  {
+    if (switches_ && event.name == "click")
+      switchPair();
+    WImage::handleDomEvent(at, event);
+  }
+
   void render(Dom::Element &e) override
   {
     WImage::render(e);
@@ -45,13 +57,17 @@ WIconPair::WIconPair(const std::string &icon1Url, const std::string &icon2Url, b
 {
   setImplementation(pair_);
   pair_->setInline(true);
-  icon1_ = new PairIcon(icon1Url, clickIsSwitch, pair_);
-  icon2_ = new PairIcon(icon2Url, clickIsSwitch, pair_);
+  PairIcon *first = new PairIcon(icon1Url, clickIsSwitch, pair_);
+  PairIcon *second = new PairIcon(icon2Url, clickIsSwitch, pair_);
+  icon1_ = first;
+  icon2_ = second;
   icon2_->hide();
-  if (clickIsSwitch) {
-    icon1_->clicked().connect(this, &WIconPair::switchTo2);
-    icon2_->clicked().connect(this, &WIconPair::switchTo1);
-  }
+  if (!clickIsSwitch)
+    return;
+  first->switchPair = [this] { setState(1); };
+  second->switchPair = [this] { setState(0); };
+  icon1_->clicked().connect(this, &WIconPair::moveFocus);
+  icon2_->clicked().connect(this, &WIconPair::moveFocus);
 }
 
 WIconPair::~WIconPair() = default;
@@ -77,20 +93,12 @@ EventSignal<WMouseEvent> &WIconPair::icon2Clicked()
   return icon2_->clicked();
 }
 
-void WIconPair::switchTo1()
+void WIconPair::moveFocus()
 {
-  const bool focus = icon2_->hasFocus();
-  setState(0);
-  if (focus)
-    icon1_->setFocus();
-}
-
-void WIconPair::switchTo2()
-{
-  const bool focus = icon1_->hasFocus();
-  setState(1);
-  if (focus)
-    icon2_->setFocus();
+  WImage *hidden = state() == 0 ? icon2_ : icon1_;
+  WImage *shown = state() == 0 ? icon1_ : icon2_;
+  if (hidden->hasFocus())
+    shown->setFocus();
 }
 
 } // namespace Wt

@@ -15,7 +15,8 @@ class WImage;
 
 /**
  * Two icons of which one shows. With click switching a click shows the other one, and is no click on what the
- * pair stands in (the mouse's going down and up are); the keyboard can do the same.
+ * pair stands in (the mouse's going down and up are); the keyboard can do the same. A slot of the icons'
+ * clicks that sets the state has the last word.
  */
 class WIconPair : public WCompositeWidget
 {
@@ -36,8 +37,8 @@ public:
   EventSignal<WMouseEvent> &icon2Clicked();
 
 private:
-  void switchTo1();
-  void switchTo2();
+  /// To the icon that shows.
+  void moveFocus();
 
   WContainerWidget *pair_;
   WImage *icon1_;

@@ -400,6 +400,11 @@ void WWebWidget::tellLayoutSize(const Engine::RawEvent &event)
     if (parsed.ec != std::errc() || size[i] < 0 || size[i] > 1000000)
       return;
   }
+  // The page has changed the height by itself: a widget that keeps another one says it anew.
+  if (event.args.size() > 2 && event.args[2] == "1" && element_) {
+    element_->assume("*height", std::to_string(size[1]) + "px");
+    repaint();
+  }
   std::vector<WWidget *> told;
   for (WWidget *w = this; w && w->webWidget() == this; w = w->parent())
     if (w->layoutSizeAware())

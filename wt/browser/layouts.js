@@ -5,6 +5,7 @@ import { tell } from './messages.js';
 import { behaviours, texts } from './page.js';
 
 const sizes = new WeakMap();
+const handSized = new WeakSet(); // elements whose own height a border's handle has changed, which is not told yet
 const sizeObserver = new ResizeObserver(entries => {
   for (const { target, contentRect, borderBoxSize: [border] } of entries) {
     if (!target.isConnected || !target.getClientRects().length) continue;
@@ -15,7 +16,7 @@ const sizeObserver = new ResizeObserver(entries => {
     const told = sizes.get(target);
     if (told && told[0] === w && told[1] === h) continue;
     sizes.set(target, [w, h]);
-    tell(target, 'size', { a: [w, h] });
+    tell(target, 'size', { a: handSized.delete(target) ? [w, h, 1] : [w, h] });
   }
 });
 behaviours.size = {
@@ -68,7 +69,10 @@ behaviours.split = {
     const resize = (targets, sizes, by) => targets.forEach((target, i) => {
       const size = Math.max(leastSize, sizes[i] + by);
       if (getComputedStyle(target.parentElement).display === 'flex') target.style.flex = `0 0 ${size}px`;
-      else target.style[side] = size + 'px';
+      else {
+        target.style[side] = size + 'px';
+        if (vertical) handSized.add(target);
+      }
       told(size);
     });
     const start = () => {

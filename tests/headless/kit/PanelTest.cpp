@@ -108,6 +108,20 @@ TEST_F(FoldingPanel, foldsAndOpensByItsMarkToo)
   EXPECT_TRUE(markSaysOpen());
 }
 
+TEST_F(FoldingPanel, keepsMarkAndContentAtOneWhereASecondClickComesBeforeTheFirstOnesAnswer)
+{
+  Visitor::Node *mark = visitor_.byAttribute("src", kOpenMark);
+  // The page still shows the open mark when it is clicked for the second time.
+  ASSERT_TRUE(visitor_.click(mark));
+  EXPECT_FALSE(contentShows());
+  Visitor::Node *title = visitor_.byClass("nevo-context-panel-title-button-collapsing");
+  mark->settings.erase("hidden");
+  ASSERT_TRUE(visitor_.event(title, "mouseup"));
+  ASSERT_TRUE(visitor_.event(mark, "click"));
+  EXPECT_TRUE(contentShows());
+  EXPECT_TRUE(markSaysOpen());
+}
+
 TEST_F(FoldingPanel, fadesFor300Milliseconds)
 {
   visitor_.page().calls.clear();
@@ -183,6 +197,19 @@ TEST_F(AdaptivePanel, foldsBelow90PixelsAndOpensFrom90)
   EXPECT_TRUE(contentShows());
   EXPECT_EQ(height(), "90px");
   EXPECT_TRUE(markSaysOpen());
+}
+
+TEST_F(AdaptivePanel, saysItsHeightAnewWhereADraggedBorderHasFoldedIt)
+{
+  const auto drag = [this](int to) {
+    visitor_.script(visitor_.panel("Details"), "size", "800," + std::to_string(to) + ",1");
+  };
+  drag(89);
+  EXPECT_EQ(height(), "24px");
+  visitor_.panel("Details")->settings["*height"] = "64px"; // the border goes on
+  drag(64);
+  EXPECT_EQ(height(), "24px");
+  EXPECT_FALSE(contentShows());
 }
 
 TEST_F(AdaptivePanel, opensToTheHeightThatItHadLast)

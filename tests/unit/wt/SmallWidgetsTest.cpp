@@ -319,6 +319,19 @@ TEST(WIconPair, switchesByAClickWhichDoesNotReachWhatItStandsIn)
   EXPECT_EQ("row-up icon1 row-up icon2", record.text);
 }
 
+TEST(WIconPair, leavesTheLastWordToASlotThatSetsTheState)
+{
+  WIconPair *pair = nullptr;
+  WidgetPage page([&](WContainerWidget *root) {
+    pair = new WIconPair("1.png", "2.png", true, root);
+    pair->icon1Clicked().connect(std::bind([&pair] { pair->setState(0); }));
+  });
+  page.browser->focusOn(page.tag("img"));
+  page.browser->click(page.tag("img"));
+  EXPECT_EQ(0, pair->state());
+  page.run([&] { EXPECT_TRUE(pair->icon1()->hasFocus()); });
+}
+
 TEST(WIconPair, letsAClickThroughWhereItDoesNotSwitch)
 {
   Record record;
