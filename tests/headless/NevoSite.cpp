@@ -163,6 +163,31 @@ Row Visitor::selected(const std::string &title) const
   return texts;
 }
 
+void Visitor::typeAt(Node *listens, const std::string &ascii)
+{
+  for (const char letter : ascii) {
+    const std::string code = std::to_string(static_cast<int>(letter));
+    event(listens, "keypress", "{\"k\":" + code + ",\"c\":" + code + ",\"t\":\"" + letter + "\"}");
+  }
+}
+
+void Visitor::keyAt(Node *listens, int keyCode)
+{
+  event(listens, "keydown", "{\"k\":" + std::to_string(keyCode) + "}");
+}
+
+std::string Visitor::markIn(const Node *place)
+{
+  if (!place)
+    return "?";
+  if (place->hasClass("nevo-list-filter"))
+    return place->children.empty() ? "" : place->children.front()->allText();
+  for (const Node *child : place->children)
+    if (const std::string text = markIn(child); text != "?")
+      return text;
+  return "?";
+}
+
 void Visitor::selectRow(const std::string &title, int row)
 {
   event(list(title), "table:down", "{\"a\":[" + std::to_string(row) + ",1],\"b\":1,\"m\":0}");

@@ -48,6 +48,15 @@ public:
   // The first texts of the selected rows.
   Row selected(const std::string &title) const;
   void selectRow(const std::string &title, int row);
+
+  // Types into the list of a panel, as somebody does whose keyboard is there.
+  void typeInto(const std::string &title, const std::string &ascii) { typeAt(panel(title), ascii); }
+  void keyInto(const std::string &title, int keyCode) { keyAt(panel(title), keyCode); }
+  void typeAt(Node *listens, const std::string &ascii);
+  void keyAt(Node *listens, int keyCode);
+  // What the list's filter mark says; nothing without a filter.
+  std::string filterMark(const std::string &title) const { return markIn(panel(title)); }
+  static std::string markIn(const Node *place);
 };
 
 // The system's sessions in the test's process, with its texts, its attributes and a clock that stands still

@@ -62,6 +62,8 @@ public:
         found.push_back(view);
     return found.size() == 3 ? found[which] : nullptr;
   }
+  // What the list stands in, which hears the keys.
+  Node *placeOf(List which) const { return listOf(which)->parent; }
   std::vector<Row> choices(List which) const
   {
     std::vector<Row> texts;

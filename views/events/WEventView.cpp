@@ -3,8 +3,8 @@
 
 #include "Db.h"
 #include "EventHistoryResource.h"
+#include "SelectionCommand.h"
 #include "Text.h"
-#include "WAutoSizeTableView.h"
 #include "WConfirmation.h"
 #include "WEventViewDetails.h"
 #include "WEventViewHistList.h"
@@ -17,7 +17,6 @@
 #include <Wt/WLink>
 #include <Wt/WVBoxLayout>
 #include <string>
-#include <vector>
 
 namespace
 {
@@ -43,7 +42,7 @@ WEventView::WEventView(Wt::WContainerWidget *parent)
 {
   setUpList(*unAckedEventList);
   setUpList(*histEventList);
-  const WViewFrame frame = WViewFrame::build(*this);
+  const WViewFrame frame = WViewFrame::build(*this, Wt::AlignJustify | Wt::AlignTop);
   addActions(*frame.accordion);
   frame.panels->addWidget(unAckedEventList);
   frame.panels->addWidget(histEventList);
@@ -51,10 +50,8 @@ WEventView::WEventView(Wt::WContainerWidget *parent)
   frame.panels->setResizable(0);
   frame.panels->setResizable(1);
 
-  unAckedConnection = unAckedEventList->tableView->selectionChanged().connect(
-      this, &WEventView::unAckedEventListSelectionChangedHandler);
-  histConnection = histEventList->tableView->selectionChanged().connect(
-      this, &WEventView::histEventListSelectionChangedHandler);
+  unAckedEventList->selectionChanged().connect(this, &WEventView::unAckedEventListSelectionChangedHandler);
+  histEventList->selectionChanged().connect(this, &WEventView::histEventListSelectionChangedHandler);
 }
 
 void WEventView::addActions(WNavAccordion &accordion)
@@ -107,23 +104,20 @@ void WEventView::readFromDatabase(bool)
 
 bool WEventView::refreshList(WEventViewList &list)
 {
-  std::vector<unsigned int> selected = list.selectedInstances();
+  const bool selected = list.numSelected() > 0;
   list.readFromDatabase();
-  if (selected.empty())
-    return false;
-  list.tableView->setSelectedZelIndexes(selected);
-  return true;
+  return selected;
 }
 
 void WEventView::ackActionButtonClicked()
 {
   if (unAckedEventList->numSelected() == 0)
     return;
-  for (const unsigned int instance : unAckedEventList->selectedInstances()) {
-    // Who acknowledged what another one had acknowledged already sees it gone all the same.
-    Db::Errors errors;
-    Db_db.ackSpecificAlert(instance, errors);
-  }
+  // An event that somebody else has acknowledged meanwhile is gone all the same: nobody is told.
+  const SelectionCommand acknowledge = {std::nullopt, SelectionCommand::NotTold, Wt::WString()};
+  acknowledge.run(unAckedEventList->selectedIndexes(), [](unsigned int instance, Db::Errors &errors) {
+    return !Db_db.ackSpecificAlert(instance, errors);
+  });
   readFromDatabase(false);
 }
 
@@ -152,35 +146,31 @@ void WEventView::unAckedEventListSelectionChangedHandler()
     ackCell->enableActionButton();
   else
     ackCell->disableActionButton();
-  followSelection(*unAckedEventList, *histEventList, histConnection,
-                  &WEventView::histEventListSelectionChangedHandler);
+  followSelection(*unAckedEventList, *histEventList);
 }
 
 void WEventView::histEventListSelectionChangedHandler()
 {
-  followSelection(*histEventList, *unAckedEventList, unAckedConnection,
-                  &WEventView::unAckedEventListSelectionChangedHandler);
+  followSelection(*histEventList, *unAckedEventList);
   // That took the other list's selection away without its handler.
   if (histEventList->numSelected() > 0)
     ackCell->disableActionButton();
 }
 
-void WEventView::followSelection(WEventViewList &list, WEventViewList &other,
-                                 SignalConnection &otherConnection, Handler otherChanged)
+void WEventView::followSelection(WEventViewList &list, WEventViewList &other)
 {
   std::string date;
   std::string type;
   std::string eid;
   std::string message;
   if (list.numSelected() > 0) {
-    otherConnection.disconnect();
-    other.tableView->clearSelection();
-    otherConnection = other.tableView->selectionChanged().connect(this, otherChanged);
+    other.clearSelection();
     unsigned int instance = 0;
     list.getCurrentlySelectedRecord(instance, date, type, eid, message);
   } else if (other.numSelected() > 0) {
     return;
   }
   const auto shown = [](const std::string &value) { return Wt::WString::fromUTF8(value); };
+  details->showNothingSelected(list.numSelected() == 0);
   details->msgDetails->setContent(shown(type), shown(date), shown(eid), shown(message));
 }

@@ -3,7 +3,6 @@
 #define VIEWS_EVENTS_WEVENT_VIEW_H_
 
 #include "MainView.h"
-#include "SignalConnection.h"
 
 #include <Wt/WContainerWidget>
 
@@ -37,15 +36,12 @@ public:
   virtual void histEventListSelectionChangedHandler();
 
 private:
-  typedef void (WEventView::*Handler)();
-
   void addActions(WNavAccordion &accordion);
   WNavAccordionStdCell *addAction(WNavAccordion &accordion, const Wt::WString &title,
                                   const Wt::WString &button, const Wt::WString &description);
   /// Reads a list anew and selects in it what was selected before; true if there was something.
   bool refreshList(WEventViewList &list);
-  void followSelection(WEventViewList &list, WEventViewList &other, SignalConnection &otherConnection,
-                       Handler otherChanged);
+  void followSelection(WEventViewList &list, WEventViewList &other);
 
   WEventViewUnAckedList *unAckedEventList;
   WEventViewHistList *histEventList;
@@ -53,8 +49,6 @@ private:
   WNavAccordionStdCell *ackCell;
   WNavAccordionStdCell *ackAllCell;
   EventHistoryResource *historyResource;
-  SignalConnection unAckedConnection;
-  SignalConnection histConnection;
 };
 
 #endif // VIEWS_EVENTS_WEVENT_VIEW_H_

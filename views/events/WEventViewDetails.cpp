@@ -31,3 +31,8 @@ WEventViewDetails::WEventViewDetails(const Wt::WString &title, int height, Wt::W
   tabs->addTab(page, text("Details"));
   setContent(tabs, 1, Wt::AlignJustify);
 }
+
+void WEventViewDetails::showNothingSelected(bool nothing)
+{
+  setAttributeValue("data-empty", nothing ? text("Select an event to see the details.") : Wt::WString());
+}

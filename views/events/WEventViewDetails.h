@@ -13,6 +13,9 @@ public:
   /// `height` in pixels.
   WEventViewDetails(const Wt::WString &title, int height, Wt::WContainerWidget *parent = 0);
 
+  /// Says below the empty fields that nothing is selected, or takes that away.
+  void showNothingSelected(bool nothing);
+
   WEventViewMsgDetails *msgDetails;
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "WEventViewList.h"
 
-#include "NevoUtil.h"
 #include "Text.h"
 #include "WAutoSizeTableView.h"
 #include "WNumericSortFilterProxyModel.h"
@@ -11,22 +10,14 @@
 
 WEventViewList::WEventViewList(const Wt::WString &title, AlertRows::Retrieve retrieveCall,
                                const Wt::WString &emptyText, Wt::WContainerWidget *parent)
-    : WObjListContextPanel(title, AlertRows::ColumnCount, parent), retrieve(retrieveCall)
+    : WObjListContextPanel(title, "instance ID", AlertRows::columns(), parent), retrieve(retrieveCall)
 {
-  setColumns(AlertRows::headings("instance ID"));
-  tableView->setAttributeValue("data-empty", emptyText);
+  records->setEmptyText(emptyText);
 }
 
 void WEventViewList::readFromDatabase()
 {
-  AlertRows::read(retrieve, *model);
-}
-
-std::vector<unsigned int> WEventViewList::selectedInstances() const
-{
-  std::vector<unsigned int> instances;
-  NevoUtil_modelIndexSetToZelIndexVect(tableView->selectedIndexes(), model, proxyModel, instances);
-  return instances;
+  showRecords(AlertRows::read(retrieve));
 }
 
 bool WEventViewList::getCurrentlySelectedRecord(unsigned int &index, std::string &date, std::string &type,

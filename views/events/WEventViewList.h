@@ -6,7 +6,6 @@
 #include "WObjListContextPanel.h"
 
 #include <string>
-#include <vector>
 
 /// What the events tab's two lists have in common: one of the store's lists of alerts, the newest on top.
 class WEventViewList : public WObjListContextPanel
@@ -18,9 +17,6 @@ public:
   /// leaves the texts empty, or if it cannot be read, which the message then says.
   virtual bool getCurrentlySelectedRecord(unsigned int &index, std::string &date, std::string &type,
                                           std::string &eid, std::string &message);
-
-  /// The instances of the selected rows.
-  std::vector<unsigned int> selectedInstances() const;
 
 protected:
   /// `retrieve` gets the store's list; `emptyText` is what an empty list says.

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "WDashView.h"
 
-#include "NevoUtil.h"
-#include "WAutoSizeTableView.h"
 #include "WDashViewEventList.h"
 #include "WDashViewSesList.h"
-#include "WNumericSortFilterProxyModel.h"
 
 #include <Wt/WGridLayout>
-#include <Wt/WStandardItemModel>
-#include <vector>
 
 namespace
 {
@@ -19,24 +14,6 @@ void setUpList(Wt::WContainerWidget &list)
   list.setInline(false);
   list.setMinimumSize(Wt::WLength(0), Wt::WLength(24));
   list.setOverflow(Wt::WContainerWidget::OverflowAuto, Wt::Horizontal | Wt::Vertical);
-}
-
-/// The rows of a selection, which outlive the model's rebuild as its indexes do not.
-std::vector<int> rowsOf(const Wt::WModelIndexSet &indexes)
-{
-  std::vector<int> rows;
-  for (const Wt::WModelIndex &index : indexes)
-    rows.push_back(index.row());
-  return rows;
-}
-
-Wt::WModelIndexSet indexesOf(const std::vector<int> &rows, const Wt::WAbstractItemModel &model)
-{
-  Wt::WModelIndexSet indexes;
-  for (const int row : rows)
-    if (row < model.rowCount())
-      indexes.insert(model.index(row, 0));
-  return indexes;
 }
 
 } // namespace
@@ -72,13 +49,6 @@ void WDashView::readAnew()
 
 void WDashView::readFromDatabase()
 {
-  Wt::WModelIndexSet selected = sessionList->tableView->selectedIndexes();
-  std::vector<unsigned int> sessionIndexes;
-  NevoUtil_modelIndexSetToZelIndexVect(selected, sessionList->model, sessionList->proxyModel, sessionIndexes);
   sessionList->readFromDatabase();
-  sessionList->tableView->setSelectedZelIndexes(sessionIndexes);
-
-  const std::vector<int> eventRows = rowsOf(eventList->tableView->selectedIndexes());
   eventList->readFromDatabase();
-  eventList->tableView->setSelectedIndexes(indexesOf(eventRows, *eventList->proxyModel));
 }

@@ -3,9 +3,6 @@
 
 #include "AlertRows.h"
 #include "Text.h"
-#include "WAutoSizeTableView.h"
-
-#include <Wt/WStandardItemModel>
 
 namespace
 {
@@ -15,20 +12,19 @@ const int kPanelHeight = 260; ///< pixels
 } // namespace
 
 WDashViewEventList::WDashViewEventList(Wt::WContainerWidget *parent)
-    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, kPanelHeight, AlertRows::ColumnCount,
-                                     parent)
+    : WCollapsingObjListContextPanel(text("Events"), HeightAdaptive, kPanelHeight, "InstanceID",
+                                     AlertRows::columns(), parent)
 {
-  setColumns(AlertRows::headings("InstanceID"));
-  tableView->setAttributeValue("data-empty", text("There are no unacknowledged events."));
+  records->setSelectionStays(RecordList::AtItsRow);
+  records->setEmptyText(text("There are no unacknowledged events."));
 }
 
 void WDashViewEventList::eventLogClear()
 {
-  if (model->rowCount() > 0)
-    model->removeRows(0, model->rowCount());
+  removeAllRows();
 }
 
 void WDashViewEventList::readFromDatabase()
 {
-  AlertRows::read(AlertRecord::readUnacknowledged, *model);
+  showRecords(AlertRows::read(AlertRecord::readUnacknowledged));
 }

@@ -4,8 +4,6 @@
 
 #include "WCollapsingObjListContextPanel.h"
 
-struct SessionRecord;
-
 /// The dashboard's list of user sessions: who works at which receiver with which transmitter, and for how
 /// long.
 class WDashViewSesList : public WCollapsingObjListContextPanel
@@ -14,9 +12,6 @@ public:
   explicit WDashViewSesList(Wt::WContainerWidget *parent = 0);
 
   void readFromDatabase() override;
-
-private:
-  void fillRow(int row, const SessionRecord &session);
 };
 
 #endif // VIEWS_SESSIONS_WDASH_VIEW_SES_LIST_H_

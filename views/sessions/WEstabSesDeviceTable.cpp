@@ -5,19 +5,23 @@
 
 WEstabSesDeviceTable::WEstabSesDeviceTable(const Wt::WString &eidHeading, const Wt::WString &nameHeading,
                                            Wt::WContainerWidget *parent)
-    : WRecordTable(300, 200, {{eidHeading, 125}, {nameHeading, 150}}, parent)
+    : WRecordTable(300, 200, {{eidHeading, Wt::AlignLeft, 125}, {nameHeading, Wt::AlignLeft, 150}}, parent)
 {
 }
 
-bool WEstabSesDeviceTable::addDevices(Info_DeviceType type,
-                                      const std::function<bool(const DeviceRecord &)> &offered)
+bool WEstabSesDeviceTable::showDevices(Info_DeviceType type,
+                                       const std::function<bool(const DeviceRecord &)> &offered)
 {
   const auto devices = DeviceRecord::readAll(type);
-  // A store without such devices answers with an error.
-  if (!devices || devices->empty())
+  if (!devices) {
+    records->show(std::nullopt);
     return true;
+  }
+  ListRows rows;
   for (const DeviceRecord &device : *devices)
     if (AccessRules_inService(device) && offered(device))
-      addRecord(device.index, {device.eid, device.name});
-  return false;
+      rows.push_back({device.index, {device.eid, device.name}});
+  records->show(rows);
+  // A store without such devices answers with an error.
+  return devices->empty();
 }

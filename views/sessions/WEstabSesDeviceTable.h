@@ -14,9 +14,9 @@ protected:
   WEstabSesDeviceTable(const Wt::WString &eidHeading, const Wt::WString &nameHeading,
                        Wt::WContainerWidget *parent);
 
-  /// Adds the receivers or transmitters that are in service and that the choice takes. True, and nothing is
-  /// added, if they cannot be read.
-  bool addDevices(Info_DeviceType type, const std::function<bool(const DeviceRecord &)> &offered);
+  /// Shows the receivers or transmitters that are in service and that the choice takes. True, and none shows,
+  /// if they cannot be read.
+  bool showDevices(Info_DeviceType type, const std::function<bool(const DeviceRecord &)> &offered);
 };
 
 #endif // VIEWS_SESSIONS_WESTAB_SES_DEVICE_TABLE_H_

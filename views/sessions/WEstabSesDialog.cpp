@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WEstabSesDialog.h"
 
+#include "ListFilter.h"
 #include "NevoPath.h"
 #include "Text.h"
 #include "WDialogTitle.h"
@@ -66,10 +67,12 @@ void WEstabSesDialog::addLists(Wt::WTableCell *cell)
     place->setContentAlignment(Wt::AlignLeft | Wt::AlignTop);
     place->setPadding(Wt::WLength(kListPadding));
     list->setMargin(Wt::WLength(kListMargin), Wt::Top | Wt::Bottom);
+    addFilter(*list->records, *place);
+    place->enterPressed().connect(this, &WEstabSesDialog::enterPressedInList);
   }
-  usrTable->selectionChanged().connect(this, &WEstabSesDialog::usrSelectionChangedHandler);
-  rxTable->selectionChanged().connect(this, &WEstabSesDialog::rxSelectionChangedHandler);
-  txTable->selectionChanged().connect(this, &WEstabSesDialog::txSelectionChangedHandler);
+  usrTable->records->selectionChanged().connect(this, &WEstabSesDialog::usrSelectionChangedHandler);
+  rxTable->records->selectionChanged().connect(this, &WEstabSesDialog::rxSelectionChangedHandler);
+  txTable->records->selectionChanged().connect(this, &WEstabSesDialog::txSelectionChangedHandler);
 }
 
 void WEstabSesDialog::addButtons(Wt::WTableCell *cell)
@@ -102,11 +105,10 @@ bool WEstabSesDialog::getSelectedParameters(unsigned int &user, unsigned int &rx
 
 void WEstabSesDialog::readUsers()
 {
+  usrTable->records->clearSelection();
   usrTable->readFromDatabase(mode());
   rxTable->clearData();
-  rxTable->setEmptyText(text("Select a user."));
   txTable->clearData();
-  txTable->setEmptyText(text("Select a receiver."));
 }
 
 void WEstabSesDialog::modeSelectionChangedHandler()
@@ -118,12 +120,11 @@ void WEstabSesDialog::usrSelectionChangedHandler()
 {
   unsigned int user = 0;
   if (usrTable->selectedRecord(user)) {
+    rxTable->records->clearSelection();
     rxTable->readFromDatabase(
         mode() == Info_ConnectionMode_Private ? Info_AccessMode_Private : Info_AccessMode_Share, user);
-    rxTable->setEmptyText(text("No receiver is free for this user."));
   }
   txTable->clearData();
-  txTable->setEmptyText(text("Select a receiver."));
   connectButton->disable();
 }
 
@@ -133,14 +134,24 @@ void WEstabSesDialog::rxSelectionChangedHandler()
   unsigned int rx = 0;
   if (!usrTable->selectedRecord(user) || !rxTable->selectedRecord(rx))
     return;
+  txTable->records->clearSelection();
   txTable->readFromDatabase(mode(), user, rx);
-  txTable->setEmptyText(text("No transmitter is free for this user."));
   connectButton->disable();
 }
 
 void WEstabSesDialog::txSelectionChangedHandler()
 {
   connectButton->enable();
+}
+
+void WEstabSesDialog::enterPressedInList()
+{
+  unsigned int user = 0;
+  unsigned int rx = 0;
+  unsigned int tx = 0;
+  Info_ConnectionMode chosenMode;
+  if (connectButton->isEnabled() && !getSelectedParameters(user, rx, tx, chosenMode))
+    connectButtonClickedHandler();
 }
 
 void WEstabSesDialog::connectButtonClickedHandler()
@@ -151,5 +162,5 @@ void WEstabSesDialog::connectButtonClickedHandler()
 
 void WEstabSesDialog::cancelButtonClickedHandler()
 {
-  reject();
+  rejectAtOnce();
 }

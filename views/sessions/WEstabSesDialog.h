@@ -3,8 +3,7 @@
 #define VIEWS_SESSIONS_WESTAB_SES_DIALOG_H_
 
 #include "Info.h"
-
-#include <Wt/WDialog>
+#include "WListDialog.h"
 
 namespace Wt
 {
@@ -21,7 +20,7 @@ class WSesMode;
 
 /// Asks for what a new KVM session needs: its mode, then user, receiver and transmitter, where each choice
 /// narrows the next list. Built on the stack, run with exec() and asked; it connects nothing itself.
-class WEstabSesDialog : public Wt::WDialog
+class WEstabSesDialog : public WListDialog
 {
 public:
   WEstabSesDialog();
@@ -42,6 +41,7 @@ private:
   void usrSelectionChangedHandler();
   void rxSelectionChangedHandler();
   void txSelectionChangedHandler();
+  void enterPressedInList();
   void connectButtonClickedHandler();
   void cancelButtonClickedHandler();
 

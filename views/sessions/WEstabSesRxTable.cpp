@@ -9,19 +9,22 @@
 WEstabSesRxTable::WEstabSesRxTable(Wt::WContainerWidget *parent)
     : WEstabSesDeviceTable(text("Receiver EID"), text("Receiver Name"), parent)
 {
+  records->setClearedText(text("Select a user."));
+  records->setEmptyText(text("No receiver is free for this user."));
 }
 
 bool WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int userIndex)
 {
-  clearData();
   std::string userMode;
   Db::Errors errors;
-  if (Db_db.getAllowedAccessModeFromUserIndex(userIndex, userMode, errors) != 0)
+  if (Db_db.getAllowedAccessModeFromUserIndex(userIndex, userMode, errors) != 0) {
+    records->show(std::nullopt);
     return true;
+  }
   const bool sessionCanBe =
       mode >= Info_AccessMode_Share && mode <= Info_AccessMode_ShareOrPrivate && AccessRules_isMode(userMode);
   StoreSnapshot snapshot;
-  return addDevices(Info_DeviceType_Rx, [&](const DeviceRecord &rx) {
+  return showDevices(Info_DeviceType_Rx, [&](const DeviceRecord &rx) {
     return sessionCanBe && AccessRules_isMode(rx.modeAllowed) && AccessRules_admits(mode, rx.modeAllowed) &&
            !AccessRules_clash(userMode, rx.modeAllowed) && !snapshot.isUserAt(rx.index);
   });
@@ -29,5 +32,5 @@ bool WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int userI
 
 void WEstabSesRxTable::clearData()
 {
-  removeAllRecords();
+  records->clear();
 }

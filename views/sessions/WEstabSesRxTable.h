@@ -14,6 +14,7 @@ public:
 
   /// True on failure.
   virtual bool readFromDatabase(Info_AccessMode mode, unsigned int userIndex);
+  /// Takes all rows away.
   virtual void clearData();
 };
 

@@ -28,24 +28,27 @@ bool isFreeFor(Info_ConnectionMode mode, unsigned int txIndex, StoreSnapshot &sn
 WEstabSesTxTable::WEstabSesTxTable(Wt::WContainerWidget *parent)
     : WEstabSesDeviceTable(text("Transmitter EID"), text("Transmitter Name"), parent)
 {
+  records->setClearedText(text("Select a receiver."));
+  records->setEmptyText(text("No transmitter is free for this user."));
 }
 
 bool WEstabSesTxTable::readFromDatabase(Info_ConnectionMode mode, unsigned int userIndex,
                                         unsigned int rxIndex)
 {
-  clearData();
   std::string userMode, rxMode;
   Db::Errors errors;
   if (Db_db.getAllowedAccessModeFromUserIndex(userIndex, userMode, errors) != 0 ||
-      Db_db.readString("rx", rxIndex, "modeAllowed", rxMode, errors) != 0)
+      Db_db.readString("rx", rxIndex, "modeAllowed", rxMode, errors) != 0) {
+    records->show(std::nullopt);
     return true;
+  }
   const bool sessionCanBe = (mode == Info_ConnectionMode_Share || mode == Info_ConnectionMode_Private) &&
                             AccessRules_isMode(rxMode) && AccessRules_isMode(userMode);
   const Info_AccessMode sessionMode = static_cast<Info_AccessMode>(mode);
   const auto rights = sessionCanBe ? TargetRights::read(userIndex, errors) : std::nullopt;
   StoreSnapshot snapshot;
   // What the receiver allows is not held against what the transmitter allows.
-  return addDevices(Info_DeviceType_Tx, [&](const DeviceRecord &tx) {
+  return showDevices(Info_DeviceType_Tx, [&](const DeviceRecord &tx) {
     return rights && !AccessRules_clash(userMode, tx.modeAllowed) && rights->allow(tx.index) &&
            AccessRules_admits(sessionMode, tx.modeAllowed) && isFreeFor(mode, tx.index, snapshot);
   });
@@ -53,5 +56,5 @@ bool WEstabSesTxTable::readFromDatabase(Info_ConnectionMode mode, unsigned int u
 
 void WEstabSesTxTable::clearData()
 {
-  removeAllRecords();
+  records->clear();
 }

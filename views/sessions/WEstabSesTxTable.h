@@ -13,6 +13,7 @@ public:
 
   /// True on failure.
   virtual bool readFromDatabase(Info_ConnectionMode mode, unsigned int userIndex, unsigned int rxIndex);
+  /// Takes all rows away.
   virtual void clearData();
 };
 

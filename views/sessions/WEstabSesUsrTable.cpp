@@ -16,20 +16,25 @@ bool admits(const UserRecord &user, Info_ConnectionMode mode)
 } // namespace
 
 WEstabSesUsrTable::WEstabSesUsrTable(Wt::WContainerWidget *parent)
-    : WRecordTable(178, 200, {{text("Username"), 150}}, parent)
+    : WRecordTable(178, 200, {{text("Username"), Wt::AlignLeft, 150}}, parent)
 {
-  setEmptyText(text("No user may have such a session."));
+  records->setEmptyText(text("No user may have such a session."));
 }
 
 void WEstabSesUsrTable::readFromDatabase(Info_ConnectionMode mode)
 {
-  clearData();
-  for (const UserRecord &user : UserRecord::readWithAllowedMode().value_or(std::vector<UserRecord>()))
-    if (admits(user, mode))
-      addRecord(user.index, {user.shownName()});
+  const auto users = UserRecord::readWithAllowedMode();
+  std::optional<ListRows> rows;
+  if (users) {
+    rows.emplace();
+    for (const UserRecord &user : *users)
+      if (admits(user, mode))
+        rows->push_back({user.index, {user.shownName()}});
+  }
+  records->show(rows);
 }
 
 void WEstabSesUsrTable::clearData()
 {
-  removeAllRecords();
+  records->clear();
 }

@@ -12,6 +12,7 @@ public:
   explicit WEstabSesUsrTable(Wt::WContainerWidget *parent = 0);
 
   virtual void readFromDatabase(Info_ConnectionMode mode);
+  /// Takes all rows away.
   virtual void clearData();
 };
 

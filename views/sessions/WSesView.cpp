@@ -2,22 +2,19 @@
 #include "WSesView.h"
 
 #include "Db.h"
-#include "NevoUtil.h"
+#include "SelectionCommand.h"
 #include "Text.h"
 #include "WAutoSizeTableView.h"
-#include "WConfirmation.h"
 #include "WEstabSesDialog.h"
 #include "WMsgBox.h"
 #include "WNavAccordion.h"
 #include "WNavAccordionStdCell.h"
 #include "WNotice.h"
-#include "WNumericSortFilterProxyModel.h"
 #include "WSesViewAttribs.h"
 #include "WSesViewDetails.h"
 #include "WSesViewList.h"
 #include "WViewFrame.h"
 
-#include <Wt/WStandardItemModel>
 #include <Wt/WVBoxLayout>
 #include <memory>
 
@@ -27,7 +24,6 @@ namespace
 const int kListHeight = 260;   ///< pixels
 const int kSmallestList = 115; ///< pixels
 const int kSettleTime = 1000;  ///< milliseconds that the store takes to drop the rows of ended sessions
-const int kWaitBoxWidth = 250; ///< pixels, at most
 
 struct NewSession {
   unsigned int user = 0;
@@ -57,16 +53,6 @@ void connectSession(const NewSession &wanted)
     WNotice::showError(text("Unable to create session."), errors);
 }
 
-/// Lets the store settle. A box says so, whose loop leaves the server's threads to the other sessions.
-void waitForTheStore()
-{
-  WMsgBox box(WMsgBox::MsgInfo);
-  box.titleSet(text("Disconnecting"));
-  box.msgSet(text("Disconnecting the selected session(s). Please wait."));
-  box.setMaximumSize(Wt::WLength(kWaitBoxWidth), Wt::WLength::Auto);
-  box.execWithTimeout(kSettleTime);
-}
-
 } // namespace
 
 WSesView::WSesView(Wt::WContainerWidget *parent)
@@ -80,8 +66,10 @@ WSesView::WSesView(Wt::WContainerWidget *parent)
   frame.panels->addWidget(list);
   frame.panels->addWidget(details, 1);
   frame.panels->setResizable(0);
-  selectionConnection =
-      list->tableView->selectionChanged().connect(this, &WSesView::sesListSelectionChangedHandler);
+  list->selectionChanged().connect(this, &WSesView::sesListSelectionChangedHandler);
+  settleTimer.setSingleShot(true);
+  settleTimer.setInterval(kSettleTime);
+  settleTimer.timeout().connect(this, &WSesView::storeHasSettled);
   showSelection();
 }
 
@@ -107,27 +95,13 @@ void WSesView::readAnew()
 
 void WSesView::readFromDatabase(bool)
 {
-  // A rebuild of the list is no choice of the user's.
-  selectionConnection.disconnect();
-  std::vector<unsigned int> selected = selectedSessions();
   list->readFromDatabase();
-  list->tableView->setSelectedZelIndexes(selected);
-  selectionConnection =
-      list->tableView->selectionChanged().connect(this, &WSesView::sesListSelectionChangedHandler);
   showSelection();
-}
-
-std::vector<unsigned int> WSesView::selectedSessions() const
-{
-  std::vector<unsigned int> sessions;
-  NevoUtil_modelIndexSetToZelIndexVect(list->tableView->selectedIndexes(), list->model, list->proxyModel,
-                                       sessions);
-  return sessions;
 }
 
 void WSesView::showSelection()
 {
-  const std::vector<unsigned int> selected = selectedSessions();
+  const std::vector<unsigned int> selected = list->selectedIndexes();
   details->attribs->readFromDatabase(selected);
   if (selected.empty()) {
     disconnectCell->disableActionButton();
@@ -148,27 +122,25 @@ void WSesView::estabSesActionButtonClicked()
 
 void WSesView::discSesActionButtonClicked()
 {
-  const WConfirmation confirmation = {"enableDisconnectSessionWarning", text("Confirm Session Disconnect"),
-                                      text("Are you sure you want to disconnect the selected session(s)?"),
-                                      text("Disconnect")};
-  if (!confirmation.ask())
+  const SelectionCommand command = {
+      WConfirmation{"enableDisconnectSessionWarning", text("Confirm Session Disconnect"),
+                    text("Are you sure you want to disconnect the selected session(s)?"), text("Disconnect")},
+      SelectionCommand::EachInItsBox, text("Unable to disconnect session.")};
+  if (!command.isWanted())
     return;
   ZelClient_s *client = 0;
   if (Db_db.getZelClient(client) != 0)
     return;
-  disconnectSelectedSessions();
+  command.run(list->selectedIndexes(), [](unsigned int session, Db::Errors &errors) {
+    return Db_db.destroyKvmSession(session, errors) == 0;
+  });
   list->tableView->setSelectedIndexes(Wt::WModelIndexSet());
-  waitForTheStore();
-  readFromDatabase(true);
+  settleTimer.start();
 }
 
-void WSesView::disconnectSelectedSessions()
+void WSesView::storeHasSettled()
 {
-  for (const unsigned int session : selectedSessions()) {
-    Db::Errors errors;
-    if (Db_db.destroyKvmSession(session, errors) != 0)
-      WNotice::showError(text("Unable to disconnect session."), errors);
-  }
+  readFromDatabase(true);
 }
 
 void WSesView::sesListSelectionChangedHandler()

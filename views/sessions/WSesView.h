@@ -3,10 +3,10 @@
 #define VIEWS_SESSIONS_WSES_VIEW_H_
 
 #include "MainView.h"
-#include "SignalConnection.h"
 
 #include <Wt/WContainerWidget>
-#include <vector>
+#include <Wt/WEvent>
+#include <Wt/WTimer>
 
 class WNavAccordion;
 class WNavAccordionStdCell;
@@ -30,14 +30,13 @@ public:
 
 private:
   void addActions(WNavAccordion &accordion);
-  std::vector<unsigned int> selectedSessions() const;
   void showSelection();
-  void disconnectSelectedSessions();
+  void storeHasSettled();
 
   WSesViewList *list;
   WSesViewDetails *details;
   WNavAccordionStdCell *disconnectCell;
-  SignalConnection selectionConnection;
+  Wt::WTimer settleTimer; ///< runs while the store drops the rows of ended sessions
 };
 
 #endif // VIEWS_SESSIONS_WSES_VIEW_H_

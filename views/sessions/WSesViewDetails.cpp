@@ -28,5 +28,5 @@ WSesViewDetails::WSesViewDetails(Wt::WContainerWidget *parent)
   tabs->setStyleClass("nevo-details-tab");
   tabs->addTab(page, text("Details"));
   setContent(tabs, 1, 0);
-  setEmptyText(text("Select a session to see its details."));
+  setEmptyText(text("Select a session to see the details."));
 }

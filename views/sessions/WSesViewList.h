@@ -4,8 +4,6 @@
 
 #include "WObjListContextPanel.h"
 
-struct SessionRecord;
-
 /// The list of KVM sessions: who works at which receiver with which transmitter, in which mode, for how long.
 class WSesViewList : public WObjListContextPanel
 {
@@ -13,9 +11,6 @@ public:
   explicit WSesViewList(Wt::WContainerWidget *parent = 0);
 
   void readFromDatabase() override;
-
-private:
-  void fillRow(int row, const SessionRecord &session);
 };
 
 #endif // VIEWS_SESSIONS_WSES_VIEW_LIST_H_

@@ -3,31 +3,25 @@
 #define WIDGETS_ALERT_ROWS_H_
 
 #include "AlertRecord.h"
+#include "ListColumn.h"
+#include "ListRow.h"
 
 #include <optional>
-#include <string>
 #include <vector>
 
-namespace Wt
-{
-class WStandardItemModel;
-}
-
-/// The rows of a list of alerts: how a list's model shows what the store gives.
+/// The rows of a list of alerts.
 namespace AlertRows
 {
 
-enum Column { InstanceColumn, DateColumn, TypeColumn, OriginatorColumn, MessageColumn, ColumnCount };
+enum Column { InstanceColumn, DateColumn, TypeColumn, OriginatorColumn, MessageColumn };
 
 /// Reads one of the store's two lists of alerts, such as AlertRecord::readHistory.
 typedef std::optional<std::vector<AlertRecord>> (*Retrieve)();
 
-/// The headings in UTF-8; `instance` heads the hidden column.
-std::vector<std::string> headings(const std::string &instance);
+ListColumns columns();
 
-/// Reads the store's list into the model, the newest alert on top; a list that cannot be read leaves it
-/// empty. A model that shows the list already is not touched.
-void read(Retrieve retrieve, Wt::WStandardItemModel &model);
+/// The store's list, the newest alert on top; none if it cannot be read.
+std::optional<ListRows> read(Retrieve retrieve);
 
 } // namespace AlertRows
 

@@ -10,7 +10,6 @@ namespace
 
 const int kFrameAndScrollBar = 20; ///< pixels of a view's width that no column gets
 const int kCellPadding = 7;        ///< pixels that each column takes beside its width
-const int kLineHeight = 28;        ///< pixels of a row and of the heading
 
 } // namespace
 
@@ -18,8 +17,6 @@ WAutoSizeTableView::WAutoSizeTableView(int columns, Wt::WContainerWidget *parent
     : Wt::WTableView(parent), columnCount(static_cast<std::int8_t>(columns)), hiddenColumnCount(0),
       firstAdaptDone(false), columnWidths(columns > 0 ? columns : 0, 0), lastWidth(0)
 {
-  setRowHeight(Wt::WLength(kLineHeight));
-  setHeaderHeight(Wt::WLength(kLineHeight));
   setLayoutSizeAware(true);
   columnResized().connect(this, &WAutoSizeTableView::columnResizedHandler);
 }

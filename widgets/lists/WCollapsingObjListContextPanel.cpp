@@ -2,24 +2,22 @@
 #include "WCollapsingObjListContextPanel.h"
 
 #include "WAutoSizeTableView.h"
-#include "WNumericSortFilterProxyModel.h"
-#include "WRecordList.h"
-
-#include <Wt/WStandardItemModel>
+#include "WCollapsingContextPanelTitleBar.h"
 
 WCollapsingObjListContextPanel::WCollapsingObjListContextPanel(const Wt::WString &title, HeightType type,
                                                                int height, int columnCount,
                                                                Wt::WContainerWidget *parent)
-    : WCollapsingContextPanel(title, type, height, parent)
+    : WCollapsingContextPanel(title, type, height, parent), ListPanel(columnCount)
 {
-  const WRecordList list = WRecordList::build(columnCount, this);
-  tableView = list.tableView;
-  model = list.model;
-  proxyModel = list.proxyModel;
   setContent(tableView, 1, Wt::AlignJustify);
+  addFilter(*this, titleTools());
 }
 
-void WCollapsingObjListContextPanel::setColumns(const std::vector<std::string> &headings)
+WCollapsingObjListContextPanel::WCollapsingObjListContextPanel(const Wt::WString &title, HeightType type,
+                                                               int height, const std::string &indexHeading,
+                                                               const ListColumns &columns,
+                                                               Wt::WContainerWidget *parent)
+    : WCollapsingObjListContextPanel(title, type, height, static_cast<int>(columns.size()) + 1, parent)
 {
-  WRecordList{model, proxyModel, tableView}.setColumns(headings);
+  setColumns(indexHeading, columns);
 }

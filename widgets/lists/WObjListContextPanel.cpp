@@ -2,39 +2,19 @@
 #include "WObjListContextPanel.h"
 
 #include "WAutoSizeTableView.h"
-#include "WNumericSortFilterProxyModel.h"
-#include "WRecordList.h"
-
-#include <Wt/WStandardItemModel>
+#include "WContextPanelTitleBar.h"
 
 WObjListContextPanel::WObjListContextPanel(const Wt::WString &title, int columnCount,
                                            Wt::WContainerWidget *parent)
-    : WContextPanel(title, parent)
+    : WContextPanel(title, parent), ListPanel(columnCount)
 {
-  const WRecordList list = WRecordList::build(columnCount, this);
-  tableView = list.tableView;
-  model = list.model;
-  proxyModel = list.proxyModel;
   setContent(tableView, 1, Wt::AlignJustify);
+  addFilter(*this, titleTools());
 }
 
-int WObjListContextPanel::rowCount()
+WObjListContextPanel::WObjListContextPanel(const Wt::WString &title, const std::string &indexHeading,
+                                           const ListColumns &columns, Wt::WContainerWidget *parent)
+    : WObjListContextPanel(title, static_cast<int>(columns.size()) + 1, parent)
 {
-  return model->rowCount();
-}
-
-int WObjListContextPanel::numSelected()
-{
-  return static_cast<int>(tableView->selectedIndexes().size());
-}
-
-void WObjListContextPanel::removeAllRows()
-{
-  if (model->rowCount() > 0)
-    model->removeRows(0, model->rowCount());
-}
-
-void WObjListContextPanel::setColumns(const std::vector<std::string> &headings)
-{
-  WRecordList{model, proxyModel, tableView}.setColumns(headings);
+  setColumns(indexHeading, columns);
 }

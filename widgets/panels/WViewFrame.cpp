@@ -17,7 +17,7 @@ const int kLargestBar = 380;
 
 } // namespace
 
-WViewFrame WViewFrame::build(Wt::WContainerWidget &view)
+WViewFrame WViewFrame::build(Wt::WContainerWidget &view, Wt::WFlags<Wt::AlignmentFlag> alignment)
 {
   WViewFrame frame;
   frame.accordion = new WNavAccordion(0);
@@ -30,7 +30,7 @@ WViewFrame WViewFrame::build(Wt::WContainerWidget &view)
   columns->addWidget(frame.accordion);
   columns->addLayout(frame.panels, 1);
   columns->setResizable(0);
-  view.setLayout(columns);
+  view.setLayout(columns, alignment);
   view.addStyleClass("nevo-view");
   return frame;
 }

@@ -2,6 +2,9 @@
 #ifndef WIDGETS_WVIEW_FRAME_H_
 #define WIDGETS_WVIEW_FRAME_H_
 
+#include <Wt/WFlags>
+#include <Wt/WGlobal>
+
 namespace Wt
 {
 class WContainerWidget;
@@ -16,7 +19,9 @@ struct WViewFrame {
   WNavAccordion *accordion; ///< owned by the view
   Wt::WVBoxLayout *panels;  ///< owned by the view's layout; the view adds its panels to it
 
-  static WViewFrame build(Wt::WContainerWidget &view);
+  /// With Wt::AlignTop the panels keep their heights; without, they share the height of the window.
+  static WViewFrame build(Wt::WContainerWidget &view,
+                          Wt::WFlags<Wt::AlignmentFlag> alignment = Wt::AlignJustify);
 };
 
 #endif // WIDGETS_WVIEW_FRAME_H_

@@ -92,10 +92,14 @@ behaviours.table = {
     body.addEventListener('focusin', e => e.target.matches('.Wt-tv-row') && el.focus({ preventScroll: true }));
     el.addEventListener('keydown', e => {
       const all = e.key.toLowerCase() === 'a' && (e.ctrlKey || e.metaKey) && !e.altKey;
-      if (!(all || listKeys.has(e.key)) || e.target !== el) return;
+      if (!(all || listKeys.has(e.key)) || e.target !== el || isTyped(el, e)) return;
       e.preventDefault();
       if (!configOf(el, 'table').select) return scrollByKey(body, e.key);
       tell(el, 'table:key', { a: [e.keyCode, modifiers(e) ?? 0] });
+    });
+    el.addEventListener('keypress', e => {
+      // A blank that is typed does not scroll.
+      if (e.key === ' ' && e.target === el) e.preventDefault();
     });
     body.addEventListener('mouseover', e => {
       const cell = e.target.closest('.Wt-tv-c');
@@ -111,6 +115,13 @@ behaviours.table = {
     el.wtBodySize?.disconnect();
   },
 };
+
+/// A blank is a character where somebody listens for what is typed; with Control it selects all the same.
+function isTyped(list, e) {
+  if (e.key !== ' ' || e.ctrlKey || e.metaKey) return false;
+  for (let el = list; el; el = el.parentElement) if (stateOf(el)?.listeners.keypress) return true;
+  return false;
+}
 
 /// In a list without a selection the keys scroll.
 function scrollByKey(body, key) {

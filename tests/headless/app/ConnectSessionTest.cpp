@@ -349,16 +349,111 @@ TEST_F(ConnectSession, connectsNothingAfterAChangeOfTheModeThoughItsButtonStaysA
   EXPECT_THAT(store_.requests("CREATE"), IsEmpty());
 }
 
-TEST_F(ConnectSession, showsEmptyListsWhereTheStoreFails)
+TEST_F(ConnectSession, showsEmptyListsWithoutAWordWhereTheStoreFails)
 {
   openDialog();
   store_.fail("GET", "rx", R"([{"errno": 1}])");
   visitor_.pick(kUsers, "both");
   EXPECT_THAT(visitor_.choices(kReceivers), IsEmpty());
+  EXPECT_EQ(visitor_.listOf(kReceivers)->get("data-empty"), "");
   store_.hangUp("GET", "user");
   visitor_.pickMode("Private session");
   EXPECT_THAT(visitor_.choices(kUsers), IsEmpty());
-  EXPECT_EQ(visitor_.listOf(kUsers)->get("data-empty"), "No user may have such a session.");
+  EXPECT_EQ(visitor_.listOf(kUsers)->get("data-empty"), "");
   visitor_.press("Cancel");
   EXPECT_FALSE(visitor_.dialog());
+}
+
+TEST_F(ConnectSession, saysThatNothingCanBeChosenOnlyAfterHavingRead)
+{
+  setDevices("rx", {device(1, "private", serving("private"))});
+  openDialog();
+  visitor_.pick(kUsers, "shared");
+  EXPECT_EQ(visitor_.listOf(kReceivers)->get("data-empty"), "No receiver is free for this user.");
+}
+
+TEST_F(ConnectSession, hasListsOfFixedSizesWithAlternatingRows)
+{
+  openDialog();
+  const std::pair<SessionsVisitor::List, const char *> widths[] = {
+      {kUsers, "178px"}, {kReceivers, "300px"}, {kTransmitters, "300px"}};
+  for (const auto &list : widths) {
+    const Visitor::Node *view = visitor_.listOf(list.first);
+    EXPECT_EQ(view->get("*width"), list.second);
+    EXPECT_EQ(view->get("*height"), "200px");
+    EXPECT_EQ(view->parent->get("*padding-left"), "8px");
+    EXPECT_TRUE(view->hasClass("Wt-striped"));
+  }
+}
+
+// ---- Typing in its lists
+
+TEST_F(ConnectSession, findsAReceiverByWhatIsTypedInItsList)
+{
+  openDialog();
+  visitor_.pick(kUsers, "both");
+  visitor_.typeAt(visitor_.placeOf(kReceivers), "shar");
+  EXPECT_THAT(visitor_.names(kReceivers), ElementsAre("shared"));
+  EXPECT_EQ(Visitor::markIn(visitor_.placeOf(kReceivers)), "shar \xE2\x80\x94 1 of 2");
+  EXPECT_THAT(visitor_.names(kUsers), SizeIs(4));
+  visitor_.pick(kReceivers, "shared");
+  visitor_.pick(kTransmitters, "both");
+  store_.forgetRequests();
+  visitor_.press("Connect");
+  EXPECT_THAT(store_.requests("CREATE"), SizeIs(2));
+}
+
+TEST_F(ConnectSession, takesAFilterAwayByEscapeBeforeItCloses)
+{
+  openDialog();
+  visitor_.typeAt(visitor_.placeOf(kUsers), "bo");
+  EXPECT_THAT(visitor_.names(kUsers), ElementsAre("both"));
+  visitor_.keyAt(visitor_.placeOf(kUsers), 27);
+  visitor_.event(visitor_.dialog(), "dialog:escape");
+  ASSERT_TRUE(visitor_.dialog());
+  EXPECT_THAT(visitor_.names(kUsers), SizeIs(4));
+  visitor_.keyAt(visitor_.placeOf(kUsers), 27);
+  visitor_.event(visitor_.dialog(), "dialog:escape");
+  EXPECT_FALSE(visitor_.dialog());
+}
+
+TEST_F(ConnectSession, closesByCancelWhateverIsFiltered)
+{
+  openDialog();
+  visitor_.typeAt(visitor_.placeOf(kUsers), "bo");
+  visitor_.press("Cancel");
+  EXPECT_FALSE(visitor_.dialog());
+}
+
+TEST_F(ConnectSession, doesNotConnectWhatTheFilterHides)
+{
+  openDialog();
+  pickAll();
+  visitor_.typeAt(visitor_.placeOf(kReceivers), "shar");
+  store_.forgetRequests();
+  visitor_.press("Connect");
+  EXPECT_THAT(store_.requests("CREATE"), IsEmpty());
+}
+
+TEST_F(ConnectSession, connectsByEnterInAListOnceAllIsChosen)
+{
+  openDialog();
+  visitor_.pick(kUsers, "both");
+  store_.forgetRequests();
+  visitor_.event(visitor_.placeOf(kUsers), "enter");
+  ASSERT_TRUE(visitor_.dialog());
+  pickAll();
+  visitor_.event(visitor_.placeOf(kTransmitters), "enter");
+  EXPECT_THAT(store_.requests("CREATE"), SizeIs(2));
+}
+
+TEST_F(ConnectSession, doesNotConnectByEnterAfterAChangeOfTheMode)
+{
+  openDialog();
+  pickAll();
+  visitor_.pickMode("Private session");
+  store_.forgetRequests();
+  visitor_.event(visitor_.placeOf(kUsers), "enter");
+  EXPECT_TRUE(visitor_.dialog());
+  EXPECT_THAT(store_.requests("CREATE"), IsEmpty());
 }

@@ -136,13 +136,15 @@ TEST_F(Sessions, sayInWordsThatThereAreNone)
   EXPECT_EQ(visitor_.list(kList)->get("data-empty"), "No receiver is connected to a transmitter.");
 }
 
-TEST_F(Sessions, areNoneWhereTheStoreRefusesToListThem)
+TEST_F(Sessions, areNoneAndAboutWhichNothingIsSaidWhereTheStoreRefusesToListThem)
 {
   watch();
   store_.fail("GET", "connection", R"([{"errno": 1}])");
   visitor_.waitForRefresh();
   EXPECT_THAT(visitor_.sessions(), IsEmpty());
   EXPECT_FALSE(visitor_.dialog());
+  EXPECT_EQ(visitor_.list(kList)->get("data-empty"), "");
+  EXPECT_TRUE(visitor_.list(kList)->hasClass("nevo-list-unread"));
 }
 
 TEST_F(Sessions, liveWithAStoreThatHangsUp)
@@ -152,6 +154,7 @@ TEST_F(Sessions, liveWithAStoreThatHangsUp)
   visitor_.waitForRefresh();
   EXPECT_THAT(visitor_.sessions(), IsEmpty());
   EXPECT_FALSE(visitor_.dialog());
+  EXPECT_EQ(visitor_.list(kList)->get("data-empty"), "");
 }
 
 TEST_F(Sessions, showTextsOfTheStoreAsTheyAre)
@@ -329,13 +332,116 @@ TEST_F(Sessions, areReadAnewOneSecondAfterDisconnecting)
   visitor_.choose(1);
   visitor_.press("Disconnect");
   EXPECT_THAT(visitor_.selected(kList), IsEmpty());
-  EXPECT_THAT(visitor_.dialogText(), HasSubstr("Please wait."));
+  EXPECT_FALSE(visitor_.dialog());
   setSessions({});
   visitor_.advance(999ms);
   EXPECT_THAT(visitor_.sessions(), SizeIs(3));
   visitor_.advance(1ms);
   EXPECT_THAT(visitor_.sessions(), IsEmpty());
   EXPECT_FALSE(visitor_.dialog());
+}
+
+TEST_F(Sessions, canBeChosenWhileTheStoreSettlesAfterDisconnecting)
+{
+  wantWarning(false);
+  watch();
+  visitor_.choose(1);
+  visitor_.press("Disconnect");
+  visitor_.choose(2);
+  EXPECT_EQ(visitor_.details()["Receiver"], "Desk 8");
+  setSessions({session(22, 8, 5, "share_mode", 3700), session(23, 4, 6, "share_mode", 3700)});
+  visitor_.advance(1s);
+  EXPECT_THAT(visitor_.sessions(), SizeIs(2));
+  EXPECT_THAT(visitor_.selected(kList), SizeIs(1));
+  EXPECT_EQ(visitor_.details()["Receiver"], "Desk 8");
+}
+
+TEST_F(Sessions, haveTheDangerLookOnTheButtonThatDisconnectsThem)
+{
+  watch();
+  visitor_.choose(1);
+  visitor_.press("Disconnect");
+  const auto dangers =
+      visitor_.page().findAll([](const Visitor::Node &n) { return n.hasClass("nevo-danger"); });
+  ASSERT_THAT(dangers, SizeIs(1));
+  EXPECT_EQ(dangers.front()->text, "Disconnect");
+}
+
+TEST_F(Sessions, takeTheHeightsOfTheirPanels)
+{
+  watch();
+  EXPECT_EQ(visitor_.panel(kList)->get("*height"), "260px");
+  EXPECT_EQ(visitor_.panel(kList)->get("*min-height"), "115px");
+}
+
+// ---- Typing in the list
+
+TEST_F(Sessions, areFilteredByWhatIsTypedInTheList)
+{
+  watch();
+  visitor_.typeInto(kList, "BERT 8");
+  EXPECT_THAT(visitor_.sessions(), ElementsAre(Row({"bert", "Desk 8", "Gamma", "Shared", "1:01:40"})));
+  EXPECT_EQ(visitor_.filterMark(kList), "BERT 8 \xE2\x80\x94 1 of 3");
+  visitor_.keyInto(kList, 8);
+  EXPECT_THAT(visitor_.sessions(), SizeIs(2));
+  visitor_.keyInto(kList, 27);
+  EXPECT_THAT(visitor_.sessions(), SizeIs(3));
+  EXPECT_EQ(visitor_.filterMark(kList), "");
+}
+
+TEST_F(Sessions, thatTheFilterHidesLeaveTheSelectionAndNoCommandTouchesThem)
+{
+  wantWarning(false);
+  watch();
+  visitor_.choose(0);
+  visitor_.chooseToo(1);
+  visitor_.typeInto(kList, "bert");
+  EXPECT_THAT(visitor_.selected(kList), SizeIs(1));
+  EXPECT_EQ(visitor_.details()["Username"], "bert");
+  visitor_.press("Disconnect");
+  EXPECT_TRUE(asked("DELETE", "\"index\":21"));
+  EXPECT_FALSE(asked("DELETE", "\"index\":23"));
+}
+
+TEST_F(Sessions, offerNothingOnceTheFilterHidesTheOnlySelectedOne)
+{
+  watch();
+  visitor_.choose(0);
+  EXPECT_TRUE(visitor_.canPress("Disconnect"));
+  visitor_.typeInto(kList, "bert");
+  EXPECT_FALSE(visitor_.canPress("Disconnect"));
+  EXPECT_THAT(visitor_.details(), IsEmpty());
+}
+
+TEST_F(Sessions, areFilteredAnewByEachRefresh)
+{
+  watch();
+  visitor_.typeInto(kList, "shared");
+  EXPECT_THAT(visitor_.sessions(), SizeIs(2));
+  setSessions({session(21, 3, 5, "share_mode", 65), session(22, 8, 5, "private_mode", 3700),
+               session(24, 4, 6, "share_mode", 3700)});
+  visitor_.waitForRefresh();
+  ASSERT_THAT(visitor_.sessions(), SizeIs(2));
+  EXPECT_EQ(visitor_.sessions()[1][1], "Desk 3");
+  EXPECT_EQ(visitor_.filterMark(kList), "shared \xE2\x80\x94 2 of 3");
+}
+
+TEST_F(Sessions, areTakenByControlAAsFarAsTheyShow)
+{
+  watch();
+  visitor_.typeInto(kList, "bert");
+  visitor_.event(visitor_.list(kList), "table:key", R"({"a":[65,2]})");
+  EXPECT_THAT(visitor_.selected(kList), SizeIs(2));
+  visitor_.keyInto(kList, 27);
+  EXPECT_THAT(visitor_.selected(kList), SizeIs(2));
+}
+
+TEST_F(Sessions, sayThatTheFilterLeavesNone)
+{
+  watch();
+  visitor_.typeInto(kList, "nobody");
+  EXPECT_THAT(visitor_.sessions(), IsEmpty());
+  EXPECT_EQ(visitor_.list(kList)->get("data-empty"), "Nothing in the list matches what you have typed.");
 }
 
 TEST_F(Sessions, stayAfterCancelWhichStillTurnsTheWarningOffForThatUser)
