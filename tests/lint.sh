@@ -88,5 +88,15 @@ sources "${cpp[@]}" | xargs -r -d '\n' -P2 -n40 clang-format --dry-run --ferror-
     grep -oE '^[^ :]+\.(cpp|h):[0-9]+' | cut -d: -f1 | sort -u |
     rule "the sources are formatted (clang-format -i)"
 
+# ---- Names ---------------------------------------------------------------------------------------------------
+
+# The names that headers declare, by one source for each library that includes them all. It needs a configured build.
+if [[ -f build/dev/compile_commands.json ]]; then
+  find build/dev -name '*_headers.cpp' -not -path '*/CMakeFiles/*' |
+    xargs -r -d '\n' -P2 -n1 clang-tidy -p build/dev --quiet --checks='-*,readability-identifier-naming' \
+      --extra-arg=-Wno-unknown-warning-option 2>/dev/null |
+    sed -n "s|^$PWD/||; /\(error\|warning\):/p" | sort -u | rule "names follow .clang-tidy"
+fi
+
 printf '%d passed, %d failed\n' "$passed" "$failed"
 ((failed == 0))

@@ -226,3 +226,20 @@ test('the modules run as they are written, too', onPage(async page => {
     await page.route(/[/](?<name>[a-z]+[.]js)$/, route => route.fulfill(serve(new URL(route.request().url()).pathname.slice(1))));
   },
 }));
+
+test('a page that nobody sees says so, and says when it is seen again', onPage(async page => {
+  await shown(page);
+  const frames = [];
+  const session = await page.context().newCDPSession(page);
+  await session.send('Network.enable');
+  session.on('Network.webSocketFrameSent', ({ response }) => frames.push(response.payloadData));
+  const turn = hidden => page.evaluate(away => {
+    Object.defineProperty(document, 'hidden', { value: away, configurable: true });
+    document.dispatchEvent(new Event('visibilitychange'));
+  }, hidden);
+  await turn(true);
+  await eventually(() => frames.join(''), text => text.includes('{"vis":0}'));
+  await turn(false);
+  await eventually(() => frames.join(''), text => text.includes('{"vis":1}'));
+  await pressed(page);
+}));

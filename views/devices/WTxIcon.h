@@ -18,7 +18,7 @@ class WTxIcon : public Wt::WStackedWidget, public WWidgetZel
 public:
   WTxIcon(const char *resource, const char *param, bool indexed, Wt::WContainerWidget *parent = 0);
 
-  bool hasFocus() const { return false; }
+  bool hasFocus() const override { return false; }
   void showSelectedIcon();
   /// Where transmitters differ, and where there are none.
   void showUnknown();

@@ -24,7 +24,7 @@ public:
   bool isValid() const { return true; }
   void setEnabled(bool enabled);
   void setWidth(const Wt::WLength &width);
-  bool hasFocus() const;
+  bool hasFocus() const override;
 
   /// Does nothing, and fails.
   bool readFromDatabase(std::vector<unsigned int> &indexes, std::vector<std::string> &errors,

@@ -28,6 +28,7 @@ let seen = 0;           // number of the last update
 let seenTold = 0;
 let heardAt = 0;        // when the server said something last
 let dueSince = 0;       // since when an answer is due; 0 if none is
+let isSeen = true;   // whether the session believes that somebody sees the page; each connection begins so
 let absence = 0;        // timer, until the page says that it has no connection
 
 export function flush() {
@@ -58,16 +59,28 @@ function acknowledged(number) {
   if (!outbox.length) busy(false);
 }
 
+/// A page that nobody sees, in a tab in the background, needs no news.
+function tellVisibility() {
+  if (!ready || isSeen === !document.hidden) return;
+  isSeen = !document.hidden;
+  socket.send(JSON.stringify({ vis: isSeen ? 1 : 0 }));
+}
+
+function beReady() {
+  ready = true;
+  isSeen = true;
+  tellVisibility();
+  for (const [, waiting] of outbox) send(waiting);
+}
+
 const receivers = {
   token(message) {
     token = message.token;
-    ready = true;
-    for (const [, waiting] of outbox) send(waiting);
+    beReady();
   },
   resumed(message) {
     acknowledged(message.resumed);
-    ready = true;
-    for (const [, waiting] of outbox) send(waiting);
+    beReady();
     clearTimeout(absence);
     absence = 0;
     overlay(false);
@@ -175,6 +188,7 @@ addEventListener('pagehide', () => {
 addEventListener('pageshow', e => { if (e.persisted) location.reload(); });
 for (const [target, type] of [[window, 'online'], [document, 'visibilitychange']]) {
   target.addEventListener(type, () => {
+    tellVisibility();
     if (document.hidden || leaving || ended) return;
     if (!socket) connect();
     else if (ready && Date.now() - heardAt > quietAfter) enqueue({}, []);

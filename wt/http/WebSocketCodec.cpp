@@ -107,14 +107,14 @@ int WebSocketCodec::checkFirstTwo()
   const unsigned char opcode = head_[0] & 0x0f;
   const unsigned char shortLength = head_[1] & 0x7f;
   if ((head_[0] & 0x70) != 0 || (head_[1] & kMasked) == 0)
-    return CloseCode::protocolError;
+    return CloseCode::kProtocolError;
   if (opcode == Binary)
-    return CloseCode::unsupported;
+    return CloseCode::kUnsupported;
   if (isControl()) {
     if (opcode > Pong || (head_[0] & kFinalFrame) == 0 || shortLength > kLongestControl)
-      return CloseCode::protocolError;
+      return CloseCode::kProtocolError;
   } else if (opcode > Text || (opcode == Continuation) != inMessage_) {
-    return CloseCode::protocolError;
+    return CloseCode::kProtocolError;
   }
   headWanted_ = static_cast<std::uint8_t>(2 + 4 + (shortLength == 126 ? 2 : shortLength == 127 ? 8 : 0));
   return 0;
@@ -127,10 +127,10 @@ int WebSocketCodec::checkLength()
   for (std::size_t i = 0; i < lengthBytes; ++i)
     left_ = (left_ << 8) | head_[2 + i];
   if ((lengthBytes == 2 && left_ <= kLongestControl) || (lengthBytes == 8 && left_ <= 0xffff))
-    return CloseCode::protocolError;
+    return CloseCode::kProtocolError;
   position_ = 0;
   if (!isControl() && left_ > limit_ - std::min(limit_, message_.size()))
-    return CloseCode::tooBig;
+    return CloseCode::kTooBig;
   return 0;
 }
 
@@ -159,7 +159,7 @@ int WebSocketCodec::finishFrame(Handler &handler)
   std::string message = std::move(message_);
   message_ = std::string();
   if (!Engine::isValidUtf8(message))
-    return CloseCode::badText;
+    return CloseCode::kBadText;
   handler.textMessage(std::move(message));
   return 0;
 }
@@ -174,11 +174,11 @@ int WebSocketCodec::finishControl(Handler &handler)
   } else if (opcode == Pong) {
     handler.pong();
   } else {
-    int code = CloseCode::none;
+    int code = CloseCode::kNone;
     if (payload.size() >= 2)
       code = static_cast<unsigned char>(payload[0]) * 256 + static_cast<unsigned char>(payload[1]);
     if (payload.size() == 1 || (payload.size() >= 2 && !isCloseCode(code)))
-      return CloseCode::protocolError;
+      return CloseCode::kProtocolError;
     closed_ = true;
     handler.close(code);
   }
@@ -203,7 +203,7 @@ std::string WebSocketCodec::pongFrame(std::string_view payload)
 std::string WebSocketCodec::closeFrame(int code, std::string_view reason)
 {
   std::string payload;
-  if (code != CloseCode::none) {
+  if (code != CloseCode::kNone) {
     payload += static_cast<char>(code >> 8);
     payload += static_cast<char>(code & 0xff);
     payload += shortened(reason, kLongestControl - 2);

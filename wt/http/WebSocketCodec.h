@@ -15,16 +15,16 @@ namespace Net
 /// Close codes of the WebSocket protocol that the server uses or understands.
 namespace CloseCode
 {
-constexpr int normal = 1000;
-constexpr int goingAway = 1001;
-constexpr int protocolError = 1002;
-constexpr int unsupported = 1003;
-constexpr int none = 1005;
-constexpr int badText = 1007;
-constexpr int policy = 1008;
-constexpr int tooBig = 1009;
-constexpr int tryLater = 1013;
-constexpr int goodbye = 4000; ///< the page closes for good
+constexpr int kNormal = 1000;
+constexpr int kGoingAway = 1001;
+constexpr int kProtocolError = 1002;
+constexpr int kUnsupported = 1003;
+constexpr int kNone = 1005;
+constexpr int kBadText = 1007;
+constexpr int kPolicy = 1008;
+constexpr int kTooBig = 1009;
+constexpr int kTryLater = 1013;
+constexpr int kGoodbye = 4000; ///< the page closes for good
 } // namespace CloseCode
 
 /// The server's side of WebSocket framing, without compression: bytes in, whole messages out, and back.
@@ -44,7 +44,7 @@ public:
     virtual void textMessage(std::string message) = 0;
     virtual void ping(std::string_view payload) = 0;
     virtual void pong() = 0;
-    /// The last call. `code` is CloseCode::none where the peer gave none.
+    /// The last call. `code` is CloseCode::kNone where the peer gave none.
     virtual void close(int code) = 0;
   };
 

@@ -76,14 +76,14 @@ void WebSocketLink::flush()
   if (!frames.empty())
     channel_->send(std::move(frames));
   if (closeWanted)
-    sayClose(CloseCode::normal, reason);
+    sayClose(CloseCode::kNormal, reason);
 }
 
 void WebSocketLink::open(std::shared_ptr<Engine::TransportListener> listener)
 {
   listener_ = std::move(listener);
   if (!listener_)
-    sayClose(CloseCode::tryLater, "busy");
+    sayClose(CloseCode::kTryLater, "busy");
 }
 
 void WebSocketLink::received(std::string_view bytes)
@@ -111,7 +111,7 @@ void WebSocketLink::countUnfinished()
     messageDeadline_ = loop_.now() + service_.limits.body +
                        std::chrono::seconds(WebSocketCodec::maximumMessage / service_.limits.bodyRate);
   if (size > fairShare && service_.unfinished > service_.limits.unfinished)
-    breakOff(CloseCode::tooBig, "began a long message while there were too many");
+    breakOff(CloseCode::kTooBig, "began a long message while there were too many");
 }
 
 void WebSocketLink::breakOff(int code, const char *reason)
@@ -153,7 +153,7 @@ void WebSocketLink::gone()
 
 void WebSocketLink::shutDown()
 {
-  sayClose(CloseCode::goingAway, "stopping");
+  sayClose(CloseCode::kGoingAway, "stopping");
 }
 
 void WebSocketLink::expired()
@@ -192,10 +192,10 @@ void WebSocketLink::pong() {}
 void WebSocketLink::close(int code)
 {
   if (channel_) {
-    sayClose(code == CloseCode::none || code == CloseCode::goodbye ? CloseCode::normal : code, "");
+    sayClose(code == CloseCode::kNone || code == CloseCode::kGoodbye ? CloseCode::kNormal : code, "");
     channel_->closeAfterSending();
   }
-  tellClosed(code == CloseCode::goodbye);
+  tellClosed(code == CloseCode::kGoodbye);
 }
 
 } // namespace Net

@@ -301,7 +301,7 @@ class SettingsChange : public SettingsTables, public testing::WithParamInterface
 {
 };
 INSTANTIATE_TEST_SUITE_P(Table, SettingsChange, testing::ValuesIn(kChanges),
-                         [](const auto &info) { return std::string(info.param.test); });
+                         [](const auto &change) { return std::string(change.param.test); });
 
 } // namespace
 
@@ -322,8 +322,9 @@ TEST_P(SettingsChange, isWrittenAndShownAgain)
   const std::string again = value(change.label);
   show(change.table, change.records);
   EXPECT_EQ(value(change.label), again);
-  if (!change.isChoice)
+  if (!change.isChoice) {
     EXPECT_EQ(again, change.entered);
+  }
 }
 
 // ---- receivers and transmitters

@@ -74,7 +74,7 @@ std::size_t count(const std::string &text, const std::string &part)
 }
 
 /// Hears when its elements go.
-struct Listener : Dom::Owner {
+struct Listener final : Dom::Owner {
   void domEvent(Element &, const Engine::RawEvent &) override {}
   void domValue(Element &, const std::string &) override {}
   void domGone(Element &gone) noexcept override { goneIds.push_back(gone.id()); }
