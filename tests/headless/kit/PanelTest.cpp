@@ -7,6 +7,7 @@
 
 #include <Wt/WLink>
 #include <Wt/WText>
+#include <Wt/WVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace
@@ -15,14 +16,21 @@ namespace
 const char kOpenMark[] = "resources/themes/halden/context-panel-button-expanded-idle.png";
 const char kFoldedMark[] = "resources/themes/halden/context-panel-button-collapsed-idle.png";
 
+// Puts the widget where a view would have it: a layout gives it its size.
+void layOut(Wt::WContainerWidget &root, Wt::WWidget *widget)
+{
+  (new Wt::WVBoxLayout(new Wt::WContainerWidget(&root)))->addWidget(widget);
+}
+
 // A panel that folds, with the text "Content" in it.
 class FoldingPanel : public testing::Test
 {
 protected:
   explicit FoldingPanel(WCollapsingContextPanel::HeightType type = WCollapsingContextPanel::HeightFixed)
       : page_([this, type](Wt::WContainerWidget &root) {
-          panel_ = new WCollapsingContextPanel("Details", type, 260, &root);
+          panel_ = new WCollapsingContextPanel("Details", type, 260, 0);
           panel_->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
+          layOut(root, panel_);
         }),
         visitor_(page_.visitor)
   {
@@ -55,7 +63,8 @@ class Accordion : public testing::Test
 protected:
   Accordion()
       : page_([this](Wt::WContainerWidget &root) {
-          bar_ = new WNavAccordion(&root);
+          bar_ = new WNavAccordion(0);
+          layOut(root, bar_);
           connect_ = new WNavAccordionStdCell("Connect", "Starts a session.");
           save_ = new WNavAccordionStdCell("Download", "Saves it.");
           bar_->sectionAdd("Sessions", connect_);
@@ -254,8 +263,9 @@ TEST_F(AdaptivePanel, livesWithHostileSizes)
 TEST(ContextPanel, showsItsTitleAboveItsContentAndTakesTheHeightOfItsLayout)
 {
   KitPage page([](Wt::WContainerWidget &root) {
-    WContextPanel *panel = new WContextPanel("List", &root);
+    WContextPanel *panel = new WContextPanel("List", 0);
     panel->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
+    layOut(root, panel);
   });
   Visitor::Node *panel = page.visitor.panel("List");
   ASSERT_TRUE(panel);
