@@ -91,10 +91,11 @@ void WEventView::readAnew()
 void WEventView::readFromDatabase(bool)
 {
   const bool unAckedSelected = refreshList(*unAckedEventList);
-  if (!unAckedSelected)
+  // The selected event may tell something else now; of one that has just gone, the details stay.
+  if (!unAckedSelected || unAckedEventList->numSelected() > 0)
     unAckedEventListSelectionChangedHandler();
-  // Details of an event that has just gone from the other list stay until the next time.
-  if (!refreshList(*histEventList) && !unAckedSelected)
+  const bool histSelected = refreshList(*histEventList);
+  if (histEventList->numSelected() > 0 || (!histSelected && !unAckedSelected))
     histEventListSelectionChangedHandler();
   if (unAckedEventList->rowCount() > 0)
     ackAllCell->enableActionButton();

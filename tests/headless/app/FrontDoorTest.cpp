@@ -74,7 +74,7 @@ TEST_F(Banner, standsBeforeTheLogin)
 {
   showBanner("Authorised use only");
   visitor_.open();
-  EXPECT_EQ(visitor_.dialogText(), "Authorised use only Proceed to log in");
+  EXPECT_EQ(visitor_.dialogText(), "Corvane KVM Authorised use only Proceed to log in");
   EXPECT_FALSE(visitor_.atLogin());
   EXPECT_EQ(visitor_.page().find(visitor_.page().focus), visitor_.button("Proceed to log in"));
   ASSERT_TRUE(visitor_.click(visitor_.button("Proceed to log in")));

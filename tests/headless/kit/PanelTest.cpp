@@ -16,10 +16,12 @@ namespace
 const char kOpenMark[] = "resources/themes/halden/context-panel-button-expanded-idle.png";
 const char kFoldedMark[] = "resources/themes/halden/context-panel-button-collapsed-idle.png";
 
-// Puts the widget where a view would have it: a layout gives it its size.
+// Sizes are told of what stands in a layout.
 void layOut(Wt::WContainerWidget &root, Wt::WWidget *widget)
 {
-  (new Wt::WVBoxLayout(new Wt::WContainerWidget(&root)))->addWidget(widget);
+  Wt::WVBoxLayout *layout = new Wt::WVBoxLayout();
+  layout->addWidget(widget);
+  root.setLayout(layout);
 }
 
 // A panel that folds, with the text "Content" in it.
@@ -28,9 +30,9 @@ class FoldingPanel : public testing::Test
 protected:
   explicit FoldingPanel(WCollapsingContextPanel::HeightType type = WCollapsingContextPanel::HeightFixed)
       : page_([this, type](Wt::WContainerWidget &root) {
-          panel_ = new WCollapsingContextPanel("Details", type, 260, 0);
-          panel_->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
+          panel_ = new WCollapsingContextPanel("Details", type, 260);
           layOut(root, panel_);
+          panel_->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
         }),
         visitor_(page_.visitor)
   {
@@ -63,7 +65,7 @@ class Accordion : public testing::Test
 protected:
   Accordion()
       : page_([this](Wt::WContainerWidget &root) {
-          bar_ = new WNavAccordion(0);
+          bar_ = new WNavAccordion();
           layOut(root, bar_);
           connect_ = new WNavAccordionStdCell("Connect", "Starts a session.");
           save_ = new WNavAccordionStdCell("Download", "Saves it.");
@@ -173,7 +175,8 @@ TEST_F(FoldingPanel, cannotFoldBeforeItHasContent)
 {
   KitPage empty([](Wt::WContainerWidget &root) {
     WCollapsingContextPanel *panel =
-        new WCollapsingContextPanel("Empty", WCollapsingContextPanel::HeightAdaptive, 100, &root);
+        new WCollapsingContextPanel("Empty", WCollapsingContextPanel::HeightAdaptive, 100);
+    layOut(root, panel);
     panel->hideContent();
     panel->showContent();
   });
@@ -263,9 +266,9 @@ TEST_F(AdaptivePanel, livesWithHostileSizes)
 TEST(ContextPanel, showsItsTitleAboveItsContentAndTakesTheHeightOfItsLayout)
 {
   KitPage page([](Wt::WContainerWidget &root) {
-    WContextPanel *panel = new WContextPanel("List", 0);
-    panel->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
+    WContextPanel *panel = new WContextPanel("List");
     layOut(root, panel);
+    panel->setContent(new Wt::WText("Content"), 1, Wt::AlignJustify);
   });
   Visitor::Node *panel = page.visitor.panel("List");
   ASSERT_TRUE(panel);
