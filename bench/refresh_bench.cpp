@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // What one refresh of the long lists costs: the calls to the store that the Sessions and the Events tab make,
-// on a switch of 1,000 devices with 500 sessions and 2,000 events in the history. Prints one JSON object:
+// on a switch of 1,000 devices with 500 sessions and 2,000 events in the history; and those of a list of all
+// devices on a switch of 5,000. Prints one JSON object:
 // milliseconds of the calling thread's own time and, in "_wall", of waiting with it; medians.
-#include "Db.h"
+#include "AlertRecord.h"
 #include "Main.h"
 #include "NevoSite.h"
+#include "SessionRecord.h"
+#include "StoreSnapshot.h"
 #include "TestSession.h"
 #include "TestStore.h"
-#include "ZelReq.h"
-#include "ZelRsp.h"
-#include "ZelValue.h"
 
 #include <algorithm>
 #include <chrono>
@@ -25,7 +25,7 @@ namespace
 
 constexpr unsigned kDevices = 500; // of each kind
 constexpr int kRefreshes = 60;
-constexpr const char *kAlertSelect = "\"date\",\"originatorEid\",\"severity\",\"alertMsg\"";
+constexpr unsigned kManyDevices = 2500; // of each kind, for the list of devices
 
 double threadMs()
 {
@@ -52,55 +52,64 @@ double median(std::vector<double> &samples)
   return samples[samples.size() / 2];
 }
 
-// Reads everything that a row of the Sessions list shows; the sum of the texts' lengths keeps it honest.
+// Reads everything that the Sessions list shows; the sum of the texts' lengths keeps it honest.
 std::size_t readSessions()
 {
-  ZelClient_s *client = nullptr;
-  if (Db_db.getZelClient(client))
-    fail("no client");
-  const ZelResponse response(ZelReq_connectionRetrieve(client, nullptr));
-  const int rows = ZelRspUtil_numEntries(response.get());
-  if (rows != static_cast<int>(kDevices))
+  const auto sessions = SessionRecord::readConnections();
+  if (!sessions || sessions->size() != kDevices)
     fail("not all sessions are there");
   std::size_t size = 0;
-  for (int i = 0; i < rows; ++i) {
-    const json_t *row = ZelObj_getRow(response.get(), static_cast<unsigned>(i));
-    Db::Errors errors;
-    std::string user, rx, tx;
-    Db_db.getLoggedInUsernameFromRxIndex(ZelRsp_connectionGetRxIndex(row), user, errors);
-    Db_db.getRxNameOrEidFromRxIndex(ZelRsp_connectionGetRxIndex(row), rx, errors);
-    Db_db.getTxNameOrEidFromTxIndex(ZelRsp_connectionGetTxIndex(row), tx, errors);
-    size += user.size() + rx.size() + tx.size() + ZelRsp_connectionGetSessionStartTime(row);
-    if (user.empty() || rx.empty() || tx.empty() || !errors.empty())
+  for (const SessionRecord &session : *sessions) {
+    size += session.user.size() + session.receiver.size() + session.transmitter.size() + session.startTime;
+    if (session.user.empty() || session.receiver.empty() || session.transmitter.empty())
       fail("a session lacks a name");
   }
   return size;
 }
 
-std::size_t readAlerts(json_t *answer, int fewest)
+std::size_t sizeOf(const std::optional<std::vector<AlertRecord>> &alerts, std::size_t fewest)
 {
-  const ZelResponse response(answer);
-  const int rows = ZelRspUtil_numEntries(response.get());
-  if (rows < fewest)
+  if (!alerts || alerts->size() < fewest)
     fail("not all events are there");
   std::size_t size = 0;
-  for (int i = 0; i < rows; ++i) {
-    const auto row = static_cast<unsigned>(i);
-    size += static_cast<std::size_t>(ZelRspUtil_getIndexedIntegerParam(response.get(), row, "instanceId"));
-    size += static_cast<std::size_t>(ZelRspUtil_getIndexedIntegerParam(response.get(), row, "date"));
-    for (const char *name : {"severity", "originatorEid", "alertMsg"})
-      size += std::string(ZelRspUtil_getIndexedStringParam(response.get(), row, name)).size();
-  }
+  for (const AlertRecord &alert : *alerts)
+    size += alert.instanceId + static_cast<std::size_t>(alert.date) + alert.severity.size() +
+            alert.originatorEid.value_or("").size() + alert.message.size();
   return size;
 }
 
 std::size_t readEvents()
 {
-  ZelClient_s *client = nullptr;
-  if (Db_db.getZelClient(client))
-    fail("no client");
-  return readAlerts(ZelReq_unacknowledgedAlertsRetrieve(client, kAlertSelect), 100) +
-         readAlerts(ZelReq_historicalAlertsRetrieve(client, kAlertSelect), 2000);
+  return sizeOf(AlertRecord::readUnacknowledged(), 100) + sizeOf(AlertRecord::readHistory(), 2000);
+}
+
+// Reads everything that a list of all devices shows.
+std::size_t readDevices()
+{
+  StoreSnapshot snapshot;
+  std::size_t size = 0;
+  for (const Info_DeviceType type : {Info_DeviceType_Tx, Info_DeviceType_Rx, Info_DeviceType_Swx}) {
+    const auto devices = DeviceRecord::readAll(type);
+    if (!devices || (type != Info_DeviceType_Swx && devices->size() != kManyDevices))
+      fail("not all devices are there");
+    for (const DeviceRecord &device : *devices)
+      size += device.eid.size() + device.name.size() + device.detailedType.size() +
+              device.firmwareVersion.size() + snapshot.overallStatus(device).size();
+  }
+  return size;
+}
+
+// Finds the switch that each device hangs at, as the lists to choose devices from show it.
+std::size_t readSwitchesOfDevices()
+{
+  StoreSnapshot snapshot;
+  std::size_t size = 0;
+  for (const Info_DeviceType type : {Info_DeviceType_Tx, Info_DeviceType_Rx})
+    for (const DeviceName &device : DeviceName::readAll(type).value_or(std::vector<DeviceName>()))
+      size += snapshot.switchOf(device.eid).size();
+  if (size == 0)
+    fail("no device hangs at a switch");
+  return size;
 }
 
 // Times `refresh` after each `change`; returns the medians.
@@ -124,7 +133,7 @@ Times timesOf(const std::function<void(int)> &change, const std::function<void()
   return {median(cpu), median(wall)};
 }
 
-// The store as the changes between refreshes write to it.
+// A switch, as the changes between refreshes write to it.
 class Switch
 {
 public:
@@ -134,7 +143,7 @@ public:
     Change change;
   };
 
-  Switch() : store_(options())
+  Switch(unsigned devices, std::vector<std::string> more) : store_(options(devices, std::move(more)))
   {
     // Nobody touches the page for longer than an administrator may be away.
     store_.set("systemGlobals", 0, "nevoInactivityTimeout", "0");
@@ -142,24 +151,31 @@ public:
 
   std::vector<NamedChange> sessionChanges()
   {
-    return {{"unchanged", [](int) {}},
-            {"one_renamed", [this](int i) { set("rx", "name", "Desk " + std::to_string(i)); }},
-            {"every_resource_changed", [this](int i) { changeAll("Changed " + std::to_string(i)); }}};
+    return {unchanged(), renamed(), {"every_resource_changed", [this](int i) {
+                                       changeAll("Changed " + std::to_string(i));
+                                     }}};
   }
   std::vector<NamedChange> eventChanges()
   {
-    return {{"unchanged", [](int) {}}, {"one_raised", [this](int) {
-                                          store_.control({"alert", "FanFault"});
-                                        }}};
+    return {unchanged(), {"one_raised", [this](int) { store_.control({"alert", "FanFault"}); }}};
   }
+  std::vector<NamedChange> deviceChanges() { return {unchanged(), renamed()}; }
 
 private:
-  static TestStore::Options options()
+  static TestStore::Options options(unsigned devices, std::vector<std::string> more)
   {
     TestStore::Options options;
-    options.fleet = kDevices;
-    options.more = {"--sessions", std::to_string(kDevices), "--alerts", "2000"};
+    options.fleet = devices;
+    options.more = std::move(more);
     return options;
+  }
+  static NamedChange unchanged()
+  {
+    return {"unchanged", [](int) {}};
+  }
+  NamedChange renamed()
+  {
+    return {"one_renamed", [this](int i) { set("rx", "name", "Desk " + std::to_string(i)); }};
   }
   void set(const char *resource, const char *parameter, const std::string &value)
   {
@@ -226,12 +242,21 @@ void measureTabs(Switch &device)
   measureTab(site, page, "Events", "2001", "events", device.eventChanges());
 }
 
+void measureManyDevices()
+{
+  Switch device(kManyDevices, {});
+  TestSession session;
+  measureCalls("devices_5000", device.deviceChanges(), readDevices);
+  measureCalls("switches_of_devices_5000", device.deviceChanges(), readSwitchesOfDevices);
+}
+
 } // namespace
 
 int main()
 {
-  Switch device;
   std::printf("{\n");
+  measureManyDevices();
+  Switch device(kDevices, {"--sessions", std::to_string(kDevices), "--alerts", "2000"});
   {
     TestSession session;
     measureCalls("sessions", device.sessionChanges(), readSessions);
