@@ -47,6 +47,34 @@ unsigned int findDevice(const char *resource, unsigned int index, unsigned int &
   return 0;
 }
 
+unsigned int switchName(unsigned int swxIndex, std::string &name, Db::Errors &errors)
+{
+  return Db_db.readString("swx", swxIndex, "name", name, errors);
+}
+
+unsigned int switchNameOrEid(unsigned int swxIndex, std::string &name, Db::Errors &errors)
+{
+  return Db_db.getSwxNameOrEidFromSwxIndex(swxIndex, name, errors);
+}
+
+// The name of the switch that a device hangs at, as `nameOf` has it.
+unsigned int nameOfSwitchOf(const char *resource, unsigned int index,
+                            unsigned int (*nameOf)(unsigned int, std::string &, Db::Errors &),
+                            std::string &name, Db::Errors &errors)
+{
+  unsigned int swxIndex = 0;
+  unsigned int portIndex = 0;
+  if (findDevice(resource, index, swxIndex, portIndex, errors))
+    return 1;
+  // A device on no port hangs at no switch. The store would take the index 0 for all switches and tell the
+  // first.
+  if (swxIndex == 0) {
+    name.clear();
+    return 0;
+  }
+  return nameOf(swxIndex, name, errors);
+}
+
 } // namespace
 
 unsigned int Db::getSwxIndexAndPortIndexFromTxIndex(unsigned int txIndex, unsigned int &swxIndex,
@@ -63,38 +91,22 @@ unsigned int Db::getSwxIndexAndPortIndexFromRxIndex(unsigned int rxIndex, unsign
 
 unsigned int Db::getSwxNameOrEidFromTxIndex(unsigned int txIndex, std::string &name, Errors &errors)
 {
-  unsigned int swxIndex = 0;
-  unsigned int portIndex = 0;
-  if (getSwxIndexAndPortIndexFromTxIndex(txIndex, swxIndex, portIndex, errors))
-    return 1;
-  return getSwxNameOrEidFromSwxIndex(swxIndex, name, errors);
+  return nameOfSwitchOf("tx", txIndex, switchNameOrEid, name, errors);
 }
 
 unsigned int Db::getSwxNameOrEidFromRxIndex(unsigned int rxIndex, std::string &name, Errors &errors)
 {
-  unsigned int swxIndex = 0;
-  unsigned int portIndex = 0;
-  if (getSwxIndexAndPortIndexFromRxIndex(rxIndex, swxIndex, portIndex, errors))
-    return 1;
-  return getSwxNameOrEidFromSwxIndex(swxIndex, name, errors);
+  return nameOfSwitchOf("rx", rxIndex, switchNameOrEid, name, errors);
 }
 
 unsigned int Db::getSwxNameFromTxIndex(unsigned int txIndex, std::string &name, Errors &errors)
 {
-  unsigned int swxIndex = 0;
-  unsigned int portIndex = 0;
-  if (getSwxIndexAndPortIndexFromTxIndex(txIndex, swxIndex, portIndex, errors))
-    return 1;
-  return readString("swx", swxIndex, "name", name, errors);
+  return nameOfSwitchOf("tx", txIndex, switchName, name, errors);
 }
 
 unsigned int Db::getSwxNameFromRxIndex(unsigned int rxIndex, std::string &name, Errors &errors)
 {
-  unsigned int swxIndex = 0;
-  unsigned int portIndex = 0;
-  if (getSwxIndexAndPortIndexFromRxIndex(rxIndex, swxIndex, portIndex, errors))
-    return 1;
-  return readString("swx", swxIndex, "name", name, errors);
+  return nameOfSwitchOf("rx", rxIndex, switchName, name, errors);
 }
 
 bool Db::slaveSwxIsInSet(const Indexes &swxIndexes, Errors &errors)

@@ -78,6 +78,22 @@ TEST_F(DbTopology, namesTheSwitchOfADevice)
   EXPECT_EQ(Db_db.getSwxNameOrEidFromRxIndex(9, name, errors), 1U);
 }
 
+TEST_F(DbTopology, namesNoSwitchForADeviceOnNoPort)
+{
+  for (const auto ask : {&Db::getSwxNameOrEidFromRxIndex, &Db::getSwxNameFromRxIndex}) {
+    name = "before";
+    EXPECT_EQ((Db_db.*ask)(2, name, errors), 0U);
+    EXPECT_EQ(name, "");
+  }
+  store.setRecords("tx", R"([{"index": 1, "eid": "DDDDDD-111111"}])");
+  for (const auto ask : {&Db::getSwxNameOrEidFromTxIndex, &Db::getSwxNameFromTxIndex}) {
+    name = "before";
+    EXPECT_EQ((Db_db.*ask)(1, name, errors), 0U);
+    EXPECT_EQ(name, "");
+  }
+  EXPECT_THAT(errors, IsEmpty());
+}
+
 TEST_F(DbTopology, countsAMixedSetAsOneWithASlave)
 {
   EXPECT_FALSE(Db_db.slaveSwxIsInSet({1}, errors));
