@@ -82,6 +82,9 @@ look '^#include "' 'app/*' 'views/*' 'widgets/*' 'session/*' 'store/*' 'edid/*' 
   done | rule "a folder includes only what lies below it"
 rm -f "${TMPDIR:-/tmp}/nevo-headers.$$"
 
+look 'zelclient|zelwire|zelsim' {app,views,widgets,session,store,edid,platform,wt}'/CMakeLists.txt' |
+  grep -v 'set(NEVO_STORE_CLIENT zelclient CACHE' | rule "the store client library is named by NEVO_STORE_CLIENT only"
+
 # ---- Format --------------------------------------------------------------------------------------------------
 
 sources "${cpp[@]}" | xargs -r -d '\n' -P2 -n40 clang-format --dry-run --ferror-limit=1 2>&1 |

@@ -240,6 +240,7 @@ TEST(ConvertTimings, giveTheFrameRateRounded)
   // A half rounds up; the largest single below it doesn't.
   EXPECT_EQ(Convert_videoTimingToFrameRate(5, 2000, 0, 0, 0, 1, 0, 0, 0), 3U);
   EXPECT_EQ(Convert_videoTimingToFrameRate(5, 2001, 0, 0, 0, 1, 0, 0, 0), 2U);
+  EXPECT_EQ(Convert_videoTimingToFrameRate(1048576, 12125, 0, 0, 0, 172961, 0, 0, 0), 0U);
 }
 
 TEST(ConvertTimings, passThroughSinglePrecision)
@@ -249,6 +250,11 @@ TEST(ConvertTimings, passThroughSinglePrecision)
   // Above 2^23 nothing is rounded: 16777219 counts as 16777220.
   EXPECT_EQ(Convert_videoTimingToFrameRate(16777219, 1000, 0, 0, 0, 1, 0, 0, 0), 16777220U);
   EXPECT_EQ(Convert_videoTimingToHorFreq(1000000000, 1, 0, 0, 0), 1000000000U);
+  // In double precision alone, the last digit of each of these would be another one.
+  EXPECT_EQ(Convert_videoTimingToHorFreq(24786213, 78, 0, 0, 0), 317771U);
+  EXPECT_EQ(Convert_videoTimingToHorFreq(74121757, 126, 0, 0, 0), 588268U);
+  EXPECT_EQ(Convert_videoTimingToFrameRate(34406046, 19, 0, 0, 0, 526, 0, 0, 0), 3442671U);
+  EXPECT_EQ(Convert_videoTimingToFrameRate(82039305, 22, 0, 0, 0, 786, 0, 0, 0), 4744350U);
 }
 
 TEST(ConvertTimings, areDefinedForATimingWithoutPixels)
