@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The one door to the store server: typed reads and writes of single parameters, the questions that the
-/// views ask about devices, sessions and users, and the commands that they send.
+/// The door to the store server for all but lists: typed reads and writes of single parameters, the questions
+/// that the views ask about a device, a session or a user, and the commands that they send.
 ///
 /// Results: 0 is success and 1 is failure; methods that answer a question return a bool. A failure may
 /// come with translated texts appended to `errors` (which is never cleared here), or with none: there was
@@ -19,7 +19,9 @@
 /// "enabled" and "disabled" in the store.
 ///
 /// All methods use the connection of the session whose code is running; outside any session they fail.
-/// Nothing is cached, and each read or write is one round trip.
+/// Nothing is kept here: each read or write is one request to the client library. Whether that costs a round
+/// trip to the store is the library's affair; the project's own answers from what it holds while nothing is
+/// new. What would ask for each row of a list reads records instead (records/).
 class Db
 {
 public:
@@ -151,7 +153,7 @@ public:
   // --- Topology
 
   /// The switch and the port at which a device hangs. A device that no port shows is no failure, and
-  /// leaves both outputs as they were.
+  /// leaves both outputs as they were. It hangs at no switch, so the name of its switch is empty.
   unsigned int getSwxIndexAndPortIndexFromTxIndex(unsigned int txIndex, unsigned int &swxIndex,
                                                   unsigned int &portIndex, Errors &errors);
   unsigned int getSwxIndexAndPortIndexFromRxIndex(unsigned int rxIndex, unsigned int &swxIndex,

@@ -21,6 +21,21 @@ bool DbExchange_failed(const json_t *response, std::vector<std::string> &errors,
   return true;
 }
 
+unsigned int DbExchange_read(const char *function, const char *resource, std::optional<unsigned int> index,
+                             const char *parameter, ZelResponse &response, std::vector<std::string> &errors)
+{
+  ZelClient_s *client = nullptr;
+  if (Db_db.getZelClient(client))
+    return 1;
+  const ZelRequest request(ZelReqUtil_newGetResource(resource));
+  if (!request)
+    return DbExchange_noRequest(function);
+  if (index)
+    ZelObj_setUInt32Object(request.get(), "query", "index", *index);
+  ZelObj_setSelect(request.get(), parameter);
+  return DbExchange_send(function, client, request, nullptr, response, errors);
+}
+
 unsigned int DbExchange_send(const char *function, ZelClient_s *client, const ZelRequest &request,
                              const char *noResponseMessage, ZelResponse &response,
                              std::vector<std::string> &errors)

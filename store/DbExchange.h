@@ -5,6 +5,7 @@
 #include "ZelClient.h"
 #include "ZelValue.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,12 @@ enum class DbExchange_NoEntries {
 /// Whether a response tells of a failure, whose messages are logged and appended to `errors`.
 [[nodiscard]] bool DbExchange_failed(const json_t *response, std::vector<std::string> &errors,
                                      DbExchange_NoEntries noEntries = DbExchange_NoEntries::AreAnError);
+
+/// Asks for one parameter of one record, or of a resource that has only one record if there is no index.
+/// Returns as DbExchange_send() does.
+[[nodiscard]] unsigned int DbExchange_read(const char *function, const char *resource,
+                                           std::optional<unsigned int> index, const char *parameter,
+                                           ZelResponse &response, std::vector<std::string> &errors);
 
 /// Sends a request. Returns 0 with the response, or 1: no response, which logs `noResponseMessage` unless it
 /// is null; or a response with errors, which are logged and appended to `errors`.

@@ -7,20 +7,12 @@
 namespace
 {
 
-// Asks for one parameter of one record.
+// Asks for one parameter; the index 0 is none.
 unsigned int readParameter(const char *function, const char *resource, unsigned int index,
                            const char *parameter, ZelResponse &response, Db::Errors &errors)
 {
-  ZelClient_s *client = nullptr;
-  if (Db_db.getZelClient(client))
-    return 1;
-  const ZelRequest request(ZelReqUtil_newGetResource(resource));
-  if (!request)
-    return DbExchange_noRequest(function);
-  if (index != 0)
-    ZelObj_setUInt32Object(request.get(), "query", "index", index);
-  ZelObj_setSelect(request.get(), parameter);
-  return DbExchange_send(function, client, request, nullptr, response, errors);
+  const auto wanted = index == 0 ? std::nullopt : std::optional<unsigned int>(index);
+  return DbExchange_read(function, resource, wanted, parameter, response, errors);
 }
 
 } // namespace

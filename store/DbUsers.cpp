@@ -8,18 +8,11 @@
 namespace
 {
 
+// The index 0 goes out as it is: it is nobody, not everybody.
 unsigned int readUser(const char *function, unsigned int userIndex, const char *parameter,
                       ZelResponse &response, Db::Errors &errors)
 {
-  ZelClient_s *client = nullptr;
-  if (Db_db.getZelClient(client))
-    return 1;
-  const ZelRequest request(ZelReqUtil_newGetResource("user"));
-  if (!request)
-    return DbExchange_noRequest(function);
-  ZelObj_setUInt32Object(request.get(), "query", "index", userIndex);
-  ZelObj_setSelect(request.get(), parameter);
-  return DbExchange_send(function, client, request, nullptr, response, errors);
+  return DbExchange_read(function, "user", userIndex, parameter, response, errors);
 }
 
 } // namespace

@@ -42,12 +42,13 @@ std::string messageField(const std::string &message)
   return field;
 }
 
-/// A record without an EID ends the file where the EID would stand: a null text makes the stream fail.
+/// A record without an EID ends the file where the EID would stand.
 void writeLine(std::ostream &out, const AlertRecord &alert)
 {
-  const char *eid = alert.originatorEid ? alert.originatorEid->c_str() : 0;
-  out << '"' << alert.dateText() << "\",\"" << alert.severityText() << "\",\"" << eid << "\",\""
-      << messageField(alert.message) << "\"\n";
+  out << '"' << alert.dateText() << "\",\"" << alert.severityText() << "\",\"";
+  if (!alert.originatorEid)
+    out.setstate(std::ios::failbit);
+  out << alert.originatorEid.value_or("") << "\",\"" << messageField(alert.message) << "\"\n";
 }
 
 std::string historyFile()
