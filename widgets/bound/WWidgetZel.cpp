@@ -155,15 +155,20 @@ void WWidgetZel::showDifference(bool differs)
   if (differs == differing)
     return;
   differing = differs;
+  if (differs)
+    mandatoryOtherwise = form->validator() && form->validator()->isMandatory();
+  if (mandatoryOtherwise && form->validator()) {
+    form->validator()->setMandatory(!differs);
+    // The text was judged when it was set.
+    if (differs)
+      form->validate();
+  }
   if (differs) {
     ownToolTip = form->toolTip();
-    mandatoryOtherwise = form->validator() && form->validator()->isMandatory();
     form->addStyleClass("nevo-differs");
     form->setToolTip(text("The selected records differ here."));
   } else {
     form->removeStyleClass("nevo-differs");
     form->setToolTip(ownToolTip);
   }
-  if (mandatoryOtherwise && form->validator())
-    form->validator()->setMandatory(!differs);
 }

@@ -183,6 +183,7 @@ setInterval(() => {
 
 addEventListener('pagehide', () => {
   leaving = true;
+  ready = false;
   socket?.close(4000);
 });
 addEventListener('pageshow', e => { if (e.persisted) location.reload(); });

@@ -79,7 +79,13 @@ protected:
     ASSERT_TRUE(visitor().choose(visitor().field(label), item)) << label;
     leave();
   }
-  std::string value(const std::string &label) { return visitor().field(label)->get(".value"); }
+  /// What the field holds; of a choice the number of the chosen item, which pages are not told while it is the first.
+  std::string value(const std::string &label)
+  {
+    const auto &field = *visitor().field(label);
+    const std::string held = field.get(".value");
+    return held.empty() && field.tag == "select" ? "0" : held;
+  }
   std::string shown(const std::string &label) { return visitor().field(label)->allText(); }
   bool isEnabled(const std::string &label) { return !visitor().field(label)->has("disabled"); }
 

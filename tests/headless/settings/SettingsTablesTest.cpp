@@ -204,7 +204,7 @@ const Change kChanges[] = {
      "network",
      "\"static\""},
     {"swxNtp", make<WDevViewSwxNtpTable>, {1}, "NTP", true, "Enabled", "swx", 1, "ntpEnable", "enabled"},
-    {"monitor", makeMonitors, {1}, "Description", false, "wall", "edid", 1, "description", "wall"},
+    {"monitor", makeMonitors, {2}, "Description", false, "wall", "edid", 2, "description", "wall"},
     {"managerPort",
      make<WSysSettingsViewMgrTable>,
      {},
@@ -488,6 +488,9 @@ TEST_F(SettingsTables, timeServersAreForSwitchesThatUseThem)
   choose("NTP", "Disabled");
   EXPECT_FALSE(isEnabled("Primary NTP Server IP Address"));
   EXPECT_TRUE(allValid());
+  choose("NTP", "Enabled");
+  type("Primary NTP Server IP Address", "10.0.0.1");
+  choose("NTP", "Disabled");
   EXPECT_FALSE(write());
   store_.set("swx", 1, "ntpStatus", "success");
   read();

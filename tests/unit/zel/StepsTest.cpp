@@ -146,13 +146,13 @@ TEST_F(StepsOfALivelySwitch, theReturnOfARemovedDevice)
 
 TEST_F(StepsOfALivelySwitch, aRemovedSwitchTakesItsDevicesAlongAndBack)
 {
-  ASSERT_EQ("3", text("rx", 13, "attachedSwx"));
+  ASSERT_EQ("3", store.get("rx", 16, "attachedSwx"));
   ASSERT_EQ(0, remove("swx", 3));
   ASSERT_FALSE(store.control({"liveliness", "0"}).failed);
-  EXPECT_EQ("offline", text("rx", 13, "status"));
+  EXPECT_EQ("offline", text("rx", 16, "status"));
   killAndPass(40);
   EXPECT_EQ("ready", text("swx", 3, "status"));
-  EXPECT_EQ("ready", text("rx", 13, "status"));
+  EXPECT_EQ("ready", text("rx", 16, "status"));
   EXPECT_NE("", text("swx/network/ipv4", 3, "ipAddress"));
 }
 
