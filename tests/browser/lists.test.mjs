@@ -17,7 +17,7 @@ after(async () => {
   await rig?.end();
 });
 const panel = (at, title) => at.locator('.nevo-context-panel:visible', {
-  has: at.locator('.nevo-context-panel-title, .nevo-context-panel-title-button-collapsing', { hasText: title }),
+  has: at.locator('.nevo-context-panel-title, .nevo-context-panel-title-button-collapsing', { hasText: new RegExp(`^${title}`) }),
 }).first();
 const list = (at, title) => panel(at, title).locator('.Wt-tableview');
 
@@ -28,8 +28,8 @@ beforeEach(async () => {
   await list(page, 'Sessions').waitFor();
 });
 afterEach(async () => {
-  await page.context().close();
   assertNoProblems(page);
+  await page.context().close();
 });
 
 const dialog = () => page.locator('.Wt-dialog', { has: page.locator('.titlebar', { hasText: 'Connect KVM Session' }) });
