@@ -7,6 +7,7 @@
 #include "ZelClient.h"
 #include "ZelValue.h"
 
+#include <Wt/WAnchor>
 #include <Wt/WCheckBox>
 #include <Wt/WComboBox>
 #include <Wt/WIntValidator>
@@ -164,7 +165,9 @@ void WSettingsTable::addHeading(const Wt::WString &text)
 void WSettingsTable::addRow(const Wt::WString &label, Wt::WWidget *widget, const char *cellStyle,
                             const Wt::WString &toolTip, bool isReadOnly)
 {
-  widget->setAttributeValue("aria-label", label);
+  // A link is named by its own text, which a label would hide from who listens.
+  if (!dynamic_cast<Wt::WAnchor *>(widget))
+    widget->setAttributeValue("aria-label", label);
   addCell(addLabel(label), widget, cellStyle, toolTip, isReadOnly);
 }
 

@@ -207,7 +207,7 @@ TEST(Theme, keepsTheFirstPageSmall)
     EXPECT_LE(std::filesystem::file_size(resourcePath(folder + "login-banner.png")), 14u * 1024) << brand;
     EXPECT_LE(std::filesystem::file_size(resourcePath(folder + "wt.css")) +
                   std::filesystem::file_size(resourcePath("themes/common.css")),
-              32u * 1024)
+              30u * 1024)
         << brand;
   }
 }
