@@ -79,7 +79,8 @@ protected:
     ASSERT_TRUE(visitor().choose(visitor().field(label), item)) << label;
     leave();
   }
-  /// What the field holds; of a choice the number of the chosen item, which pages are not told while it is the first.
+  /// What the field holds; of a choice the number of the chosen item, which pages are not told while it is
+  /// the first.
   std::string value(const std::string &label)
   {
     const auto &field = *visitor().field(label);
