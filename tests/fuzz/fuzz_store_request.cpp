@@ -61,7 +61,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (Problem problem = box->reader.answer(request, out))
       problems.push_back(problem);
   } else {
-    problems = box->writer.carryOut(request, 1, out);
+    int delay = 0;
+    problems = box->writer.carryOut(request, 1, out, delay);
     // A refused request has changed nothing.
     if (!problems.empty() && box->store.mark() != before)
       std::abort();
